@@ -1,0 +1,25 @@
+# SPDX-License-Identifier: MIT
+# How every target of the project is compiled, and how tests are declared.
+
+add_library(quillon_options INTERFACE)
+target_compile_options(quillon_options INTERFACE -Wall -Wextra -Wconversion -Wshadow=local -Werror)
+target_include_directories(quillon_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+
+# {fmt} checks its format strings when compiled; its run-time part is the shared library.
+add_library(quillon_fmt INTERFACE)
+target_link_libraries(quillon_fmt INTERFACE fmt::fmt)
+
+# quillon_library(NAME SOURCES a.cpp ... LINK target ...): one static library, its arrows in LINK.
+function(quillon_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(${name} PUBLIC quillon_options quillon_fmt ${ARG_LINK})
+endfunction()
+
+# quillon_add_test(NAME SOURCES a.cpp ... LINK target ...): a GoogleTest program, each test known to ctest.
+function(quillon_add_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE quillon_options quillon_fmt ${ARG_LINK} GTest::gtest_main)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+endfunction()

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// The message area LabelCmt with its colour rule, and the progress bar.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/main_form.h"
+#include "app/property.h"
+
+namespace quillon {
+
+// A message as it was shown, for those who follow along: the command line, a test.
+struct ShownMessage {
+    std::string text;  // the main text without its colour prefix
+    std::string extra;
+    Colour colour = Colour::Black;
+    bool appended = false;
+};
+
+class Messages {
+  public:
+    explicit Messages(MainForm& form) : form_{form} {}
+
+    // Replaces the message area's text by main text, a blank and extra text. A main text that
+    // begins "<<注意>>", "RED" in any case, or " RED" is shown in red; the latter two are cut off,
+    // from any text that happens to begin so.
+    void ShowMessage(std::string_view main_text, std::string_view extra = "");
+    // The same rule, on a new line behind what stands.
+    void AddMessage(std::string_view main_text, std::string_view extra = "");
+
+    enum class Progress { On, Off };
+    // Off, and a value that has reached max, hide the bar. On redraws it at each hundredth part of
+    // max; a max below 100 shows nothing.
+    void ShowProgress(Progress state, int min = 0, int max = 0, int value = 0);
+
+    Signal<const ShownMessage&> shown;
+
+  private:
+    void show(ShownMessage message);
+
+    MainForm& form_;
+};
+
+}  // namespace quillon

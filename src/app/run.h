@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// One run of the program: owns one of each object and hands them down. The composition root of the
+// window, of the command line and of the tests.
+#pragma once
+
+#include <string_view>
+
+#include "app/buttons.h"
+#include "app/dialogs.h"
+#include "app/host.h"
+#include "app/main_form.h"
+#include "app/messages.h"
+#include "app/operation_log.h"
+#include "app/session.h"
+#include "app/settings.h"
+#include "catalogue/buffer_commands.h"
+#include "catalogue/catalogue.h"
+#include "catalogue/config_model.h"
+#include "catalogue/device_selection.h"
+#include "engine/flows.h"
+#include "families/context.h"
+#include "image/hex_files.h"
+#include "image/views.h"
+#include "link/link.h"
+#include "link/serial_port.h"
+
+namespace quillon {
+
+struct Run {
+    Run(SettingsStore& store, Host& host_, SerialPort& port_, Dialogs& dialogs_);
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+    Host& host;
+    SerialPort& port;
+    Dialogs& dialogs;
+    Session session;
+    MainForm form;
+    BoardForm board;
+    AboutForm about;
+    Settings settings;
+    Messages messages;
+    OperationLog log;
+    MemoryViews views;
+    Catalogue catalogue;
+    ConfigModel config;
+    BufferCommands buffer;
+    DeviceSelection selection;
+    HexFiles files;
+    Link link;
+    RunContext context;
+    Flows flows;
+};
+
+}  // namespace quillon

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// The status words that routines hand back.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quillon {
+
+enum class Token : std::uint8_t {
+    None,    // "": nothing has been said yet
+    OK,      // "OK": done, and the data agreed
+    NG,      // "NG": the data disagreed, or the step was refused
+    ER,      // "ER": the end code or the data didn't come
+    Absent,  // "--": the device has no such area, or the step was left out
+    CP,      // "CP": the device reports code protection
+    YB,      // "YB": blank
+    NB,      // "NB": not blank
+};
+
+std::string_view text(Token token);
+
+// The results of one operation, area by area.
+struct AreaTokens {
+    Token pgm = Token::None;
+    Token eep = Token::None;
+    Token cfg = Token::None;
+    bool operator==(const AreaTokens&) const = default;
+};
+
+// The three words in one, program first: "OK--OK". The form in which logs and dumps show them.
+std::string text(const AreaTokens& tokens);
+
+constexpr bool all_blank(const AreaTokens& result) {
+    using enum Token;
+    return result == AreaTokens{YB, YB, YB} || result == AreaTokens{YB, Absent, YB};
+}
+
+// "OK----" is a run that had program memory only in its charge.
+constexpr bool all_verified(const AreaTokens& result) {
+    using enum Token;
+    return result == AreaTokens{OK, OK, OK} || result == AreaTokens{OK, Absent, OK} ||
+           result == AreaTokens{OK, Absent, Absent};
+}
+
+}  // namespace quillon

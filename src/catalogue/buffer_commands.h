@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// The two menu commands that fill the whole image: all ones (the clear) and all zeros.
+#pragma once
+
+#include "app/main_form.h"
+#include "app/session.h"
+#include "catalogue/config_model.h"
+#include "image/views.h"
+
+namespace quillon {
+
+class DeviceSelection;
+
+class BufferCommands {
+  public:
+    BufferCommands(Session& session, MainForm& form, MemoryViews& views, ConfigModel& config)
+        : session_{session}, form_{form}, views_{views}, config_{config} {}
+
+    // Both end with Mcu_Selected_Check's message where no device is selected.
+    void mnuPcBufferMemoryClear(DeviceSelection& selection);
+    void mnuPcBufferMemory_0(DeviceSelection& selection);
+
+  private:
+    Session& session_;
+    MainForm& form_;
+    MemoryViews& views_;
+    ConfigModel& config_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// Keeps the configuration words and their grids of fields consistent, both ways.
+#pragma once
+
+#include "app/main_form.h"
+#include "app/messages.h"
+#include "app/session.h"
+#include "catalogue/catalogue.h"
+#include "image/views.h"
+
+namespace quillon {
+
+class ConfigModel {
+  public:
+    ConfigModel(Session& session, MainForm& form, Messages& messages, MemoryViews& views,
+                const Catalogue& catalogue);
+
+    void InitConfigGrids();
+    void ResetConfigGrids();
+    // Takes a "CONFIGn" row: default, always-zero bits, always-one bits, all bits.
+    void ApplyConfigRow(int n, const CatRow& row);
+    // From word n's options to its number.
+    void ConfigGridChanged(int n);
+    // From the numbers to the options; sets ProtectMixed.
+    void ShowConfigWords();
+    // Title and text of the field in the given grid row, in the message area.
+    void ShowFieldHelp(int n, int row);
+    // A click on a cell: fills CmbInit with the field's options and shows it, with the field's
+    // help.
+    void FieldClicked(int n, int row, int column);
+    // Writes CmbInit's text into the clicked cell of the current tab's grid.
+    void CmbInit_Click();
+    // The free entry of a value over the clicked cell is done.
+    void TxtInit_Done();
+    // A click on the configuration text.
+    void Text_Config_Click();
+
+    // A word was read whose CP field matches no option.
+    bool ProtectMixed() const { return protect_mixed_; }
+
+  private:
+    Session& session_;
+    MainForm& form_;
+    Messages& messages_;
+    MemoryViews& views_;
+    const Catalogue& catalogue_;
+    bool protect_mixed_ = false;
+};
+
+}  // namespace quillon

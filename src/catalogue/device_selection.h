@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// Choosing a device: the main form becomes that device's panel.
+#pragma once
+
+#include "app/dialogs.h"
+#include "app/main_form.h"
+#include "app/messages.h"
+#include "app/session.h"
+#include "app/settings.h"
+#include "app/token.h"
+#include "catalogue/buffer_commands.h"
+#include "catalogue/catalogue.h"
+#include "catalogue/config_model.h"
+#include "image/views.h"
+
+namespace quillon {
+
+class DeviceSelection {
+  public:
+    DeviceSelection(Session& session, MainForm& form, BoardForm& board, Settings& settings,
+                    Dialogs& dialogs, Messages& messages, MemoryViews& views, Catalogue& catalogue,
+                    ConfigModel& config, BufferCommands& buffer);
+
+    // What happens when Combo_device's choice is made, by the user or by an assignment.
+    void Combo_device_Click();
+    // OK, or NG with a message, a box and the focus on Combo_device where no device is selected.
+    Token Mcu_Selected_Check();
+    void ClearDeviceView();
+
+  private:
+    Session& session_;
+    MainForm& form_;
+    BoardForm& board_;
+    Settings& settings_;
+    Dialogs& dialogs_;
+    Messages& messages_;
+    MemoryViews& views_;
+    Catalogue& catalogue_;
+    ConfigModel& config_;
+    BufferCommands& buffer_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// Blank and zero values of the memory image by programming type, parity and check sum.
+//
+// The fills touch the spans that the device's sizes cover; what lies beyond keeps its old content.
+// "LDR418" stands in no group on purpose: the fills leave its arrays as they are.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "app/session.h"
+
+namespace quillon {
+
+// "12C5", "10F2", "5F18", "5F28", "5X18", "5X28"
+bool is_12bit(std::string_view PgmType);
+// "12F6", "12C6", "EPROM", "EPROM2", "FLASH..." and the modules "LDR412", "LDR412A"
+bool is_14bit(std::string_view PgmType);
+// Types that begin "18"; the loaders and views ask for "18F" instead where the text says so.
+bool is_pic18(std::string_view PgmType);
+// The names whose ID is entered as four whole words, Text_ID1 to Text_ID4.
+bool has_four_word_id(std::string_view DeviceName);
+
+void FillProgramOnes(Session& session);
+void FillProgramZeros(Session& session);
+void FillEepromOnes(Session& session);
+void FillEepromZeros(Session& session);
+void FillIdOnes(Session& session);
+void FillIdZeros(Session& session);
+
+// Sets the parity bits of one "EPROM2" word: bit 6 of the high byte even parity over the word's
+// even bits, bit 7 odd parity over its odd ones.
+void ParityFix(std::uint8_t& high, std::uint8_t& low);
+
+// Sum of all program words modulo 0x10000, four upper-case digits. PIC18 pairs are read swapped.
+std::string ProgramCheckSum(const Session& session);
+
+}  // namespace quillon

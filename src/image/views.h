@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// The text views of the memory image. Each is written to a display file in TempDir and loaded into
+// its box in one piece.
+#pragma once
+
+#include "app/host.h"
+#include "app/main_form.h"
+#include "app/session.h"
+
+namespace quillon {
+
+class MemoryViews {
+  public:
+    MemoryViews(Session& session, MainForm& form, Host& host)
+        : session_{session}, form_{form}, host_{host} {}
+
+    void ShowProgramMemory();  // "pgmmemory_temp.txt" and RichTxtPgmMem
+    void ShowEepromMemory();   // "eepmemory_temp.txt" and rText_EepromMem, two bytes a cell
+    void ShowEepromBytes();    // the same, one byte a cell
+    void show_eeprom();        // the one of the two that PgmType asks for ("18F": bytes)
+    // ID and configuration texts and LblCheckSUM. For types beginning "18F" the check sum alone.
+    void ShowConfigSummary();
+
+  private:
+    Session& session_;
+    MainForm& form_;
+    Host& host_;
+};
+
+}  // namespace quillon
