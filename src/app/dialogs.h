@@ -14,28 +14,28 @@ enum class BoxButtons : std::uint8_t { Ok, OkCancel, YesNo };
 enum class BoxAnswer : std::uint8_t { Ok, Cancel, Yes, No };
 
 struct MessageBox {
-    std::string title;
-    std::string text;
+    std::string title{};
+    std::string text{};
     BoxIcon icon = BoxIcon::None;
     BoxButtons buttons = BoxButtons::Ok;
     BoxAnswer default_answer = BoxAnswer::Ok;  // the button that Return presses
     // The question's name where a script may answer it beforehand ("mismatch"), else empty.
-    std::string name;
+    std::string name{};
 };
 
 struct FileDialog {
     enum class Kind : std::uint8_t { Open, Save };
     Kind kind = Kind::Open;
-    std::filesystem::path folder;
-    std::string filter;  // "Hexファイル|*.HEX|全てのファイル|*.*|"
-    std::string default_extension;
-    std::string initial_name;
+    std::filesystem::path folder{};
+    std::string filter{};  // "Hexファイル|*.HEX|全てのファイル|*.*|"
+    std::string default_extension{};
+    std::string initial_name{};
 };
 
 // Two lines and a hint: the overwrite question.
 struct HintQuestion {
-    std::string line1;
-    std::string line2;
+    std::string line1{};
+    std::string line2{};
 };
 
 class Dialogs {

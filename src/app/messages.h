@@ -13,7 +13,7 @@ namespace quillon {
 // A message as it was shown, for those who follow along: the command line, a test.
 struct ShownMessage {
     std::string text;  // the main text without its colour prefix
-    std::string extra;
+    std::string extra{};
     Colour colour = Colour::Black;
     bool appended = false;
 };

@@ -89,6 +89,7 @@ struct OperationResult {
     Token CodeProtect = Token::Absent;
     std::string FailDetail;  // the last result's text, head of a log line
     std::string LoadResult;  // "OK", "NG", "" while a file is loading
+    bool Cancelled = false;  // the last operation ended on an answer of the user
     bool ExtendPgmOnly = false;
     bool ExtendCfgToo = false;
 };

@@ -3,36 +3,27 @@
 // generic engine, and the closing that every path runs.
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <memory>
+#include <string_view>
 
-#include "app/session.h"
+#include "app/outcome.h"
+#include "engine/generic_engine.h"
+#include "families/context.h"
+#include "families/dispatch.h"
+#include "families/family.h"
 
 namespace quillon {
 
-struct RunContext;
-
-// What became of an operation, beyond the words in the session: the command line's exit status.
-enum class Outcome : std::uint8_t {
-    Success,
-    Failed,     // it ran, and its verdict is bad: not blank, mismatch, write failed
-    NoDevice,   // none selected
-    NoBoard,    // the board wasn't found, or the port can't be opened
-    Cancelled,  // by an answer
-    GivenUp,    // the user closed, interrupted, or the deadline passed
-    PortLost,   // the port vanished under it
-};
-
+// One operation at a time. Each entry returns when the port is closed and the controls are back,
+// whatever happened: nothing is thrown. A call while another runs does nothing and says Failed.
 class Flows {
   public:
-    explicit Flows(RunContext& context);
-    ~Flows();
+    explicit Flows(RunContext& context) : context_{context}, engine_{context} {}
 
     Outcome Command_blank();
     Outcome Command_read();
     Outcome Command_Verify();
     Outcome Command_program();
+    // The main form's two erase commands: the generic engine's, for every device.
     Outcome mnuPgmErase_Click();
     Outcome mnuChipErase_Click();
     // A click on the board's label: searches the board and lets it go again.
@@ -41,9 +32,16 @@ class Flows {
     bool running() const { return running_; }
 
   private:
-    Outcome run(const std::function<Outcome()>& operation);
+    template <typename Operation>
+    Outcome run(Operation operation);
+    Outcome main_button(Chain chain, Outcome (Family::*entry)());
+    Outcome erase_command(std::string_view status, Token (GenericEngine::*erase)());
+    void open();
+    void close();
+    Outcome abandon(Abandoned::Reason reason);
 
     RunContext& context_;
+    GenericEngine engine_;
     bool running_ = false;
 };
 

@@ -5,6 +5,12 @@
 // Writer_Close at its end.
 #pragma once
 
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "app/dialogs.h"
 #include "app/host.h"
 #include "app/main_form.h"
@@ -16,10 +22,20 @@
 
 namespace quillon {
 
+// The version in the last four characters of an identity, nothing where they aren't a number.
+std::optional<double> firm_version(std::string_view identity);
+
 class Link {
   public:
     Link(Session& session, MainForm& form, Settings& settings, Host& host, SerialPort& port,
-         Dialogs& dialogs, Messages& messages);
+         Dialogs& dialogs, Messages& messages)
+        : session_{session},
+          form_{form},
+          settings_{settings},
+          host_{host},
+          port_{port},
+          dialogs_{dialogs},
+          messages_{messages} {}
 
     // Searches the board unless it has been found already. Leaves the port open.
     void Writer_Find();
@@ -32,7 +48,19 @@ class Link {
     // Gives the board's last bytes time to arrive, then closes the port.
     void Writer_Close();
 
+    // The label's words while no board is known behind the port.
+    void show_no_board();
+
   private:
+    void send(char letter);
+    void send(std::uint8_t byte);
+    std::string read_identity();
+    void show_board();
+    bool open_for_search();
+    bool resynchronise(std::chrono::milliseconds limit);
+    Token accept_board();
+    Token port_not_chosen();
+
     Session& session_;
     MainForm& form_;
     Settings& settings_;

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "engine/flows.h"
+
+#include "app/buttons.h"
+#include "engine/flow_texts.h"
+
+namespace quillon {
+
+namespace {
+
+// True while an operation runs, whichever way it ends.
+class Running {
+  public:
+    explicit Running(bool& flag) : flag_{flag} { flag_ = true; }
+    ~Running() { flag_ = false; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+  private:
+    bool& flag_;
+};
+
+}  // namespace
+
+template <typename Operation>
+Outcome Flows::run(Operation operation) {
+    if (running_) return Outcome::Failed;
+    const Running running{running_};
+    Outcome outcome = Outcome::Failed;
+    try {
+        open();
+        outcome = operation();
+        close();
+    } catch (const Abandoned& abandoned) {
+        outcome = abandon(abandoned.reason);
+    }
+    context_.session.Status = outcome == Outcome::Success ? Token::OK : Token::NG;
+    return outcome;
+}
+
+void Flows::open() {
+    auto& [session, form, host, port, dialogs, messages, log, views, config, selection, link] =
+        context_;
+    LockButtons(form);
+    form.Lbl_Calib_ReadWrite_Data.Caption.set("--");
+    form.CmbInit.Visible.set(false);
+    form.TxtInit.Visible.set(false);
+    session.Cancelled = false;
+    session.CodeProtect = Token::Absent;
+    session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
+    session.ResultAll.clear();
+    session.FailDetail.clear();
+}
+
+void Flows::close() {
+    context_.link.Writer_Close();
+    release_buttons(context_.session.PgmType, context_.form);
+    context_.form.WaitCursor.set(false);
+    context_.messages.ShowProgress(Messages::Progress::Off);
+    context_.form.Focus.set("frmMain");
+}
+
+// Nothing waits here and the port isn't spoken to: whoever gave up wants to be gone, and the next
+// operation's check brings the board back to its command loop.
+Outcome Flows::abandon(Abandoned::Reason reason) {
+    auto& session = context_.session;
+    context_.port.close();
+    session.ConfigFromFile = false;
+    release_buttons(session.PgmType, context_.form);
+    context_.form.WaitCursor.set(false);
+    context_.messages.ShowProgress(Messages::Progress::Off);
+    if (reason == Abandoned::Reason::PortLost) {
+        context_.link.show_no_board();
+        context_.messages.ShowMessage(flow_text::kPortLost, flow_text::kPortLostHint);
+        return Outcome::PortLost;
+    }
+    context_.messages.ShowMessage(flow_text::kGivenUp);
+    return Outcome::GivenUp;
+}
+
+Outcome Flows::main_button(Chain chain, Outcome (Family::*entry)()) {
+    return run([&] {
+        if (context_.selection.Mcu_Selected_Check() == Token::NG) return Outcome::NoDevice;
+        context_.messages.ShowMessage(flow_text::kChecking);
+        context_.host.pump();
+        if (context_.link.Writer_Check() == Token::NG) return Outcome::NoBoard;
+        const auto family = make_family(context_.form.Combo_device.Text.get(), chain, context_);
+        if (!family) {
+            context_.messages.ShowMessage(flow_text::kNotServed);
+            return Outcome::NotServed;
+        }
+        return ((*family).*entry)();
+    });
+}
+
+Outcome Flows::Command_blank() { return main_button(Chain::Blank, &Family::Blank_All); }
+Outcome Flows::Command_read() { return main_button(Chain::Read, &Family::Read_All); }
+Outcome Flows::Command_Verify() { return main_button(Chain::Verify, &Family::Verify_All); }
+Outcome Flows::Command_program() { return main_button(Chain::Program, &Family::Program_All); }
+
+Outcome Flows::erase_command(std::string_view status, Token (GenericEngine::*erase)()) {
+    return run([&] {
+        if (context_.selection.Mcu_Selected_Check() == Token::NG) return Outcome::NoDevice;
+        if (context_.link.Writer_Check() == Token::NG) return Outcome::NoBoard;
+        context_.link.Writer_Find();
+        if (!context_.session.WriterFound) return Outcome::NoBoard;
+        if (!status.empty()) context_.messages.ShowMessage(status);
+        return (engine_.*erase)() == Token::OK ? Outcome::Success : Outcome::Failed;
+    });
+}
+
+Outcome Flows::mnuPgmErase_Click() { return erase_command("", &GenericEngine::Pgm_Erase); }
+Outcome Flows::mnuChipErase_Click() {
+    return erase_command(flow_text::kChipErasing, &GenericEngine::Chip_Erase);
+}
+
+Outcome Flows::Label_FirmwareVersion_Click() {
+    return run([&] {
+        context_.link.Writer_Find();
+        return context_.session.WriterFound ? Outcome::Success : Outcome::NoBoard;
+    });
+}
+
+}  // namespace quillon

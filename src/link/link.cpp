@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+// The order of sends, sleeps and flushes here is the board's: it has no frame to resynchronise on.
+#include "link/link.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <charconv>
+#include <string_view>
+
+#include "link/link_texts.h"
+#include "link/wait.h"
+
+namespace quillon {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::size_t kReplyBytes = 18;
+constexpr std::size_t kIdentityBytes = 16;
+constexpr std::string_view kModule = "ZQ-LDR";
+// A constant of the system, whatever the catalogue asks for.
+constexpr double kRecommendedVersion = 6.76;
+constexpr auto kLetterPause = 1ms;
+
+}  // namespace
+
+std::optional<double> firm_version(std::string_view identity) {
+    if (identity.size() < 4) return std::nullopt;
+    const std::string_view digits = identity.substr(identity.size() - 4);
+    const auto first = digits.find_first_not_of(' ');
+    if (first == std::string_view::npos) return std::nullopt;
+    double version = 0;
+    const auto [end, error] =
+        std::from_chars(digits.data() + first, digits.data() + digits.size(), version);
+    if (error != std::errc{} || end != digits.data() + digits.size()) return std::nullopt;
+    return version;
+}
+
+void Link::send(std::uint8_t byte) {
+    port_.write(std::array{byte});
+    host_.sleep(kLetterPause);
+}
+
+void Link::send(char letter) { send(static_cast<std::uint8_t>(letter)); }
+
+std::string Link::read_identity() {
+    const auto reply = port_.read();
+    const auto used = std::min(reply.size(), kIdentityBytes);
+    return {reply.begin(), reply.begin() + static_cast<std::ptrdiff_t>(used)};
+}
+
+void Link::show_board() {
+    form_.Label_FirmwareVersion.Caption.set(
+        fmt::format(link_text::kLabelFound, session_.ComNo, session_.FirmVersionText));
+    form_.Label_FirmwareVersion.BackColor.set(Colour::Found);
+}
+
+void Link::show_no_board() {
+    session_.WriterFound = false;
+    form_.Label_FirmwareVersion.Caption.set(
+        fmt::format(link_text::kLabelNotConnected, session_.ComNo));
+    form_.Label_FirmwareVersion.BackColor.set(Colour::ButtonFace);
+}
+
+void Link::Writer_Find() {
+    if (session_.WriterFound) return;
+    if (session_.ComNo == 0) {
+        dialogs_.box({.text = std::string{link_text::kChoosePort}, .icon = BoxIcon::Information});
+        return;
+    }
+    messages_.ShowMessage(link_text::kSearching);
+    if (!open_for_search()) return;
+
+    // The first "?" only wakes the board; its reply is thrown away.
+    for (const bool first : {true, false}) {
+        port_.discard_input();
+        port_.write(std::array{std::uint8_t{'?'}});
+        host_.sleep(200ms);
+        if (first) host_.pump();
+    }
+    if (!wait_for(host_, port_, kReplyBytes, 3s)) {
+        show_no_board();
+        messages_.ShowMessage(link_text::kNotFound);
+        return;
+    }
+    session_.FirmVersionText = read_identity();
+    session_.FirmwareText = session_.FirmVersionText;
+    if (!session_.FirmVersionText.starts_with(kModule)) {
+        show_no_board();
+        messages_.ShowMessage(link_text::kVersionUnreadable);
+        return;
+    }
+    session_.WriterFound = true;
+    messages_.ShowMessage(fmt::format(link_text::kFound, session_.ComNo));
+    show_board();
+    if (const auto version = firm_version(session_.FirmVersionText))
+        session_.FirmVersion = *version;
+    form_.mnuFirmwareUpdate.Enabled.set(true);
+    Firm_Version_Check();
+    settings_.save("FirmModule", session_.FirmVersionText.substr(0, 10));
+}
+
+bool Link::open_for_search() {
+    port_.RTSEnable(!form_.mnuComMode1.Checked.get());
+    const PortOpen opened = port_.is_open() ? PortOpen::Ok : port_.open();
+    if (opened == PortOpen::Ok) return true;
+    session_.WriterFound = false;
+    if (opened == PortOpen::Busy) {
+        messages_.ShowMessage(link_text::kPortBusy);
+        dialogs_.box({.text = std::string{link_text::kPortBusyBox}, .icon = BoxIcon::Critical});
+    } else {
+        messages_.ShowMessage(link_text::kPortUnusable);
+        dialogs_.box({.title = std::string{link_text::kInformation},
+                      .text = std::string{link_text::kPortUnusableBox},
+                      .icon = BoxIcon::Critical});
+    }
+    return false;
+}
+
+// The board may be in the middle of anything; three "*" bring it back to its command loop.
+bool Link::resynchronise(std::chrono::milliseconds limit) {
+    port_.discard_input();
+    if (!port_.is_open() && port_.open() != PortOpen::Ok) return false;
+    for (int i = 0; i < 3; ++i) send('*');
+    host_.sleep(100ms);
+    port_.discard_input();
+    send('?');
+    return wait_for(host_, port_, kReplyBytes, limit);
+}
+
+Token Link::Writer_Check() {
+    if (!resynchronise(4s)) {
+        if (!port_.is_open()) return port_not_chosen();
+        messages_.ShowMessage("*");
+        host_.pump();
+        if (!resynchronise(3s)) {
+            show_no_board();
+            messages_.ShowMessage(link_text::kCheckNotFound);
+            return Token::NG;
+        }
+    }
+    session_.FirmVersionText = read_identity();
+    if (!session_.FirmVersionText.starts_with(kModule)) {
+        show_no_board();
+        messages_.ShowMessage(link_text::kVersionUnreadable);
+        return Token::NG;
+    }
+    return accept_board();
+}
+
+Token Link::accept_board() {
+    session_.WriterFound = true;
+    show_board();
+    messages_.ShowMessage(fmt::format(link_text::kFound, session_.ComNo));
+    const auto version = firm_version(session_.FirmVersionText);
+    if (!version) return port_not_chosen();
+    session_.FirmVersion = *version;
+    settings_.save("FirmModule", session_.FirmVersionText.substr(0, 10));
+    Firm_Version_Check();
+    // A delay that the board didn't take stops nothing: its message has been shown.
+    static_cast<void>(Power_Delay_Set());
+    return Token::OK;
+}
+
+Token Link::port_not_chosen() {
+    messages_.ShowMessage(link_text::kPortNotChosen);
+    return Token::NG;
+}
+
+Token Link::Power_Delay_Set() {
+    port_.discard_input();
+    port_.discard_input();
+    send('m');
+    send('D');
+    send(session_.VddVppDelay);
+    if (!wait_for(host_, port_, 1, 10s)) {
+        messages_.ShowMessage(link_text::kDelayTimeout);
+        return Token::NG;
+    }
+    if (port_.read().front() != session_.VddVppDelay) {
+        messages_.ShowMessage(link_text::kDelayMismatch);
+        return Token::NG;
+    }
+    messages_.ShowMessage(fmt::format(link_text::kDelaySet, session_.VddVppDelay));
+    host_.sleep(500ms);
+    return Token::OK;
+}
+
+void Link::Firm_Version_Check() {
+    if (session_.FirmVersion >= kRecommendedVersion) return;
+    const auto answer = dialogs_.box({
+        .title = std::string{link_text::kUpdateTitle},
+        .text = fmt::format(link_text::kUpdateAdvice, link_text::kSupportPage,
+                            session_.FirmwareText, kRecommendedVersion),
+        .icon = BoxIcon::Critical,
+        .buttons = BoxButtons::OkCancel,
+        .name = "firmware",
+    });
+    if (answer == BoxAnswer::Ok) host_.open_document(std::string{link_text::kSupportPage});
+}
+
+void Link::Writer_Close() {
+    if (port_.is_open()) {
+        port_.discard_input();
+        port_.discard_output();
+    }
+    for (int i = 0; i < 2; ++i) {
+        host_.pump();
+        host_.sleep(200ms);
+    }
+    host_.pump();
+    port_.close();
+}
+
+}  // namespace quillon
