@@ -8,13 +8,13 @@ namespace quillon {
 
 enum class Outcome : std::uint8_t {
     Success,
-    Failed,      // it ran, and its verdict is bad: not blank, mismatch, write failed
-    NoDevice,    // none selected
-    NotServed,   // no algorithm for this device yet
-    NoBoard,     // the board wasn't found, or the port can't be opened
-    Cancelled,   // by an answer
-    GivenUp,     // the user closed, interrupted, or the deadline passed
-    PortLost,    // the port vanished under it
+    Failed,     // it ran, and its verdict is bad: not blank, mismatch, write failed
+    NoDevice,   // none selected
+    NotServed,  // no algorithm for this device yet
+    NoBoard,    // the board wasn't found, or the port can't be opened
+    Cancelled,  // by an answer
+    GivenUp,    // the user closed, interrupted, or the deadline passed
+    PortLost,   // the port vanished under it
 };
 
 }  // namespace quillon

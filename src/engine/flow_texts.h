@@ -9,6 +9,8 @@ namespace quillon::flow_text {
 inline constexpr std::string_view kChecking = "ライターチェック中..........";
 inline constexpr std::string_view kNotServed =
     "redこのデバイスのアルゴリズムは、まだ用意されていません。";
+inline constexpr std::string_view kBadSize =
+    "redデバイス情報設定ファイルのプログラムメモリサイズが正しくありません。";
 inline constexpr std::string_view kChipErasing = "チップイレース.....";
 inline constexpr std::string_view kGivenUp = "red操作を中止しました。";
 inline constexpr std::string_view kPortLost = "red通信ポートが使用できませんでした。";

@@ -3,6 +3,7 @@
 
 #include "app/buttons.h"
 #include "engine/flow_texts.h"
+#include "image/fill.h"
 
 namespace quillon {
 
@@ -33,14 +34,18 @@ Outcome Flows::run(Operation operation) {
         close();
     } catch (const Abandoned& abandoned) {
         outcome = abandon(abandoned.reason);
+    } catch (...) {
+        context_.port.close();
+        give_controls_back();
+        throw;
     }
     context_.session.Status = outcome == Outcome::Success ? Token::OK : Token::NG;
     return outcome;
 }
 
 void Flows::open() {
-    auto& [session, form, host, port, dialogs, messages, log, views, config, selection, link] =
-        context_;
+    auto& session = context_.session;
+    auto& form = context_.form;
     LockButtons(form);
     form.Lbl_Calib_ReadWrite_Data.Caption.set("--");
     form.CmbInit.Visible.set(false);
@@ -52,8 +57,18 @@ void Flows::open() {
     session.FailDetail.clear();
 }
 
+// The operation's verdict stands by now: giving up here only cuts the pauses short.
 void Flows::close() {
-    context_.link.Writer_Close();
+    try {
+        context_.link.Writer_Close();
+    } catch (const Abandoned& abandoned) {
+        context_.port.close();
+        if (abandoned.reason == Abandoned::Reason::PortLost) context_.link.show_no_board();
+    }
+    give_controls_back();
+}
+
+void Flows::give_controls_back() {
     release_buttons(context_.session.PgmType, context_.form);
     context_.form.WaitCursor.set(false);
     context_.messages.ShowProgress(Messages::Progress::Off);
@@ -65,10 +80,10 @@ void Flows::close() {
 Outcome Flows::abandon(Abandoned::Reason reason) {
     auto& session = context_.session;
     context_.port.close();
-    session.ConfigFromFile = false;
-    release_buttons(session.PgmType, context_.form);
-    context_.form.WaitCursor.set(false);
-    context_.messages.ShowProgress(Messages::Progress::Off);
+    // Whatever an area had come to: the run as a whole has no result.
+    session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
+    session.ResultAll.clear();
+    give_controls_back();
     if (reason == Abandoned::Reason::PortLost) {
         context_.link.show_no_board();
         context_.messages.ShowMessage(flow_text::kPortLost, flow_text::kPortLostHint);
@@ -78,9 +93,19 @@ Outcome Flows::abandon(Abandoned::Reason reason) {
     return Outcome::GivenUp;
 }
 
+// A count of words goes out in two bytes; none at all would be written, and verified, in no time.
+bool Flows::size_fits_wire() const {
+    const auto& session = context_.session;
+    return session.PgmWords > 0 && (session.PgmWords <= 0xFFFF || is_pic18(session.PgmType));
+}
+
 Outcome Flows::main_button(Chain chain, Outcome (Family::*entry)()) {
     return run([&] {
         if (context_.selection.Mcu_Selected_Check() == Token::NG) return Outcome::NoDevice;
+        if (!size_fits_wire()) {
+            context_.messages.ShowMessage(flow_text::kBadSize);
+            return Outcome::Failed;
+        }
         context_.messages.ShowMessage(flow_text::kChecking);
         context_.host.pump();
         if (context_.link.Writer_Check() == Token::NG) return Outcome::NoBoard;
@@ -105,7 +130,9 @@ Outcome Flows::erase_command(std::string_view status, Token (GenericEngine::*era
         context_.link.Writer_Find();
         if (!context_.session.WriterFound) return Outcome::NoBoard;
         if (!status.empty()) context_.messages.ShowMessage(status);
-        return (engine_.*erase)() == Token::OK ? Outcome::Success : Outcome::Failed;
+        const Token erased = (engine_.*erase)();
+        if (erased == Token::NG) return Outcome::NoBoard;  // its own check found none
+        return erased == Token::OK ? Outcome::Success : Outcome::Failed;
     });
 }
 
@@ -115,6 +142,7 @@ Outcome Flows::mnuChipErase_Click() {
 }
 
 Outcome Flows::Label_FirmwareVersion_Click() {
+    if (context_.session.WriterFound) return Outcome::Success;
     return run([&] {
         context_.link.Writer_Find();
         return context_.session.WriterFound ? Outcome::Success : Outcome::NoBoard;

@@ -38,6 +38,8 @@ class Flows {
     Outcome erase_command(std::string_view status, Token (GenericEngine::*erase)());
     void open();
     void close();
+    void give_controls_back();
+    bool size_fits_wire() const;
     Outcome abandon(Abandoned::Reason reason);
 
     RunContext& context_;

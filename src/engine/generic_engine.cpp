@@ -57,7 +57,7 @@ EraseCommand program_erase(std::string_view device) {
 
 EraseCommand chip_erase(std::string_view device) {
     if (holds(kErasable, device) || holds(kChipErasableOnly, device)) return {"bd", 0x0A};
-    if (device == "ZQ-LDR412") return {"bD", 0x0A};
+    if (device == "ZQ-LDR412" || device == "LDR412") return {"bD", 0x0A};
     if (holds(kErasable18, device)) return {"Xbd"};
     return {};
 }

@@ -154,25 +154,28 @@ constexpr std::array kRows{
 };
 
 // Where a chain doesn't take the row's module.
-struct Exception {
+struct Deviation {
     Chain chain;
     std::string_view device;
     std::string_view module;
 };
 
-constexpr std::array kExceptions{
-    // The read chain looks for "PIC18F1827" and "PIC18LF1827": these two go the generic way.
-    Exception{Chain::Read, "PIC16F1827", kGeneric},
-    Exception{Chain::Read, "PIC16LF1827", kGeneric},
+constexpr std::array kDeviations{
+    // The read chain looks for these names where the others have PIC16F1827 and PIC16LF1827, which
+    // therefore go the generic way.
+    Deviation{Chain::Read, "PIC18F1827", "PIC1XF18XX"},
+    Deviation{Chain::Read, "PIC18LF1827", "PIC1XF18XX"},
+    Deviation{Chain::Read, "PIC16F1827", kGeneric},
+    Deviation{Chain::Read, "PIC16LF1827", kGeneric},
     // The verify chain holds it beside PIC18F2220 and PIC18F2320.
-    Exception{Chain::Verify, "PIC18F1230", "PIC18F2320"},
+    Deviation{Chain::Verify, "PIC18F1230", "PIC18F2320"},
 };
 
 }  // namespace
 
 std::string_view family_of(std::string_view device, Chain chain) {
-    for (const auto& exception : kExceptions)
-        if (exception.chain == chain && exception.device == device) return exception.module;
+    for (const auto& deviation : kDeviations)
+        if (deviation.chain == chain && deviation.device == device) return deviation.module;
     for (const auto& row : kRows) {
         if (std::ranges::find(row.devices, device) == row.devices.end()) continue;
         // PIC1XF18XX has no blank entry of its own.

@@ -10,7 +10,11 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <span>
+#include <string>
+#include <vector>
 
+#include "families/config_area.h"
 #include "families/flash14_texts.h"
 
 namespace quillon {
@@ -25,17 +29,13 @@ constexpr std::uint16_t kIdentityBits = 0x3FFF;
 // The five low bits of the identity word are the revision: up to here no part is named.
 constexpr std::uint16_t kRevisionBits = 31;
 constexpr int kIdentityShift = 5;
-constexpr std::size_t kConfigReply = 17;  // 8 words and the end code
-constexpr std::size_t kIdentityAt = 12;
-constexpr std::size_t kConfigAt = 14;
-constexpr std::int32_t kConfigWordsRead = 8;
 constexpr auto kReadLimit = 10s;
 constexpr auto kEraseLimit = 3s;
 
 // The ID words and configuration word 1; the three words between are the device's own.
 void add_config(AndWord& sum, std::span<const std::uint8_t> reply) {
-    for (std::size_t i = 0; i < 16; i += 2)
-        if (i < 8 || i >= kConfigAt) sum.add(reply[i], reply[i + 1]);
+    for (std::size_t i = 0; i < config_area::kBytes; i += 2)
+        if (i < config_area::kIdEnd || i >= config_area::kConfig1) sum.add(reply[i], reply[i + 1]);
 }
 
 }  // namespace
@@ -60,7 +60,7 @@ std::vector<std::uint8_t> Flash14::read_area(char area, std::int32_t count, Limi
 }
 
 std::vector<std::uint8_t> Flash14::read_config_area(Limit limit) {
-    start_read('c', kConfigWordsRead);
+    start_read('c', config_area::kWords);
     return wire_.read_config(limit);
 }
 
@@ -110,11 +110,13 @@ Token Flash14::Blank_Eep() {
 Token Flash14::Blank_Cfg() {
     messages_.ShowMessage(text::kBlankCfg);
     const auto reply = read_config_area(kNoLimit);
-    if (reply[kConfigReply - 1] != kEndCode) {
+    if (reply[config_area::kBytes] != kEndCode) {
         messages_.ShowMessage(text::kBlankCfgNoEndCode);
         return Token::ER;
     }
-    judge_protection(word_high_first(reply[kConfigAt], reply[kConfigAt + 1]), text::kProtected);
+    judge_protection(
+        word_high_first(reply[config_area::kConfig1], reply[config_area::kConfig1 + 1]),
+        text::kProtected);
     AndWord sum{.hi = 0x3F, .lo = 0xFF};
     add_config(sum, reply);
     return is_blank_config(sum.value()) ? Token::YB : Token::NB;
@@ -124,9 +126,10 @@ Token Flash14::Socket_Check() {
     messages_.ShowMessage(text::kChecking);
     const auto reply = read_config_area(kReadLimit);
     if (reply.empty()) return fail(text::kCheckTimeout);
-    if (reply[kConfigReply - 1] != kEndCode) return fail(text::kCheckNoEndCode);
+    if (reply[config_area::kBytes] != kEndCode) return fail(text::kCheckNoEndCode);
     return judge_identity(static_cast<std::uint16_t>(
-        word_high_first(reply[kIdentityAt], reply[kIdentityAt + 1]) & kIdentityBits));
+        word_high_first(reply[config_area::kIdentity], reply[config_area::kIdentity + 1]) &
+        kIdentityBits));
 }
 
 Token Flash14::judge_identity(std::uint16_t id) {
@@ -188,17 +191,21 @@ Token Flash14::Read_Cfg() {
     messages_.ShowMessage(text::kReadingCfg);
     const auto reply = read_config_area(kReadLimit);
     if (reply.empty()) return fail(text::kReadCfgTimeout);
-    if (reply[kConfigReply - 1] != kEndCode) return fail(text::kReadCfgNoEndCode);
+    if (reply[config_area::kBytes] != kEndCode) return fail(text::kReadCfgNoEndCode);
 
     // Three digits each: 4096 is added so that the leading zeros stay.
-    const auto id = word_high_first(reply[kIdentityAt] & 0x3F, reply[kIdentityAt + 1]);
-    form_.Lbl_ID_Rev.Caption.set(fmt::format("{:03X}", reply[kIdentityAt + 1] & kRevisionBits));
+    const auto id =
+        word_high_first(reply[config_area::kIdentity] & 0x3F, reply[config_area::kIdentity + 1]);
+    form_.Lbl_ID_Rev.Caption.set(
+        fmt::format("{:03X}", reply[config_area::kIdentity + 1] & kRevisionBits));
     form_.Lbl_ID_Dev.Caption.set(fmt::format("{:03X}", id >> kIdentityShift));
 
-    std::copy_n(reply.begin(), kConfigReply - 1, session_.CfgIdMem.begin());
+    std::copy_n(reply.begin(), config_area::kBytes, session_.CfgIdMem.begin());
     cfg_and_ = {};
     add_config(cfg_and_, reply);
-    judge_protection(word_high_first(reply[kConfigAt], reply[kConfigAt + 1]), text::kReadProtected);
+    judge_protection(
+        word_high_first(reply[config_area::kConfig1], reply[config_area::kConfig1 + 1]),
+        text::kReadProtected);
     context_.views.ShowConfigSummary();
     messages_.ShowMessage(text::kReadCfgDone);
     return Token::OK;

@@ -6,8 +6,11 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "families/flow14.h"
+#include "link/exchange.h"
+#include "link/words.h"
 
 namespace quillon {
 

@@ -73,8 +73,13 @@ inline constexpr std::string_view kCheckDone = "書込みマイコンの種類�
 inline constexpr std::string_view kMismatch =
     "指定しているマイコンとソケットにセットしているマイコンの種類が違います。";
 inline constexpr std::string_view kMismatchTitle = "書込みマイコンの種類の確認";
+// 2 full-width blanks twice
 inline constexpr std::string_view kMismatchGoOn =
-    "　継続する時は、　　『ＯＫ』　　 を押してください。";
+    "　継続する時は、"
+    "　　"
+    "『ＯＫ』"
+    "　　"
+    " を押してください。";
 inline constexpr std::string_view kMismatchStop =
     "　中止する時は、『キャンセル』　を押してください。";
 inline constexpr std::string_view kSocketEmpty =

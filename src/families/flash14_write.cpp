@@ -5,8 +5,12 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <optional>
+#include <span>
+#include <string>
 
 #include "app/text.h"
+#include "families/config_area.h"
 #include "families/flash14.h"
 #include "families/flash14_texts.h"
 
@@ -18,9 +22,6 @@ using namespace std::chrono_literals;
 namespace text = flash14_text;
 
 constexpr auto kWriteLimit = 10s;
-constexpr std::size_t kConfigBytes = 16;
-constexpr std::size_t kConfigAt = 14;
-constexpr std::int32_t kConfigWordsSent = 8;
 // The words between ID and configuration are never written.
 constexpr std::array<std::size_t, 3> kUntouchedWords{8, 10, 12};
 constexpr std::uint8_t kDontWrite = 0x80;
@@ -50,15 +51,16 @@ std::string mismatch_list(std::size_t words, Compare compare) {
 // The device's ID digits as Text_ID shows them.
 std::string id_digits(std::span<const std::uint8_t> config) {
     std::string digits;
-    for (std::size_t i = 1; i < 8; i += 2) digits += hex(config[i] & 0x0FU, 1);
+    for (std::size_t i = 1; i < config_area::kIdEnd; i += 2) digits += hex(config[i] & 0x0FU, 1);
     return digits;
 }
 
 // Upper digits of the ID words hold nothing; the words behind them are the device's own.
 bool same_config(std::span<const std::uint8_t> device, std::span<const std::uint8_t> image) {
-    for (std::size_t i = 1; i < 8; i += 2)
+    for (std::size_t i = 1; i < config_area::kIdEnd; i += 2)
         if ((device[i] & 0x0F) != (image[i] & 0x0F)) return false;
-    return device[kConfigAt] == image[kConfigAt] && device[kConfigAt + 1] == image[kConfigAt + 1];
+    return device[config_area::kConfig1] == image[config_area::kConfig1] &&
+           device[config_area::kConfig1 + 1] == image[config_area::kConfig1 + 1];
 }
 
 }  // namespace
@@ -120,8 +122,8 @@ Token Flash14::Write_Cfg() {
     wire_.begin();
     wire_.send("w");
     wire_.send(record_.write_cfg);
-    wire_.send_count(kConfigWordsSent);
-    std::array<std::uint8_t, kConfigBytes> image{};
+    wire_.send_count(config_area::kWords);
+    std::array<std::uint8_t, config_area::kBytes> image{};
     std::copy_n(session_.CfgIdMem.begin(), image.size(), image.begin());
     for (const auto i : kUntouchedWords) image[i] |= kDontWrite;
     const auto written = wire_.write_config(image);
@@ -175,15 +177,18 @@ Token Flash14::Verify_Eep() {
 
 ConfigVerdict Flash14::Verify_Cfg() {
     const auto device = read_config_area(kNoLimit);
-    judge_protection(word_high_first(device[kConfigAt], device[kConfigAt + 1]), text::kProtected);
-    if (device[kConfigBytes] != kEndCode) {
+    judge_protection(
+        word_high_first(device[config_area::kConfig1], device[config_area::kConfig1 + 1]),
+        text::kProtected);
+    if (device[config_area::kBytes] != kEndCode) {
         messages_.ShowMessage(text::kVerifyCfgNoEndCode);
         return {.result = Token::NG};
     }
-    if (same_config(device, session_.CfgIdMem)) return {.result = Token::OK};
+    if (same_config(device, session_.CfgIdMem))
+        return {.result = Token::OK, .config_text = "OK", .id_text = "OK"};
     const ConfigVerdict verdict{
         .result = Token::NG,
-        .config_text = hex_bytes(std::span{device}.subspan(kConfigAt, 2)),
+        .config_text = hex_bytes(std::span{device}.subspan(config_area::kConfig1, 2)),
         .id_text = id_digits(device),
     };
     messages_.ShowMessage(std::string{text::kVerifyCfgFailed} +

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+// Blank check and program; flow14_read.cpp has read, verify and the single areas.
 #include "families/flow14.h"
 
 #include <fmt/format.h>
 
-#include <array>
 #include <chrono>
 
 #include "app/buttons.h"
@@ -15,18 +15,6 @@ namespace {
 
 using namespace std::chrono_literals;
 namespace text = flow14_text;
-
-// The words stand as the device gave them until the read is over, whichever way it ends.
-class FromFileUntilEnd {
-  public:
-    explicit FromFileUntilEnd(bool& flag) : flag_{flag} {}
-    ~FromFileUntilEnd() { flag_ = false; }
-    FromFileUntilEnd(const FromFileUntilEnd&) = delete;
-    FromFileUntilEnd& operator=(const FromFileUntilEnd&) = delete;
-
-  private:
-    bool& flag_;
-};
 
 std::string clock_text(const std::tm& time) {
     return fmt::format("{:02}:{:02}:{:02}", time.tm_hour, time.tm_min, time.tm_sec);
@@ -135,7 +123,7 @@ Flow14::Go Flow14::ask_overwrite() {
         .line1 = std::string{is_protected ? text::kOverwriteProtected : text::kOverwriteUsed},
         .line2 = std::string{text::kOverwriteQuestion},
     });
-    if (session_.FormAnswer != 2) return Go::On;
+    if (session_.FormAnswer == 1) return Go::On;
     session_.Cancelled = true;
     messages_.ShowMessage(text::kOverwriteCancelled);
     return Go::Stop;
@@ -228,136 +216,6 @@ void Flow14::show_areas_box(const AreaTokens& tokens) {
     if (tokens.cfg != Token::Absent) report += line(text::kCfgProgrammed, tokens.cfg);
     context_.dialogs.box(
         {.title = std::string{text::kVerifyTitle}, .text = report, .icon = BoxIcon::Information});
-}
-
-Outcome Flow14::Read_All() {
-    const FromFileUntilEnd guard{session_.ConfigFromFile};
-    LockButtons(form_);
-    form_.Lbl_ID_Rev.Caption.set("");
-    form_.Lbl_ID_Dev.Caption.set("");
-    if (Socket_Check() == Token::NG)
-        return session_.Cancelled ? Outcome::Cancelled : Outcome::Failed;
-    if ((session_.ResultPgm = Read_Pgm()) == Token::NG) return Outcome::Failed;
-    if ((session_.ResultEep = Read_Eep()) == Token::NG) return Outcome::Failed;
-    if ((session_.ResultCfg = Read_Cfg()) == Token::NG) return Outcome::Failed;
-    set_results({session_.ResultPgm, session_.ResultEep, session_.ResultCfg});
-    refresh_after_read();
-    const bool is_protected = session_.CodeProtect == Token::CP;
-    if (read_was_blank())
-        messages_.ShowMessage(text::kReadBlank);
-    else
-        messages_.ShowMessage(is_protected ? text::kReadProtected : text::kReadDone);
-    context_.log.note(text::kReadLog);
-    // What a protected part answers isn't its content.
-    return is_protected ? Outcome::Failed : Outcome::Success;
-}
-
-void Flow14::refresh_after_read() {
-    for (std::size_t n = 1; n <= kConfigWords; ++n) {
-        if (!session_.ConfigPresent[n]) continue;
-        const auto high = static_cast<std::uint8_t>(session_.CfgIdMem[12 + 2 * n] & 63);
-        session_.ConfigWord[n] = word_high_first(high, session_.CfgIdMem[13 + 2 * n]);
-    }
-    context_.config.ShowConfigWords();
-    context_.views.ShowConfigSummary();
-    session_.IdText = form_.Text_ID.Text.get();
-}
-
-Outcome Flow14::Verify_All() {
-    if (Socket_Check() == Token::NG)
-        return session_.Cancelled ? Outcome::Cancelled : Outcome::Failed;
-    announce(text::kVerifyCfgNow);
-    const ConfigVerdict config = Verify_Cfg();
-    Outcome outcome = Outcome::Failed;
-    if (session_.CodeProtect == Token::CP) {
-        set_results({Token::Absent, Token::Absent, config.result});
-        messages_.ShowMessage(text::kVerifyProtected);
-        context_.dialogs.box(
-            {.title = std::string{text::kVerifyTitle}, .text = std::string{text::kVerifySkipped}});
-    } else {
-        AreaTokens tokens{.cfg = config.result};
-        announce(text::kVerifyPgmNow);
-        tokens.pgm = Verify_Pgm();
-        announce(text::kVerifyEepNow);
-        tokens.eep = Verify_Eep();
-        set_results(tokens);
-        outcome = report_verify(tokens, config);
-    }
-    for (int i = 0; i < 2; ++i) {
-        host_.pump();
-        host_.sleep(200ms);
-    }
-    context_.log.note(text::kVerifyLog);
-    return outcome;
-}
-
-Outcome Flow14::report_verify(const AreaTokens& tokens, const ConfigVerdict& config) {
-    if (all_verified(tokens) && tokens.cfg == Token::OK) {
-        messages_.ShowMessage(text::kVerifyGood);
-        return Outcome::Success;
-    }
-    messages_.ShowMessage(text::kVerifyBad);
-    const auto line = [](std::string_view area, Token token) {
-        return fmt::format("{}\t：{}", area, quillon::text(token));
-    };
-    const std::string report =
-        line(text::kPgm, tokens.pgm) + "\r\n" + line(text::kEep, tokens.eep) + "\r\n" +
-        line(text::kCfgVerified, tokens.cfg) +
-        fmt::format(text::kVerifyCfgData, config.config_text, config.id_text);
-    context_.dialogs.box(
-        {.title = std::string{text::kVerifyErrorTitle}, .text = report, .icon = BoxIcon::Critical});
-    return Outcome::Failed;
-}
-
-// Status line, pause, routine, and what to say where its word isn't OK.
-struct Flow14::ReloadStep {
-    std::string_view status;
-    std::chrono::milliseconds pause;
-    Token (*routine)(Flow14&);
-    std::string_view failure;
-};
-
-Outcome Flow14::reload(std::span<const ReloadStep> steps, std::string_view done) {
-    Outcome outcome = Outcome::Success;
-    for (const auto& step : steps) {
-        announce(step.status);
-        if (step.pause > 0ms) host_.sleep(step.pause);
-        if (step.routine(*this) == Token::OK) continue;
-        messages_.ShowMessage(step.failure);
-        outcome = Outcome::Failed;
-        break;
-    }
-    if (outcome == Outcome::Success) messages_.ShowMessage(done);
-    context_.link.Writer_Close();
-    return outcome;
-}
-
-Outcome Flow14::Pgm_Reload() {
-    static constexpr std::array kSteps{
-        ReloadStep{text::kReloadWritingPgm, 0ms, [](Flow14& f) { return f.Write_Pgm(); },
-                   text::kReloadWritePgmFailed},
-        ReloadStep{text::kReloadVerifyingPgm, 0ms, [](Flow14& f) { return f.Verify_Pgm(); },
-                   text::kReloadVerifyPgmFailed},
-        ReloadStep{text::kReloadWritingCfg, 200ms, [](Flow14& f) { return f.Write_Cfg(); },
-                   text::kReloadWriteCfgFailed},
-        ReloadStep{text::kVerifyingCfg, 0ms, [](Flow14& f) { return f.Verify_Cfg().result; },
-                   text::kReloadVerifyCfgFailed},
-    };
-    context_.views.ShowProgramMemory();
-    return reload(kSteps, text::kReloadPgmDone);
-}
-
-Outcome Flow14::Eep_Reload() {
-    static constexpr std::array kSteps{
-        ReloadStep{text::kReloadErasingEep, 50ms, [](Flow14& f) { return f.Eep_Erase(); },
-                   text::kReloadEraseEepFailed},
-        ReloadStep{text::kReloadWritingEep, 50ms, [](Flow14& f) { return f.Write_Eep(); },
-                   text::kReloadWriteEepFailed},
-        ReloadStep{text::kReloadVerifyingEep, 50ms, [](Flow14& f) { return f.Verify_Eep(); },
-                   text::kReloadVerifyEepFailed},
-    };
-    context_.views.show_eeprom();
-    return reload(kSteps, text::kReloadEepDone);
 }
 
 }  // namespace quillon

@@ -12,15 +12,15 @@
 #include "app/token.h"
 #include "families/context.h"
 #include "families/family.h"
-#include "link/exchange.h"
 
 namespace quillon {
 
-// What a configuration verify found in the device; both texts are "OK" where all agreed.
+// What a configuration verify found in the device: both texts are "OK" where all agreed, and empty
+// where nothing could be read.
 struct ConfigVerdict {
     Token result = Token::None;
-    std::string config_text = "OK";
-    std::string id_text = "OK";
+    std::string config_text{};
+    std::string id_text{};
 };
 
 class Flow14 : public Family {
@@ -81,6 +81,7 @@ class Flow14 : public Family {
     Outcome conclude(Host::Time started);
     void show_areas_box(const AreaTokens& tokens);
     void report_not_blank(const AreaTokens& tokens);
+    Token read_areas();
     void refresh_after_read();
     Outcome report_verify(const AreaTokens& tokens, const ConfigVerdict& config);
     Outcome reload(std::span<const ReloadStep> steps, std::string_view done);

@@ -67,8 +67,11 @@ inline constexpr std::string_view kWriteCfgFailed =
     "コンフィグレーションのプログラミングに失敗しました。";
 inline constexpr std::string_view kVerifyingCfg =
     "コンフィギュレーションワードのベリファイ中..........";
+// 2 full-width blanks in the middle
 inline constexpr std::string_view kSuccess =
-    "プログラミング成功。　　{}sec　終了時刻：{}  Pass = {}    Fail = {}";
+    "プログラミング成功。"
+    "　　"
+    "{}sec　終了時刻：{}  Pass = {}    Fail = {}";
 inline constexpr std::string_view kFailure =
     "プログラミング失敗。　終了時刻：{}  Pass = {}    Fail = {}";
 inline constexpr std::string_view kVerifyTitle = "ベリファイ";
@@ -103,8 +106,6 @@ inline constexpr std::string_view kVerifyCfgData =
 inline constexpr std::string_view kVerifyLog = "ﾍﾞﾘﾌｧｲ 操作終了";
 
 // One area at a time. 敗しました lacks a character in four of them; it is the product's text.
-inline constexpr std::string_view kReloadWritingPgm =
-    "Ｆｌａｓｈプログラムメモリのプログラミング中..........";
 inline constexpr std::string_view kReloadWritePgmFailed =
     "Ｆｌａｓｈプログラムメモリのプログラミングに敗しました。";
 inline constexpr std::string_view kReloadVerifyingPgm =
@@ -119,6 +120,7 @@ inline constexpr std::string_view kReloadVerifyCfgFailed =
     "コンフィギュレーションワードのベリファイに敗しました。";
 inline constexpr std::string_view kReloadPgmDone =
     "Ｆｌａｓｈプログラムメモリ＆コンフィグレーションワード プログラム終了";
+inline constexpr std::string_view kNoEeprom = "このデバイスにはデータメモリがありません。";
 inline constexpr std::string_view kReloadErasingEep =
     "プログラムデータメモリー..........ＥＥＰＲＯＭデータメモリーの消去中..........";
 inline constexpr std::string_view kReloadEraseEepFailed =

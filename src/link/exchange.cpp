@@ -10,9 +10,10 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kLetterPause = 1ms;
-// The bytes of one report follow each other on the line. A poll that finds the first alone gives
-// the others this long to arrive, so that a report is never taken for a ready byte.
-constexpr auto kReportTime = 2000us;
+// The bytes of one report follow each other on the line, but a USB adapter may cut them in two. A
+// poll that finds the first alone gives the others this long to arrive: a report taken for a ready
+// byte would send image data into the board's command loop.
+constexpr auto kReportTime = 20000us;
 constexpr std::size_t kConfigBlock = 16;
 constexpr std::size_t kConfigReport = 4;
 constexpr std::size_t kItemReport = 3;  // the abort byte and a word
@@ -104,6 +105,7 @@ WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, Limit li
                                    std::uint8_t abort) {
     WriteResult result;
     for (auto& i = result.index; i < image.size(); i += 2) {
+        host_.pump();  // a board that is ready at once would leave the interface unpumped
         if (!wait(1, limit)) {
             result.end = WriteEnd::NoReady;
             break;
@@ -131,9 +133,10 @@ WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, Limit li
 WriteResult Exchange::write_config(std::span<const std::uint8_t> image) {
     WriteResult result;
     for (auto& i = result.index; i < image.size(); i += 2) {
+        host_.pump();
         wait(1, kNoLimit);
         result.reply = take_report(kConfigReport);
-        if (result.reply.size() == kConfigReport) {
+        if (result.reply.size() >= kConfigReport) {
             result.end = WriteEnd::Interrupted;
             return result;
         }

@@ -28,21 +28,6 @@ inline constexpr std::uint8_t kItemFailed = '*';
 // Bytes that the board sends before it waits for our "@".
 inline constexpr std::size_t kReadBlock = 16;
 
-// The AND of all words seen, high and low byte apart: all ones only if each word was.
-struct AndWord {
-    std::uint8_t hi = 0xFF;
-    std::uint8_t lo = 0xFF;
-    void add(std::uint8_t high, std::uint8_t low) {
-        hi &= high;
-        lo &= low;
-    }
-    std::uint16_t value() const { return static_cast<std::uint16_t>(hi << 8 | lo); }
-};
-
-constexpr std::uint16_t word_high_first(std::uint8_t high, std::uint8_t low) {
-    return static_cast<std::uint16_t>(high << 8 | low);
-}
-
 enum class WriteEnd : std::uint8_t {
     Done,
     NoReady,      // no ready byte came within the limit
@@ -90,8 +75,8 @@ class Exchange {
     // bounds each wait. A lone abort byte is a ready byte like any other; only one with more bytes
     // behind it interrupts.
     WriteResult write_stream(std::span<const std::uint8_t> image, Limit limit, std::uint8_t abort);
-    // The same without limits for the configuration area: a reply of four bytes is the report of an
-    // item that failed, and ends the stream.
+    // The same without limits for the configuration area: a reply of four bytes or more is the
+    // report of an item that failed, and ends the stream.
     WriteResult write_config(std::span<const std::uint8_t> image);
 
   private:

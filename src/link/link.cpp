@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <string_view>
@@ -31,6 +32,9 @@ std::optional<double> firm_version(std::string_view identity) {
     const std::string_view digits = identity.substr(identity.size() - 4);
     const auto first = digits.find_first_not_of(' ');
     if (first == std::string_view::npos) return std::nullopt;
+    // from_chars would take "inf" and an exponent too.
+    if (digits.find_first_not_of("0123456789.", first) != std::string_view::npos)
+        return std::nullopt;
     double version = 0;
     const auto [end, error] =
         std::from_chars(digits.data() + first, digits.data() + digits.size(), version);
@@ -73,14 +77,7 @@ void Link::Writer_Find() {
     messages_.ShowMessage(link_text::kSearching);
     if (!open_for_search()) return;
 
-    // The first "?" only wakes the board; its reply is thrown away.
-    for (const bool first : {true, false}) {
-        port_.discard_input();
-        port_.write(std::array{std::uint8_t{'?'}});
-        host_.sleep(200ms);
-        if (first) host_.pump();
-    }
-    if (!wait_for(host_, port_, kReplyBytes, 3s)) {
+    if (!wake_and_ask()) {
         show_no_board();
         messages_.ShowMessage(link_text::kNotFound);
         return;
@@ -100,6 +97,17 @@ void Link::Writer_Find() {
     form_.mnuFirmwareUpdate.Enabled.set(true);
     Firm_Version_Check();
     settings_.save("FirmModule", session_.FirmVersionText.substr(0, 10));
+}
+
+// The first "?" only wakes the board; its reply is thrown away.
+bool Link::wake_and_ask() {
+    for (const bool first : {true, false}) {
+        port_.discard_input();
+        send('?');
+        host_.sleep(200ms);
+        if (first) host_.pump();
+    }
+    return wait_for(host_, port_, kReplyBytes, 3s);
 }
 
 bool Link::open_for_search() {
@@ -190,10 +198,13 @@ Token Link::Power_Delay_Set() {
 
 void Link::Firm_Version_Check() {
     if (session_.FirmVersion >= kRecommendedVersion) return;
+    // A run that begins with Writer_Check has made no search: its reply is all that is known.
+    const auto& current =
+        session_.FirmwareText.empty() ? session_.FirmVersionText : session_.FirmwareText;
     const auto answer = dialogs_.box({
         .title = std::string{link_text::kUpdateTitle},
-        .text = fmt::format(link_text::kUpdateAdvice, link_text::kSupportPage,
-                            session_.FirmwareText, kRecommendedVersion),
+        .text = fmt::format(link_text::kUpdateAdvice, link_text::kSupportPage, current,
+                            kRecommendedVersion),
         .icon = BoxIcon::Critical,
         .buttons = BoxButtons::OkCancel,
         .name = "firmware",

@@ -57,6 +57,7 @@ class Link {
     std::string read_identity();
     void show_board();
     bool open_for_search();
+    bool wake_and_ask();
     bool resynchronise(std::chrono::milliseconds limit);
     Token accept_board();
     Token port_not_chosen();
