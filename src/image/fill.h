@@ -5,6 +5,7 @@
 // "LDR418" stands in no group on purpose: the fills leave its arrays as they are.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -17,10 +18,17 @@ namespace quillon {
 bool is_12bit(std::string_view PgmType);
 // "12F6", "12C6", "EPROM", "EPROM2", "FLASH..." and the modules "LDR412", "LDR412A"
 bool is_14bit(std::string_view PgmType);
-// Types that begin "18"; the loaders and views ask for "18F" instead where the text says so.
+// Types that begin "18".
 bool is_pic18(std::string_view PgmType);
+// Types that begin "18F": the flash parts, whose files and ID have a form of their own.
+bool is_pic18_flash(std::string_view PgmType);
 // The names whose ID is entered as four whole words, Text_ID1 to Text_ID4.
 bool has_four_word_id(std::string_view DeviceName);
+
+// Bytes of PgmMem that the device's words take, and of EepMem that its cells take at two bytes a
+// cell. A catalogue may ask for more than the arrays hold: never more than that, never below 0.
+std::size_t program_span(const Session& session);
+std::size_t eeprom_span(const Session& session);
 
 void FillProgramOnes(Session& session);
 void FillProgramZeros(Session& session);

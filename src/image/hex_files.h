@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The Open sequence: a HEX file is chosen, its ";PIC" comment may select a device, it is loaded.
+//
+// The device is selected once more before anything else, which clears the image: a load never lands
+// on an older file's data. A file that can't be read is refused before the current file, the
+// caption, the settings and the history are touched.
 #pragma once
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 #include "app/dialogs.h"
 #include "app/host.h"
@@ -15,6 +20,8 @@
 #include "catalogue/buffer_commands.h"
 #include "catalogue/config_model.h"
 #include "catalogue/device_selection.h"
+#include "image/hex_loader.h"
+#include "image/history.h"
 #include "image/views.h"
 
 namespace quillon {
@@ -26,8 +33,12 @@ class HexFiles {
              BufferCommands& buffer, DeviceSelection& selection);
 
     // The Open command. Asks for a file by dialog unless one is given: a file dropped on the window
-    // or named to the command line goes the same way as if it had been chosen in the dialog.
+    // or named to the command line goes the same way as if it had been chosen in the dialog. Names
+    // are found without regard to case. OK where the file was loaded, as LoadResult says too.
     Token mnuFileOpen_Click(std::optional<std::filesystem::path> chosen = std::nullopt);
+    // The Open command with its direct flag set: the file at hand (HexFilePath) once more, with no
+    // dialog; neither folder nor history are saved.
+    Token open_directly();
     // Short form: the file of the command line, else a dialog in the given folder. No ";PIC" scan,
     // no history.
     Token mnuFileDirectOpen(const std::filesystem::path& folder);
@@ -38,9 +49,18 @@ class HexFiles {
     void restore_history();
 
   private:
+    void clear_entry_fields();
+    bool device_selected();
+    Token refuse(std::string_view reason);
+    // The file's text, or nothing where it was refused.
+    std::optional<std::string> read(const std::filesystem::path& path);
+    void take_as_current(const std::filesystem::path& path);
+    Token open(const std::filesystem::path& path, std::string_view folder);
+    void select_named_device(std::string_view text);
+    Token load(std::string_view text);
+
     Session& session_;
     MainForm& form_;
-    AboutForm& about_;
     Settings& settings_;
     Host& host_;
     Dialogs& dialogs_;
@@ -49,6 +69,12 @@ class HexFiles {
     ConfigModel& config_;
     BufferCommands& buffer_;
     DeviceSelection& selection_;
+    FileHistory history_;
+    HexLoader loader_;
 };
+
+// The device that a HEX text asks for: what follows the ";" of the last item holding ";PIC", to the
+// item's end. Empty where there is none.
+std::string_view device_named_in(std::string_view text);
 
 }  // namespace quillon

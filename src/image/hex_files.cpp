@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+// The steps of the Open command in their order.
+#include "image/hex_files.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "image/file_names.h"
+#include "image/fill.h"
+#include "image/hex_files_texts.h"
+#include "image/hex_items.h"
+#include "image/text_file.h"
+
+namespace quillon {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A dialog gives whole paths. The name itself where nothing is found: it is refused later. Dots are
+// taken out only where the path still leads to the same file, which a link on its way may prevent.
+fs::path whole_path(const fs::path& name) {
+    std::error_code error;
+    const fs::path whole = fs::absolute(name, error);
+    if (error || name.empty()) return name;
+    const fs::path found = find_ignoring_case(whole).value_or(whole);
+    const fs::path plain = found.lexically_normal();
+    return fs::equivalent(found, plain, error) ? plain : found;
+}
+
+}  // namespace
+
+HexFiles::HexFiles(Session& session, MainForm& form, AboutForm& about, Settings& settings,
+                   Host& host, Dialogs& dialogs, Messages& messages, MemoryViews& views,
+                   ConfigModel& config, BufferCommands& buffer, DeviceSelection& selection)
+    : session_{session},
+      form_{form},
+      settings_{settings},
+      host_{host},
+      dialogs_{dialogs},
+      messages_{messages},
+      views_{views},
+      config_{config},
+      buffer_{buffer},
+      selection_{selection},
+      history_{form, settings},
+      loader_{session, form, about, messages, views, config} {}
+
+Token HexFiles::mnuFileOpen_Click(std::optional<fs::path> chosen) {
+    clear_entry_fields();
+    selection_.Combo_device_Click();
+    if (!device_selected()) return Token::NG;
+    if (!chosen)
+        chosen = dialogs_.file({.kind = FileDialog::Kind::Open,
+                                .folder = path_of(settings_.text("OPEN_DIR0")),
+                                .filter = std::string{hex_files_text::kOpenFilter},
+                                .default_extension = "HEX",
+                                .initial_name = "*.HEX"});
+    const fs::path path = whole_path(chosen.value_or(fs::path{}));
+    return open(path, text_of(path.parent_path()));
+}
+
+Token HexFiles::open_directly() {
+    clear_entry_fields();
+    selection_.Combo_device_Click();
+    if (!device_selected()) return Token::NG;
+    return open(path_of(session_.HexFilePath), "");
+}
+
+Token HexFiles::mnuFileDirectOpen(const fs::path& folder) {
+    clear_entry_fields();
+    if (!device_selected()) return Token::NG;
+    std::optional<fs::path> chosen;
+    if (!session_.CommandLine.empty())
+        chosen = path_of(session_.CommandLine);
+    else
+        chosen = dialogs_.file({.kind = FileDialog::Kind::Open,
+                                .folder = folder,
+                                .filter = std::string{hex_files_text::kDirectFilter},
+                                .default_extension = "hex"});
+    const fs::path path = whole_path(chosen.value_or(fs::path{}));
+    const auto text = read(path);
+    if (!text) return Token::NG;
+    take_as_current(path);
+    return load(*text);
+}
+
+void HexFiles::nmuFile_Click(int n) {
+    form_.Combo_device.select(history_.device_index(n));
+    const fs::path folder = path_of(history_.folder(n));
+    // The entry was lower-cased when it was made.
+    mnuFileDirectOpen(find_ignoring_case(folder).value_or(folder));
+}
+
+void HexFiles::nmuHistryClear_Click() { history_.clear(); }
+
+void HexFiles::restore_history() { history_.restore(); }
+
+void HexFiles::clear_entry_fields() {
+    form_.CmbInit.clear();
+    form_.TxtInit.Text.set("");
+    form_.Lbl_ID_Rev.Caption.set("");
+    form_.Lbl_ID_Dev.Caption.set("");
+}
+
+bool HexFiles::device_selected() {
+    const bool selected = selection_.Mcu_Selected_Check() == Token::OK;
+    if (!selected) session_.LoadResult = "NG";
+    return selected;
+}
+
+Token HexFiles::refuse(std::string_view reason) {
+    messages_.ShowMessage(hex_files_text::kNotOpened, reason);
+    session_.LoadResult = "NG";
+    return Token::NG;
+}
+
+std::optional<std::string> HexFiles::read(const fs::path& path) {
+    auto file = read_text_file(path, host_);
+    switch (file.problem) {
+        case TextFile::Problem::None:
+            return std::move(file.text);
+        case TextFile::Problem::NotReadable:
+            refuse("");
+            break;
+        case TextFile::Problem::TooLarge:
+            refuse(hex_files_text::kTooLarge);
+            break;
+        case TextFile::Problem::NotText:
+            refuse(hex_files_text::kNotText);
+            break;
+    }
+    return std::nullopt;
+}
+
+void HexFiles::take_as_current(const fs::path& path) {
+    buffer_.mnuPcBufferMemoryClear(selection_);
+    form_.Caption.set(fmt::format("{}  {}", text_of(path.filename()), session_.MainTitle));
+    session_.HexFilePath = text_of(path);
+    session_.LoadedHexPath = session_.HexFilePath;
+}
+
+// The whole file is read once: its scan and its load see the same text, and nothing is changed for
+// a file that can't be read. An empty folder is saved nowhere.
+Token HexFiles::open(const fs::path& path, std::string_view folder) {
+    const auto text = read(path);
+    if (!text) return Token::NG;
+    take_as_current(path);
+    if (!folder.empty()) settings_.save("OPEN_DIR0", folder);
+    // A compiler's own output is trusted to suit the device selected.
+    if (settings_.number("CCSC_option", 0) != 1) select_named_device(*text);
+    const Token result = load(*text);
+    if (!folder.empty())
+        history_.add(folder, session_.DeviceName, form_.Combo_device.ListIndex.get());
+    return result;
+}
+
+void HexFiles::select_named_device(std::string_view text) {
+    const std::string name{device_named_in(text)};
+    if (name.empty()) return;
+    const auto& devices = form_.Combo_device.Items.get();
+    const auto at = std::ranges::find(devices, name);
+    if (at == devices.end()) {
+        dialogs_.box({.title = std::string{hex_files_text::kBoxTitle},
+                      .text = fmt::format(hex_files_text::kUnknownDevice, name),
+                      .icon = BoxIcon::Information});
+        return;
+    }
+    // The choice itself must not select: the handler runs once, after it.
+    session_.DeviceEventLock = true;
+    form_.Combo_device.select(static_cast<int>(at - devices.begin()));
+    session_.DeviceEventLock = false;
+    selection_.Combo_device_Click();
+}
+
+Token HexFiles::load(std::string_view text) {
+    loader_.load(text);
+    config_.ConfigGridChanged(form_.SSTab_Config.Tab.get() + 1);
+    session_.ConfigFromFile = false;
+    if (is_pic18_flash(session_.PgmType)) {
+        loader_.show_pic18_id();
+        session_.IdText = form_.Text_ID.Text.get();
+    }
+    views_.ShowProgramMemory();
+    if (session_.EepBytes != 0) views_.show_eeprom();
+    views_.ShowConfigSummary();
+    return session_.LoadResult == "OK" ? Token::OK : Token::NG;
+}
+
+std::string_view device_named_in(std::string_view text) {
+    std::string_view name;
+    HexItems items{text};
+    while (const auto item = items.next()) {
+        const auto mark = item->find(";PIC");
+        if (mark != std::string_view::npos) name = item->substr(mark + 1);
+    }
+    return name;
+}
+
+}  // namespace quillon

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// An Intel HEX text cut into items, and an item cut into its fields.
+//
+// Nothing here keeps a copy: items and records look into the text they came from.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillon {
+
+// An item ends at a line end (CR, LF or both) or at a comma. Leading blanks are dropped. A
+// double-quoted item loses its quotes and may hold commas; a quote that isn't closed ends with its
+// line, so that it can't swallow the file. What stands behind a closing quote is an item again.
+class HexItems {
+  public:
+    explicit HexItems(std::string_view text) : rest_{text} {}
+
+    // Nothing at the end of the text. A line end or comma that ends the text begins no item.
+    std::optional<std::string_view> next();
+
+  private:
+    std::string_view take(std::size_t length);
+    void drop_blanks();
+    void drop_separator();
+
+    std::string_view rest_;
+};
+
+// A record's fields, found by character position; positions count from 1, as in the format's own
+// description. No field is checked for sense, and the check sum is never read.
+class HexRecord {
+  public:
+    // Nothing for a line that is too short or holds a bad digit in one of the three head fields. A
+    // type other than 00 is taken with the rest unread, as such a record is dropped.
+    static std::optional<HexRecord> parse(std::string_view item);
+
+    bool is_data() const { return type_ == 0; }
+    // A 16-bit byte address.
+    unsigned address() const { return address_; }
+    // Characters of the data field, two a byte.
+    std::size_t data_characters() const { return std::size_t{2} * count_; }
+    // Two digits at a position; nothing where the line ends before or a digit is bad.
+    std::optional<std::uint8_t> byte(std::size_t position) const;
+    std::optional<char> character(std::size_t position) const;
+
+  private:
+    std::string_view item_;
+    unsigned count_ = 0;
+    unsigned address_ = 0;
+    unsigned type_ = 0;
+};
+
+// First character of the data.
+inline constexpr std::size_t kHexData = 10;
+
+// An item that begins ":02000004": an extended address record.
+bool is_extended_address(std::string_view item);
+// Its 16-bit value; nothing where the digits are bad or missing.
+std::optional<unsigned> extended_address(std::string_view item);
+
+// The items that were no records, by number. A file of millions of them, which is no HEX file at
+// all, must not become a message of millions of numbers: the list stops at kListed.
+class SkippedItems {
+  public:
+    static constexpr std::size_t kListed = 10'000;
+
+    void add(std::size_t item_number);
+    bool empty() const { return numbers_.empty(); }
+    // "1、3、7"
+    std::string list() const;
+
+  private:
+    std::vector<std::size_t> numbers_;
+    bool more_ = false;
+};
+
+// What a loader came to. A fault stops it; what had been placed before stays.
+struct [[nodiscard]] HexLoad {
+    bool ok = false;
+    SkippedItems skipped{};
+    bool has_config = false;  // the file supplied configuration words
+    bool has_eeprom = false;  // PIC18: it supplied EEPROM data other than blank cells
+};
+
+}  // namespace quillon

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+// How an ID record becomes the ID words, by type and by device.
+#pragma once
+
+#include <string_view>
+
+#include "app/session.h"
+#include "image/hex_items.h"
+
+namespace quillon {
+
+// A record at 0x4000. False for a record too short for four words or with a bad digit.
+[[nodiscard]] bool take_id_record(const HexRecord& record, Session& session);
+
+// 12-bit parts keep their ID behind program memory: whether that is the byte address.
+bool is_own_id_address(const DeviceRecord& device, unsigned address);
+// A record there: four digits, one from each word. False as above.
+[[nodiscard]] bool take_id_digits(const HexRecord& record, Session& session);
+
+// After the last record: the upper bits of the ID words as an erased device of the type has them.
+// `device_shown` is the device in Combo_device.
+void fix_id_words(std::string_view device_shown, Session& session);
+
+}  // namespace quillon

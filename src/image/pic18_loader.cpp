@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+// The zones of the PIC18 loader.
+//
+// The image holds a program word high byte first, so each byte of the file goes to the other place
+// of its pair. ID, configuration and EEPROM bytes keep the file's order. The ID and EEPROM zones go
+// by two bytes: with an odd byte count the last one is the check sum.
+#include "image/pic18_loader.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+namespace quillon {
+
+namespace {
+
+constexpr unsigned kBehindProgram = 0x20;
+constexpr unsigned kId = 0x20;
+constexpr unsigned kConfig = 0x30;
+constexpr unsigned kEeprom = 0xF0;
+// A ninth ID byte has room in the zone but stands for nothing.
+constexpr std::size_t kIdZone = 9;
+constexpr std::uint8_t kBlank = 0xFF;
+
+class Pic18Image {
+  public:
+    explicit Pic18Image(Session& session) : session_{session} {}
+
+    void set_upper(unsigned upper) { upper_ = upper; }
+    // False for a fault.
+    [[nodiscard]] bool place(const HexRecord& record);
+    // Rounds up what the records used, at the end of the text.
+    void finish();
+
+    bool has_config() const { return has_config_; }
+    bool has_eeprom() const { return has_eeprom_; }
+
+  private:
+    // Calls `store` with address and value of each byte, `step` bytes at a time.
+    template <typename Store>
+    [[nodiscard]] bool each_byte(const HexRecord& record, std::size_t step, Store store);
+
+    bool place_program(const HexRecord& record);
+    bool store_id(std::size_t index, std::uint8_t byte);
+    bool store_config(std::size_t index, std::uint8_t byte);
+    bool store_eeprom(std::size_t index, std::uint8_t byte);
+
+    Session& session_;
+    unsigned upper_ = 0;
+    bool has_config_ = false;
+    bool has_eeprom_ = false;
+};
+
+template <typename Store>
+bool Pic18Image::each_byte(const HexRecord& record, std::size_t step, Store store) {
+    const std::size_t bytes = record.data_characters() / 2;
+    for (std::size_t at = 0; at < bytes; at += step) {
+        for (std::size_t i = at; i < at + step; ++i) {
+            const auto byte = record.byte(kHexData + 2 * i);
+            if (!byte || !store(record.address() + i, *byte)) return false;
+        }
+    }
+    return true;
+}
+
+bool Pic18Image::place(const HexRecord& record) {
+    if (upper_ < kBehindProgram) return place_program(record);
+    if (upper_ == kId)
+        return each_byte(record, 2, [&](std::size_t i, std::uint8_t b) { return store_id(i, b); });
+    if (upper_ == kConfig)
+        return each_byte(record, 1,
+                         [&](std::size_t i, std::uint8_t b) { return store_config(i, b); });
+    if (upper_ == kEeprom)
+        return each_byte(record, 2,
+                         [&](std::size_t i, std::uint8_t b) { return store_eeprom(i, b); });
+    return true;
+}
+
+// Of the extended address only bit 0 counts on purpose: 2 folds onto 0 and 3 onto 1.
+bool Pic18Image::place_program(const HexRecord& record) {
+    auto& memory = session_.PgmMem;
+    const std::size_t base = (upper_ & 1U) * 0x10000U;
+    return each_byte(record, 1, [&](std::size_t address, std::uint8_t byte) {
+        const std::size_t place = (base + address) ^ 1U;
+        memory[place] = byte;
+        // The last byte of the word that stands there, not of the highest word so far.
+        const std::size_t word = place & ~std::size_t{1};
+        if (memory[word] < kBlank || memory[word + 1] < kBlank)
+            session_.PgmWordsCat = static_cast<std::int32_t>(word + 1);
+        return true;
+    });
+}
+
+bool Pic18Image::store_id(std::size_t index, std::uint8_t byte) {
+    if (index >= kIdZone) return false;
+    if (index < session_.IdBytes18.size()) session_.IdBytes18[index] = byte;
+    return true;
+}
+
+bool Pic18Image::store_config(std::size_t index, std::uint8_t byte) {
+    if (index >= session_.CfgBytes18.size()) return false;
+    session_.CfgBytes18[index] = byte;
+    has_config_ = true;
+    return true;
+}
+
+bool Pic18Image::store_eeprom(std::size_t index, std::uint8_t byte) {
+    if (index >= session_.EepMem.size()) return false;
+    session_.EepMem[index] = byte;
+    if (byte < kBlank) {
+        session_.EepBytesCat = static_cast<std::int32_t>(index);
+        has_eeprom_ = true;
+    }
+    return true;
+}
+
+void Pic18Image::finish() {
+    const std::int32_t buffer = std::max<std::int32_t>(session_.WriteBufBytes, 16);
+    const std::int32_t blocks = (session_.PgmWordsCat + 1 + buffer - 1) / buffer;
+    session_.PgmWordsCat = std::min(blocks * buffer / 2, session_.PgmWords);
+    has_eeprom_ = has_eeprom_ && session_.EepBytes > 0;
+    session_.EepBytesCat = has_eeprom_ ? std::min(session_.EepBytesCat + 1, session_.EepBytes) : 0;
+    for (std::size_t n = 1; n <= kConfigWords; ++n) {
+        const std::uint32_t word =
+            session_.CfgBytes18[2 * n - 1] * 256U + session_.CfgBytes18[2 * n - 2];
+        session_.ConfigWord[n] = (word & session_.ConfigMask[n]) | session_.ConfigForce[n];
+    }
+}
+
+bool place_items(std::string_view text, Pic18Image& image, SkippedItems& skipped) {
+    HexItems items{text};
+    for (std::size_t number = 1; const auto item = items.next(); ++number) {
+        if (!item->starts_with(':')) {
+            skipped.add(number);
+            continue;
+        }
+        if (is_extended_address(*item)) {
+            const auto upper = extended_address(*item);
+            if (!upper) return false;
+            image.set_upper(*upper);
+            continue;
+        }
+        const auto record = HexRecord::parse(*item);
+        if (!record) return false;
+        if (record->is_data() && !image.place(*record)) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+HexLoad load_pic18(std::string_view text, Session& session) {
+    HexLoad load;
+    Pic18Image image{session};
+    session.PgmWordsCat = 0;
+    session.EepBytesCat = 0;
+    session.IdText = "FFFF";
+    load.ok = place_items(text, image, load.skipped);
+    if (load.ok) {
+        image.finish();
+    } else {
+        session.PgmWordsCat = session.PgmWords;
+        session.EepBytesCat = session.EepBytes;
+    }
+    load.has_config = image.has_config();
+    load.has_eeprom = image.has_eeprom();
+    return load;
+}
+
+}  // namespace quillon
