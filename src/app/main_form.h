@@ -66,11 +66,12 @@ struct MainForm : Form {
     Label Label_DEV_id{*this, "Label_DEV_id", "--"};
     Label Label_DEV_rev{*this, "Label_DEV_rev", "--"};
     Shape Frame2{*this, "Frame2"};
-    CheckBox Chk_12F_CalibData_Select{*this, "Chk_12F_CalibData_Select"};
-    CheckBox Chk_UseFileData{*this, "Chk_UseFileData"};
-    CheckBox Check_Parity_Disp{*this, "Check_Parity_Disp"};
-    Label Label_Calib{*this, "Label_Calib"};
-    Label Label_CalibInfo{*this, "Label_CalibInfo"};
+    CheckBox Chk_12F_CalibData_Select{*this, "Chk_12F_CalibData_Select",
+                                      "デバイス内部のデータを保持する"};
+    CheckBox Chk_UseFileData{*this, "Chk_UseFileData", "ファイルのデータを使用する"};
+    CheckBox Check_Parity_Disp{*this, "Check_Parity_Disp", "パリティビットを表示する"};
+    Label Label_Calib{*this, "Label_Calib", "ｷｬﾘﾌﾞﾚｰｼｮﾝﾃﾞｰﾀ"};
+    Label Label_CalibInfo{*this, "Label_CalibInfo", "工場出荷時のｷｬﾘﾌﾞﾚｰｼｮﾝﾃﾞｰﾀ"};
     Label Lbl_Calib_ReadWrite_Data{*this, "Lbl_Calib_ReadWrite_Data", "--"};
     TextBox Text_Calib_Data{*this, "Text_Calib_Data", "--"};
     Label Label_BG{*this, "Label_BG", "BG"};
@@ -167,6 +168,10 @@ struct MainForm : Form {
     int Left = 100;  // twips
     int Top = 100;
     int Height = 7860;
+    int Width = 10710;             // fixed
+    int ScaleWidth = 10710;        // inner width; a window with a border keeps it here
+    Property<int> LabelBackWidth;  // of Label_back
+    Signal<> Placed;               // Left, Top or Height was set by the program
 };
 
 // The drawing of the board: the socket to use and the jumper's place.
@@ -180,6 +185,9 @@ struct BoardForm : Form {
     Shape Shape_23{*this, "Shape_23"};
     Label Label_sel{*this, "Label_sel", "どちらでも可"};
     Label Label2{*this, "Label2", "Ｉｎｄｅｘ は上向き"};
+
+    int Left = 0;  // twips
+    int Top = 0;
 };
 
 struct AboutForm : Form {

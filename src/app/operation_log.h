@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The operation log: a chain of text files in TempDir, "LOG_NEW0.txt" the current one.
+//
+// A line is written whole or not at all: what a full disk cut off is taken back, so that the next
+// line doesn't run into half of this one.
 #pragma once
 
+#include <array>
+#include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +18,12 @@
 #include "app/session.h"
 
 namespace quillon {
+
+// The chain, the current file first, then from the newest to the oldest.
+inline constexpr std::array<std::string_view, 10> kLogFiles{
+    "LOG_NEW0.txt", "LOG_OLD1.txt", "LOG_OLD2.txt", "LOG_OLD3.txt", "LOG_OLD4.txt",
+    "LOG_OLD5.txt", "LOG_OLD6.txt", "LOG_OLD7.txt", "LOG_OLD8.txt", "LOG_OLD9.txt",
+};
 
 class OperationLog {
   public:
@@ -24,22 +36,33 @@ class OperationLog {
     // Appends what an operation without a result leaves: the text, two TABs, date and time.
     void note(std::string_view text);
 
-    Signal<const std::string&> appended;  // each line, without its end
+    Signal<const std::string&> appended;  // each line that was written, without its end
 
   private:
     void append(const std::string& line);
+    void tell_once();
 
     const Session& session_;
     const MainForm& form_;
     const Host& host_;
     Messages& messages_;
+    bool told_ = false;  // the user knows that the log can't be written
 };
 
 // "2026-11-20 14:03:22", the log's date and time on every platform, so that logs sort.
 std::string log_time(const std::tm& time);
 
-// Pushes the chain by one where the current file holds anything. Each step replaces a file whole:
-// where one fails, the chain from there on stays as it was. Call once, at start-up.
-void rotate_log(const std::string& TempDir);
+// Moves a file to a new name, replacing what stands there; false where that can't be done.
+using MoveFile =
+    std::function<bool(const std::filesystem::path& from, const std::filesystem::path& to)>;
+bool move_file(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// Pushes the chain by one where the current file holds anything; the oldest is lost. Call once, at
+// start-up. No content is copied, so a full disk can't leave half a file; where one file can't be
+// moved, those moved before are put back and the chain stays as it was.
+void rotate_log(const std::string& TempDir, const MoveFile& move = move_file);
+
+// Opens each log that exists with its default program, the newest last so that it ends on top.
+void mnuLogFileOpen(const Session& session, Host& host, Messages& messages);
 
 }  // namespace quillon

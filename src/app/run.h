@@ -3,14 +3,15 @@
 // window, of the command line and of the tests.
 #pragma once
 
-#include <string_view>
-
 #include "app/buttons.h"
+#include "app/device_select_form.h"
 #include "app/dialogs.h"
 #include "app/host.h"
 #include "app/main_form.h"
+#include "app/menu_commands.h"
 #include "app/messages.h"
 #include "app/operation_log.h"
+#include "app/option_form.h"
 #include "app/session.h"
 #include "app/settings.h"
 #include "catalogue/buffer_commands.h"
@@ -26,6 +27,10 @@
 
 namespace quillon {
 
+// In the order of making: each object knows only those above it.
+//
+// A Dialogs shows frmOption and frmDeviceSelect by binding to option_form and device_select_form;
+// both are loaded when it is called, and done when Visible is false.
 struct Run {
     Run(SettingsStore& store, Host& host_, SerialPort& port_, Dialogs& dialogs_);
     Run(const Run&) = delete;
@@ -38,9 +43,13 @@ struct Run {
     MainForm form;
     BoardForm board;
     AboutForm about;
+    OptionForm option_form;
+    DeviceSelectForm device_select_form;
     Settings settings;
     Messages messages;
     OperationLog log;
+    OptionDialog option;
+    DeviceSelectDialog device_select;
     MemoryViews views;
     Catalogue catalogue;
     ConfigModel config;
@@ -50,6 +59,11 @@ struct Run {
     Link link;
     RunContext context;
     Flows flows;
+    MenuCommands menu;
 };
+
+// Writer_Find outside of an operation, in a frame of its own: false where the user gave the program
+// up meanwhile. A port that vanished is closed, and the user told.
+[[nodiscard]] bool search_board(Run& run);
 
 }  // namespace quillon

@@ -7,22 +7,42 @@
 
 namespace quillon {
 
+namespace {
+
+std::optional<int> to_number(std::string_view text) {
+    const std::string value = trim(text);
+    int result = 0;
+    const auto* last = value.data() + value.size();
+    const auto [end, error] = std::from_chars(value.data(), last, result);
+    if (error != std::errc{} || end != last) return std::nullopt;
+    return result;
+}
+
+std::optional<bool> to_flag(std::string_view text) {
+    const std::string value = upper(trim(text));
+    if (value == "TRUE") return true;
+    if (value == "FALSE") return false;
+    const auto number = to_number(value);
+    return number ? std::optional{*number != 0} : std::nullopt;
+}
+
+}  // namespace
+
 std::string Settings::text(std::string_view key, std::string_view default_value) const {
     return store_.read(kSection, key).value_or(std::string{default_value});
 }
 
 int Settings::number(std::string_view key, int default_value) const {
-    const std::string value = trim(text(key));
-    int result = 0;
-    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), result);
-    return error == std::errc{} && end == value.data() + value.size() ? result : default_value;
+    return to_number(text(key)).value_or(default_value);
 }
 
 bool Settings::flag(std::string_view key, bool default_value) const {
-    const std::string value = upper(trim(text(key)));
-    if (value == "TRUE") return true;
-    if (value == "FALSE") return false;
-    return number(key, default_value ? 1 : 0) != 0;
+    return to_flag(text(key)).value_or(default_value);
+}
+
+bool Settings::converts(std::string_view key) const {
+    const auto value = store_.read(kSection, key);
+    return !value || to_flag(*value).has_value();
 }
 
 bool Settings::save(std::string_view key, std::string_view value) {

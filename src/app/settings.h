@@ -15,6 +15,8 @@ class SettingsStore {
     virtual ~SettingsStore() = default;
     virtual std::optional<std::string> read(std::string_view section, std::string_view key) = 0;
     virtual bool write(std::string_view section, std::string_view key, std::string_view value) = 0;
+    // What is wrong with the store, for the user to read; empty while nothing is.
+    virtual std::string problem() const { return {}; }
 };
 
 class Settings {
@@ -28,11 +30,15 @@ class Settings {
     int number(std::string_view key, int default_value) const;
     // "1", "true" and any number but 0 are true; "0", "false" false; anything else the default.
     bool flag(std::string_view key, bool default_value) const;
+    // False for a value that number() or flag() can't convert; a missing one can be.
+    bool converts(std::string_view key) const;
 
     // False where the store couldn't be written.
     bool save(std::string_view key, std::string_view value);
     bool save(std::string_view key, int value);
     bool save_flag(std::string_view key, bool value);  // "1" or "0"
+
+    std::string problem() const { return store_.problem(); }
 
   private:
     SettingsStore& store_;

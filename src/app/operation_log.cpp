@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "app/operation_log.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <fstream>
+#include <system_error>
+
+#include "app/operation_log_texts.h"
+
+namespace quillon {
+
+namespace {
+
+using namespace std::chrono_literals;
+namespace fs = std::filesystem;
+
+// The types whose calibration word was read or written along with the part.
+constexpr std::array<std::string_view, 4> kCalibratedTypes{"12C5", "10F2", "12C6", "12F6"};
+
+// Text mode: the line ends as lines end on this platform.
+bool write_line(const fs::path& path, const std::string& line) {
+    std::error_code ignored;
+    const auto before = fs::file_size(path, ignored);
+    const bool existed = !ignored;
+    std::ofstream file{path, std::ios::app};
+    file << line << '\n';
+    file.close();
+    if (!file.fail()) return true;
+    if (existed && fs::is_regular_file(path, ignored)) fs::resize_file(path, before, ignored);
+    return false;
+}
+
+}  // namespace
+
+std::string log_time(const std::tm& time) {
+    return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", time.tm_year + 1900, time.tm_mon + 1,
+                       time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec);
+}
+
+void OperationLog::LOG_data_write() {
+    std::string line = fmt::format("{}  {}  ID:{}  ", session_.FailDetail, session_.DeviceName,
+                                   form_.Text_ID.Text.get());
+    if (std::ranges::find(kCalibratedTypes, session_.PgmType) != kCalibratedTypes.end())
+        line += form_.Lbl_Calib_ReadWrite_Data.Caption.get() + "  ";
+    append(fmt::format("{}{}\t{}", line, session_.LoadedHexPath, log_time(host_.local_time())));
+}
+
+void OperationLog::note(std::string_view text) {
+    append(fmt::format("{}\t\t{}", text, log_time(host_.local_time())));
+}
+
+void OperationLog::append(const std::string& line) {
+    if (!write_line(fs::path{session_.TempDir} / kLogFiles.front(), line)) {
+        tell_once();
+        return;
+    }
+    told_ = false;
+    appended.emit(line);
+}
+
+// The verdict on the part stays on the screen, in the colour that it has: a log that can't be
+// written makes no good part look bad, and no bad one look good.
+void OperationLog::tell_once() {
+    if (told_) return;
+    told_ = true;
+    const bool red = form_.LabelCmt.ForeColor.get() == Colour::Red;
+    messages_.AddMessage(fmt::format("{}{}", red ? "red" : "", log_text::kNotWritten),
+                         (fs::path{session_.TempDir} / kLogFiles.front()).string());
+}
+
+void mnuLogFileOpen(const Session& session, Host& host, Messages& messages) {
+    bool found = false;
+    bool opened = true;
+    for (auto name = kLogFiles.rbegin(); name != kLogFiles.rend(); ++name) {
+        const fs::path path = fs::path{session.TempDir} / *name;
+        std::error_code ignored;
+        if (!fs::is_regular_file(path, ignored)) continue;
+        found = true;
+        opened = host.open_document(path.string()) && opened;
+        host.pump();
+        host.sleep(200ms);
+        host.pump();
+        host.pump();
+    }
+    if (!found) messages.ShowMessage(log_text::kNoLogFile);
+    if (!opened) messages.ShowMessage(log_text::kNotOpened);
+}
+
+}  // namespace quillon

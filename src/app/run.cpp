@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "app/run.h"
+
+#include "app/start_up_texts.h"
+
+namespace quillon {
+
+Run::Run(SettingsStore& store, Host& host_, SerialPort& port_, Dialogs& dialogs_)
+    : host{host_},
+      port{port_},
+      dialogs{dialogs_},
+      settings{store},
+      messages{form},
+      log{session, form, host, messages},
+      option{option_form, session, settings, port, dialogs, messages},
+      device_select{device_select_form, session, form},
+      views{session, form, host},
+      catalogue{session, form, board, host, dialogs},
+      config{session, form, messages, views, catalogue},
+      buffer{session, form, views, config},
+      selection{session,  form,  board,     settings, dialogs,
+                messages, views, catalogue, config,   buffer},
+      files{session,  form,  about,  settings, host,     dialogs,
+            messages, views, config, buffer,   selection},
+      link{session, form, settings, host, port, dialogs, messages},
+      context{session, form, host, port, dialogs, messages, log, views, config, selection, link},
+      flows{context},
+      menu{*this} {
+    form.Combo_device.Click = [this] { selection.Combo_device_Click(); };
+}
+
+bool search_board(Run& run) {
+    try {
+        run.link.Writer_Find();
+        return true;
+    } catch (const Abandoned& abandoned) {
+        run.port.close();
+        if (abandoned.reason != Abandoned::Reason::PortLost) return false;
+        run.link.show_no_board();
+        run.messages.ShowMessage(start_up_text::kPortLost);
+        return true;
+    }
+}
+
+}  // namespace quillon

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// What the user is told of a settings file that can't be used as it should.
+#pragma once
+
+#include <string_view>
+
+namespace quillon::ini_text {
+
+inline constexpr std::string_view kDamaged =
+    "設定ファイルが壊れているため、読み出せた設定だけを使用します。";
+inline constexpr std::string_view kUnreadable =
+    "設定ファイルを読み出せないため、既定値を使用します。";
+inline constexpr std::string_view kNotWritten =
+    "設定ファイルに書き込むことができませんでした。設定は保存されません。";
+
+}  // namespace quillon::ini_text

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "app/device_select_form.h"
+
+#include <gtest/gtest.h>
+
+namespace quillon {
+namespace {
+
+class frmDeviceSelect : public testing::Test {
+  protected:
+    frmDeviceSelect() {
+        session.DeviceList = {"PIC16F877", "PIC16F877A", "PIC12F675"};
+        session.CommandLine = "/A/X.HEX";
+        main_form.Combo_device.Items.set(session.DeviceList);
+        main_form.Left = 100;
+        main_form.Top = 200;
+    }
+    DeviceSelectForm form;
+    Session session;
+    MainForm main_form;
+    DeviceSelectDialog dialog{form, session, main_form};
+};
+
+TEST_F(frmDeviceSelect, asks_nothing_without_a_file) {
+    session.CommandLine.clear();
+    EXPECT_FALSE(dialog.Form_Load());
+    EXPECT_FALSE(form.Visible.get());
+}
+
+TEST_F(frmDeviceSelect, stands_beside_the_main_forms_corner) {
+    EXPECT_TRUE(dialog.Form_Load());
+    EXPECT_EQ(form.Caption.get(), "マイコン選択サブウインドウ");
+    EXPECT_EQ(form.Left, 2800);
+    EXPECT_EQ(form.Top, 900);
+    EXPECT_TRUE(form.Visible.get());
+}
+
+TEST_F(frmDeviceSelect, offers_the_devices_with_the_main_forms_choice) {
+    main_form.Combo_device.select(2);
+    dialog.Form_Load();
+    EXPECT_EQ(form.Combo_device.Items.get(), session.DeviceList);
+    EXPECT_EQ(form.Combo_device.ListIndex.get(), 2);
+    EXPECT_EQ(form.Combo_device.Text.get(), "PIC12F675");
+}
+
+TEST_F(frmDeviceSelect, stops_filling_at_the_first_empty_entry) {
+    session.DeviceList = {"PIC16F877", "", "PIC12F675"};
+    main_form.Combo_device.select(2);
+    dialog.Form_Load();
+    EXPECT_EQ(form.Combo_device.Items.get(), std::vector<std::string>{"PIC16F877"});
+    EXPECT_EQ(form.Combo_device.ListIndex.get(), -1);
+}
+
+TEST_F(frmDeviceSelect, is_done_at_once_where_the_operand_is_a_devices_name) {
+    session.CmdArg2 = "PIC16F877A";
+    EXPECT_FALSE(dialog.Form_Load());
+    EXPECT_EQ(session.PickedDevice, "PIC16F877A");
+    EXPECT_FALSE(form.Visible.get());
+}
+
+TEST_F(frmDeviceSelect, compares_the_operand_with_regard_to_case) {
+    session.DeviceList = {"PIC16lf877"};
+    session.CmdArg2 = "PIC16LF877";
+    EXPECT_TRUE(dialog.Form_Load());
+    EXPECT_EQ(session.PickedDevice, "");
+}
+
+TEST_F(frmDeviceSelect, takes_the_device_by_OK) {
+    dialog.Form_Load();
+    form.Combo_device.select("PIC12F675");
+    dialog.OKButton_Click();
+    EXPECT_EQ(session.PickedDevice, "PIC12F675");
+    EXPECT_EQ(session.CommandLine, "/A/X.HEX");
+    EXPECT_FALSE(form.Visible.get());
+}
+
+TEST_F(frmDeviceSelect, forgets_the_file_by_cancel) {
+    dialog.Form_Load();
+    dialog.CancelButton_Click();
+    EXPECT_EQ(session.CommandLine, "");
+    EXPECT_EQ(session.PickedDevice, "");
+    EXPECT_FALSE(form.Visible.get());
+}
+
+}  // namespace
+}  // namespace quillon

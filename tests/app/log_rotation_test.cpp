@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+#include "app/operation_log.h"
+#include "support/fakes.h"
+
+namespace quillon {
+namespace {
+
+namespace fs = std::filesystem;
+using test::TempFolder;
+
+using Chain = std::map<std::string, std::string>;
+
+const Chain kFull{
+    {"LOG_NEW0.txt", "new\n"}, {"LOG_OLD1.txt", "1\n"}, {"LOG_OLD2.txt", "2\n"},
+    {"LOG_OLD3.txt", "3\n"},   {"LOG_OLD4.txt", "4\n"}, {"LOG_OLD5.txt", "5\n"},
+    {"LOG_OLD6.txt", "6\n"},   {"LOG_OLD7.txt", "7\n"}, {"LOG_OLD8.txt", "8\n"},
+    {"LOG_OLD9.txt", "9\n"},
+};
+const Chain kPushed{
+    {"LOG_OLD1.txt", "new\n"}, {"LOG_OLD2.txt", "1\n"}, {"LOG_OLD3.txt", "2\n"},
+    {"LOG_OLD4.txt", "3\n"},   {"LOG_OLD5.txt", "4\n"}, {"LOG_OLD6.txt", "5\n"},
+    {"LOG_OLD7.txt", "6\n"},   {"LOG_OLD8.txt", "7\n"}, {"LOG_OLD9.txt", "8\n"},
+};
+
+class rotate_log_ : public testing::Test {
+  protected:
+    void given(const Chain& chain) {
+        for (const auto& [name, content] : chain) folder.write(name, content);
+    }
+    // All files of the folder, whatever their names.
+    Chain chain() const {
+        Chain found;
+        for (const auto& entry : fs::directory_iterator{folder.path()})
+            if (entry.is_regular_file())
+                found[entry.path().filename().string()] =
+                    folder.read(entry.path().filename().string());
+        return found;
+    }
+    void rotate() { rotate_log(folder.path().string() + "/"); }
+
+    TempFolder folder;
+};
+
+TEST_F(rotate_log_, pushes_the_chain_by_one_and_loses_the_oldest) {
+    given(kFull);
+    rotate();
+    EXPECT_EQ(chain(), kPushed);
+}
+
+TEST_F(rotate_log_, keeps_the_chain_of_a_session_that_wrote_no_line) {
+    auto quiet = kFull;
+    quiet["LOG_NEW0.txt"] = "";
+    given(quiet);
+    rotate();
+    EXPECT_EQ(chain(), quiet);
+}
+
+TEST_F(rotate_log_, makes_an_empty_file_of_each_name_that_is_missing) {
+    rotate();
+    Chain empty;
+    for (const auto& [name, content] : kFull) empty[name] = "";
+    EXPECT_EQ(chain(), empty);
+}
+
+TEST_F(rotate_log_, pushes_the_first_log_of_all) {
+    given({{"LOG_NEW0.txt", "new\n"}});
+    rotate();
+    auto expected = kPushed;
+    for (auto& [name, content] : expected)
+        if (name != "LOG_OLD1.txt") content = "";
+    EXPECT_EQ(chain(), expected);
+}
+
+TEST_F(rotate_log_, closes_the_gap_that_a_crash_has_left) {
+    auto gap = kFull;
+    gap.erase("LOG_OLD4.txt");
+    given(gap);
+    rotate();
+    auto expected = kPushed;
+    expected["LOG_OLD5.txt"] = "";
+    EXPECT_EQ(chain(), expected);
+}
+
+TEST_F(rotate_log_, leaves_the_whole_chain_wherever_a_file_cannot_be_moved) {
+    for (int refused = 0; refused < 10; ++refused) {
+        given(kFull);
+        int moved = 0;
+        rotate_log(folder.path().string() + "/", [&](const fs::path& from, const fs::path& to) {
+            return moved++ != refused && move_file(from, to);
+        });
+        EXPECT_EQ(moved, refused + 1);
+        EXPECT_EQ(chain(), kFull) << "at move " << refused;
+    }
+}
+
+TEST_F(rotate_log_, leaves_the_chain_where_something_else_stands_in_a_logs_place) {
+    auto others = kFull;
+    others.erase("LOG_OLD5.txt");
+    given(others);
+    fs::create_directory(folder / "LOG_OLD5.txt");
+    rotate();
+    EXPECT_EQ(chain(), others);
+}
+
+TEST_F(rotate_log_, ignores_a_work_folder_that_is_not_there) {
+    rotate_log((folder / "absent").string() + "/");
+    EXPECT_FALSE(fs::exists(folder / "absent"));
+}
+
+}  // namespace
+}  // namespace quillon

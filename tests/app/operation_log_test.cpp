@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "app/operation_log.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <vector>
+
+#include "support/fakes.h"
+
+namespace quillon {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using test::FakeHost;
+using test::TempFolder;
+
+class LogBench : public testing::Test {
+  protected:
+    LogBench() {
+        session.TempDir = folder.path().string() + "/";
+        session.FailDetail = "プログラム成功";
+        session.DeviceName = "PIC16F877A";
+        session.PgmType = "FLASH8";
+        session.LoadedHexPath = "/home/u/blink.hex";
+        form.Text_ID.Text.set("FFFF");
+        form.Lbl_Calib_ReadWrite_Data.Caption.set("3480");
+    }
+    std::string content() const { return folder.read("LOG_NEW0.txt"); }
+    const std::string& caption() const { return form.LabelCmt.Caption.get(); }
+
+    TempFolder folder;
+    Session session;
+    MainForm form;
+    FakeHost host;
+    Messages messages{form};
+    OperationLog log{session, form, host, messages};
+};
+
+class LOG_data_write : public LogBench {};
+class mnuLogFileOpen_ : public LogBench {};
+
+TEST_F(LOG_data_write, writes_result_device_id_file_and_time) {
+    log.LOG_data_write();
+    EXPECT_EQ(content(),
+              "プログラム成功  PIC16F877A  ID:FFFF  /home/u/blink.hex\t2026-11-20 14:03:22\n");
+}
+
+TEST_F(LOG_data_write, adds_the_calibration_word_for_the_four_types_that_have_it) {
+    for (const auto* type : {"12C5", "10F2", "12C6", "12F6"}) {
+        fs::remove(folder / "LOG_NEW0.txt");
+        session.PgmType = type;
+        log.LOG_data_write();
+        EXPECT_EQ(content(),
+                  "プログラム成功  PIC16F877A  ID:FFFF  3480  /home/u/blink.hex\t"
+                  "2026-11-20 14:03:22\n")
+            << type;
+    }
+}
+
+TEST_F(LOG_data_write, leaves_the_calibration_word_out_for_all_others) {
+    for (const auto* type : {"5F28", "5F18", "FLASH6", "18F_00", ""}) {
+        fs::remove(folder / "LOG_NEW0.txt");
+        session.PgmType = type;
+        log.LOG_data_write();
+        EXPECT_EQ(content().find("3480"), std::string::npos) << type;
+    }
+}
+
+TEST_F(LOG_data_write, keeps_the_blanks_of_what_is_empty) {
+    session.FailDetail = session.DeviceName = session.LoadedHexPath = "";
+    form.Text_ID.Text.set("");
+    log.LOG_data_write();
+    EXPECT_EQ(content(), "    ID:  \t2026-11-20 14:03:22\n");
+}
+
+TEST_F(LOG_data_write, appends) {
+    folder.write("LOG_NEW0.txt", "old\n");
+    log.LOG_data_write();
+    EXPECT_EQ(content().substr(0, 4), "old\n");
+    EXPECT_EQ(content().size(),
+              std::string{"old\n"}.size() + std::string{"プログラム成功  PIC16F877A  ID:FFFF  "
+                                                        "/home/u/blink.hex\t2026-11-20 14:03:22\n"}
+                                                .size());
+}
+
+TEST_F(LOG_data_write, hands_the_line_on_to_those_who_follow_along) {
+    std::vector<std::string> lines;
+    const auto connection =
+        log.appended.connect([&](const std::string& line) { lines.push_back(line); });
+    log.LOG_data_write();
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0] + "\n", content());
+}
+
+TEST_F(LOG_data_write, leaves_a_note_of_an_operation_without_a_result) {
+    log.note("電源の異常");
+    EXPECT_EQ(content(), "電源の異常\t\t2026-11-20 14:03:22\n");
+}
+
+// A folder in the file's place stands for every file that can't be opened for writing: the
+// superuser, who runs tests, is stopped by no attribute.
+TEST_F(LOG_data_write, tells_once_that_the_log_cannot_be_opened_and_keeps_the_verdict) {
+    fs::create_directory(folder / "LOG_NEW0.txt");
+    messages.ShowMessage("プログラム成功");
+    std::vector<std::string> lines;
+    const auto connection =
+        log.appended.connect([&](const std::string& line) { lines.push_back(line); });
+    log.LOG_data_write();
+    const std::string told = caption();
+    EXPECT_TRUE(
+        told.starts_with("プログラム成功 \r\nログファイルに書き込むことができませんでした。"))
+        << told;
+    EXPECT_NE(told.find((folder / "LOG_NEW0.txt").string()), std::string::npos) << told;
+    EXPECT_EQ(form.LabelCmt.ForeColor.get(), Colour::Black);
+    log.LOG_data_write();
+    EXPECT_EQ(caption(), told);
+    EXPECT_EQ(lines.size(), 0U);
+}
+
+TEST_F(LOG_data_write, leaves_a_failure_red_when_the_log_cannot_be_written) {
+    fs::create_directory(folder / "LOG_NEW0.txt");
+    messages.ShowMessage("red失敗");
+    log.LOG_data_write();
+    EXPECT_EQ(form.LabelCmt.ForeColor.get(), Colour::Red);
+    EXPECT_TRUE(caption().starts_with("失敗 \r\nログファイル")) << caption();
+}
+
+TEST_F(LOG_data_write, tells_of_a_full_disk) {
+    if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
+    fs::create_symlink("/dev/full", folder / "LOG_NEW0.txt");
+    log.LOG_data_write();
+    EXPECT_NE(caption().find("ログファイルに書き込むことができませんでした。"), std::string::npos);
+}
+
+TEST_F(LOG_data_write, writes_again_once_the_trouble_is_over_and_tells_of_the_next) {
+    fs::create_directory(folder / "LOG_NEW0.txt");
+    log.LOG_data_write();
+    fs::remove(folder / "LOG_NEW0.txt");
+    messages.ShowMessage("");
+    log.LOG_data_write();
+    EXPECT_NE(content(), "");
+    EXPECT_EQ(caption(), " ");
+    fs::remove(folder / "LOG_NEW0.txt");
+    fs::create_directory(folder / "LOG_NEW0.txt");
+    log.LOG_data_write();
+    EXPECT_NE(caption(), " ");
+}
+
+TEST(log_time, is_a_date_and_a_time_that_sort) {
+    std::tm time{};
+    time.tm_year = 99, time.tm_mon = 0, time.tm_mday = 2;
+    time.tm_hour = 3, time.tm_min = 4, time.tm_sec = 5;
+    EXPECT_EQ(log_time(time), "1999-01-02 03:04:05");
+}
+
+TEST_F(mnuLogFileOpen_, opens_each_log_that_exists_and_the_newest_last) {
+    folder.write("LOG_NEW0.txt", "n");
+    folder.write("LOG_OLD1.txt", "1");
+    folder.write("LOG_OLD9.txt", "");
+    mnuLogFileOpen(session, host, messages);
+    EXPECT_EQ(host.opened, (std::vector<std::string>{(folder / "LOG_OLD9.txt").string(),
+                                                     (folder / "LOG_OLD1.txt").string(),
+                                                     (folder / "LOG_NEW0.txt").string()}));
+    EXPECT_EQ(caption(), "");
+}
+
+TEST_F(mnuLogFileOpen_, yields_sleeps_200_ms_and_yields_twice_after_each) {
+    folder.write("LOG_NEW0.txt", "n");
+    folder.write("LOG_OLD1.txt", "1");
+    mnuLogFileOpen(session, host, messages);
+    EXPECT_EQ(host.sleeps, (std::vector<std::chrono::milliseconds>{200ms, 200ms}));
+    EXPECT_EQ(host.pumps, 2 * (1 + 1 + 2));  // the sleep itself keeps the interface alive once
+}
+
+TEST_F(mnuLogFileOpen_, says_so_where_there_is_none) {
+    mnuLogFileOpen(session, host, messages);
+    EXPECT_EQ(caption(), "ログファイルがありませんでした。 ");
+    EXPECT_TRUE(host.opened.empty());
+    EXPECT_TRUE(host.sleeps.empty());
+}
+
+TEST_F(mnuLogFileOpen_, says_so_where_no_program_opens_one) {
+    host.opens = false;
+    folder.write("LOG_NEW0.txt", "n");
+    mnuLogFileOpen(session, host, messages);
+    EXPECT_EQ(caption(), "ログファイルを開くことができませんでした。 ");
+}
+
+}  // namespace
+}  // namespace quillon
