@@ -2,6 +2,9 @@
 // The two menu commands that fill the whole image: all ones (the clear) and all zeros.
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 #include "app/main_form.h"
 #include "app/session.h"
 #include "catalogue/config_model.h"
@@ -21,6 +24,10 @@ class BufferCommands {
     void mnuPcBufferMemory_0(DeviceSelection& selection);
 
   private:
+    bool begin(DeviceSelection& selection);
+    void show_id(const std::string& digits, std::uint8_t byte18);
+    void show_four_words(const std::string& digits);
+
     Session& session_;
     MainForm& form_;
     MemoryViews& views_;

@@ -4,7 +4,6 @@
 // The file is read again from its top at each selection; nothing of a block is kept between two.
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,12 +12,12 @@
 #include "app/host.h"
 #include "app/main_form.h"
 #include "app/session.h"
+#include "catalogue/device_block.h"
+#include "catalogue/line_reader.h"
 
 namespace quillon {
 
-// One row of a device block: column 0 the key. Missing columns are empty.
-using CatRow = std::array<std::string, 16>;
-
+// The help of a configuration field: its name, a title and a text.
 struct CmtRow {
     std::string key;
     std::string title;
@@ -35,13 +34,30 @@ class Catalogue {
     // Sets CatError, and shows its box, where the file can't be opened or is beyond its limits.
     void LoadDeviceList();
     // Selection pass: fills the session's device fields, CmtTable, frmBoard's drawing and the
-    // configuration grids. A damaged block shows a box; what was read until then stands.
+    // configuration grids. A block with no end loads nothing, a line that can't be used is left
+    // out; both show a box, and what was read stands. A name that the file doesn't hold changes
+    // nothing.
     void LoadDeviceRecord(std::string_view name, ConfigModel& config);
 
     const std::vector<CatRow>& CatRows() const { return rows_; }
     const std::vector<CmtRow>& CmtTable() const { return comments_; }
+    // The options of all configuration fields of the block, in file order.
+    const std::vector<FieldOption>& options() const { return options_; }
 
   private:
+    std::string path() const;
+    bool scan_names(LineReader reader);
+    void write_device_list() const;
+    void fail_start();
+
+    void scan_for(std::string_view name, LineReader reader, ConfigModel& config);
+    void take_comment(const LineReader& reader);
+    void start_block();
+    void process(DeviceBlock block, ConfigModel& config);
+    void check_former_eeprom();
+    void add_problem(int line, std::string_view text, std::string_view reason);
+    void report();
+
     Session& session_;
     MainForm& form_;
     BoardForm& board_;
@@ -49,6 +65,8 @@ class Catalogue {
     Dialogs& dialogs_;
     std::vector<CatRow> rows_;
     std::vector<CmtRow> comments_;
+    std::vector<FieldOption> options_;
+    std::vector<std::string> problems_;  // of the load in work
 };
 
 }  // namespace quillon

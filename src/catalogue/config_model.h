@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Keeps the configuration words and their grids of fields consistent, both ways.
+//
+// HFGrid(n) shows word n: row 0 its heading and its number, then a row a field with the option that
+// stands. A field's options are searched in its own word only, on from the last hit: grid and
+// catalogue stand in the same order.
 #pragma once
 
 #include "app/main_form.h"
@@ -17,7 +21,8 @@ class ConfigModel {
 
     void InitConfigGrids();
     void ResetConfigGrids();
-    // Takes a "CONFIGn" row: default, always-zero bits, always-one bits, all bits.
+    // Takes a "CONFIGn" row: default, always-zero bits, always-one bits, all bits. A row whose
+    // values don't convert changes nothing.
     void ApplyConfigRow(int n, const CatRow& row);
     // From word n's options to its number.
     void ConfigGridChanged(int n);
@@ -39,6 +44,13 @@ class ConfigModel {
     bool ProtectMixed() const { return protect_mixed_; }
 
   private:
+    void show_options(int n);
+    void show_heading(int n, std::string_view prefix);
+    void store_bytes(int n);
+    int current_word() const;
+    bool has_field(int n, int row) const;
+    void enter(int n, std::string value);
+
     Session& session_;
     MainForm& form_;
     Messages& messages_;

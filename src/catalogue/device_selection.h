@@ -15,26 +15,37 @@
 
 namespace quillon {
 
+struct DeviceGroup;
+
 class DeviceSelection {
   public:
     DeviceSelection(Session& session, MainForm& form, BoardForm& board, Settings& settings,
                     Dialogs& dialogs, Messages& messages, MemoryViews& views, Catalogue& catalogue,
                     ConfigModel& config, BufferCommands& buffer);
 
-    // What happens when Combo_device's choice is made, by the user or by an assignment.
+    // What happens when Combo_device's choice is made, by the user or by an assignment. The image
+    // of the former device is lost, even where the same device is chosen again.
     void Combo_device_Click();
     // OK, or NG with a message, a box and the focus on Combo_device where no device is selected.
     Token Mcu_Selected_Check();
     void ClearDeviceView();
+    // The user has checked or cleared the box: the calibration fields are locked or opened.
+    void Chk_12F_CalibData_Select_Click();
 
   private:
+    void load_record();
+    void show_firmware_verdict();
+    void show_config_tabs();
+    void reset_information_tabs();
+    void show_group();
+    void ask_power_order();
+
     Session& session_;
     MainForm& form_;
     BoardForm& board_;
     Settings& settings_;
     Dialogs& dialogs_;
     Messages& messages_;
-    MemoryViews& views_;
     Catalogue& catalogue_;
     ConfigModel& config_;
     BufferCommands& buffer_;

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "catalogue/buffer_commands.h"
+
+#include "catalogue/device_selection.h"
+#include "image/fill.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr std::uint32_t kOnes14 = 0x3FFF;
+
+}  // namespace
+
+bool BufferCommands::begin(DeviceSelection& selection) {
+    form_.CmbInit.Visible.set(false);
+    form_.TxtInit.Visible.set(false);
+    return selection.Mcu_Selected_Check() == Token::OK;
+}
+
+void BufferCommands::mnuPcBufferMemoryClear(DeviceSelection& selection) {
+    if (!begin(selection)) return;
+    FillProgramOnes(session_);
+    views_.ShowProgramMemory();
+    FillIdOnes(session_);
+    views_.ShowConfigSummary();
+    form_.SSTab_Config.Tab.set(0);
+
+    const bool pic18 = session_.PgmType.starts_with("18");
+    if (!pic18)
+        for (std::size_t n = 1; n <= kConfigWords; ++n) session_.ConfigWord[n] = kOnes14;
+    config_.ShowConfigWords();
+    if (session_.EepBytes != 0) {
+        FillEepromOnes(session_);
+        pic18 ? views_.ShowEepromBytes() : views_.ShowEepromMemory();
+    }
+    if (pic18)
+        show_id("FFFFFFFF", 0xFF);
+    else
+        form_.Text_ID.Text.set(session_.IdText = "FFFF");
+    show_four_words("3FFF");
+}
+
+// Types that begin "18" but not "18F" go with the others here, and not in the clear.
+void BufferCommands::mnuPcBufferMemory_0(DeviceSelection& selection) {
+    // Only the low nibble of an ID byte stands for a digit.
+    constexpr std::uint8_t kZeroId = 0x0F;
+    if (!begin(selection)) return;
+    FillProgramZeros(session_);
+    views_.ShowProgramMemory();
+    FillIdZeros(session_);
+    views_.ShowConfigSummary();
+    form_.SSTab_Config.Tab.set(0);
+
+    const bool pic18 = session_.PgmType.starts_with("18F");
+    if (pic18) session_.ConfigWord[1] = 0;
+    config_.ShowConfigWords();
+    if (session_.EepBytes != 0) {
+        FillEepromZeros(session_);
+        pic18 ? views_.ShowEepromBytes() : views_.ShowEepromMemory();
+    }
+    if (pic18)
+        show_id("00000000", kZeroId);
+    else
+        form_.Text_ID.Text.set(session_.IdText = "0000");
+    show_four_words("0000");
+}
+
+// PIC18: the ID's text, its eight bytes, and no device identity.
+void BufferCommands::show_id(const std::string& digits, std::uint8_t byte18) {
+    session_.IdText = digits;
+    form_.Text_ID.Text.set(digits);
+    session_.IdBytes18.fill(byte18);
+    form_.Label_DEV_id.Caption.set("--");
+    form_.Label_DEV_rev.Caption.set("--");
+}
+
+void BufferCommands::show_four_words(const std::string& digits) {
+    if (!has_four_word_id(session_.DeviceName)) return;
+    for (auto* id : {&form_.Text_ID1, &form_.Text_ID2, &form_.Text_ID3, &form_.Text_ID4})
+        id->Text.set(digits);
+}
+
+}  // namespace quillon

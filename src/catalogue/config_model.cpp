@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+#include "catalogue/config_model.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "app/text.h"
+#include "catalogue/catalogue_texts.h"
+#include "catalogue/number.h"
+
+namespace quillon {
+
+namespace {
+
+// A part of type "EPROM2" has parity bits above the 14 of the word; in word 1 they are all set.
+constexpr std::uint8_t kEprom2HighBits = 0xC0;
+
+std::size_t index_of(int n) { return static_cast<std::size_t>(n); }
+
+// One word's options, searched on from the last hit.
+class OptionSearch {
+  public:
+    OptionSearch(const std::vector<FieldOption>& options, int word)
+        : options_{options}, word_{word} {}
+
+    // The next option that satisfies `wanted`, where the search will go on. nullptr, and the search
+    // stays where it is, if there is none.
+    template <typename Wanted>
+    const FieldOption* find(Wanted wanted) {
+        for (std::size_t i = at_; i < options_.size(); ++i) {
+            if (options_[i].word != word_ || !wanted(options_[i])) continue;
+            at_ = i;
+            return &options_[i];
+        }
+        return nullptr;
+    }
+
+  private:
+    const std::vector<FieldOption>& options_;
+    int word_;
+    std::size_t at_ = 0;
+};
+
+// The first `count` characters of a UTF-8 text.
+std::string first_characters(const std::string& text, std::size_t count) {
+    std::size_t end = 0;
+    for (; end < text.size(); ++end) {
+        const bool begins = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
+        if (begins && count-- == 0) break;
+    }
+    return text.substr(0, end);
+}
+
+}  // namespace
+
+ConfigModel::ConfigModel(Session& session, MainForm& form, Messages& messages, MemoryViews& views,
+                         const Catalogue& catalogue)
+    : session_{session}, form_{form}, messages_{messages}, views_{views}, catalogue_{catalogue} {}
+
+void ConfigModel::InitConfigGrids() {
+    ResetConfigGrids();
+    form_.CmbInit.Visible.set(false);
+    form_.CmbInit.clear();
+    form_.TxtInit.Visible.set(false);
+    form_.TxtInit.Text.set("");
+}
+
+void ConfigModel::ResetConfigGrids() {
+    for (int n = 1; n <= kConfigWords; ++n) {
+        Grid& grid = form_.HFGrid(n);
+        grid.set_redraw(false);
+        grid.clear();
+        grid.CursorRow.set(0);
+        grid.CursorColumn.set(0);
+        grid.set_cell(0, 0, fmt::format(catalogue_text::kGridHeading, n));
+        grid.set_cell(0, 1, "FFFF");
+        grid.set_redraw(true);
+    }
+}
+
+void ConfigModel::ApplyConfigRow(int n, const CatRow& row) {
+    std::array<std::uint32_t, 4> values{};
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const auto value = parse_number(row[1 + i]);
+        if (!value || *value < 0) return;
+        values[i] = static_cast<std::uint32_t>(*value);
+    }
+    const auto [standard, always_zero, always_one, width] = values;
+    const std::size_t word = index_of(n);
+    session_.ConfigDefault[word] = session_.ConfigWord[word] = standard;
+    session_.ConfigForce[word] = always_one;
+    session_.ConfigWidth[word] = width;
+    session_.ConfigMask[word] = width ^ always_zero;
+    if (!session_.ConfigFromFile)
+        session_.ConfigWord[word] = (session_.ConfigMask[word] & standard) | always_one;
+
+    const std::uint32_t value = session_.ConfigWord[word];
+    show_heading(n, "L01_0x");
+    session_.CfgBytes18[2 * word - 2] = static_cast<std::uint8_t>(value);
+    session_.CfgBytes18[2 * word - 1] = static_cast<std::uint8_t>(value >> 8);
+    if (n != 1) return;
+    session_.CfgIdMem[14] = static_cast<std::uint8_t>(value >> 8);
+    session_.CfgIdMem[15] = static_cast<std::uint8_t>(value);
+    form_.Text_Config1.Text.set(hex(value & 0xFFFF, 4));
+}
+
+void ConfigModel::ConfigGridChanged(int n) {
+    Grid& grid = form_.HFGrid(n);
+    grid.set_redraw(false);
+    const std::size_t at = index_of(n);
+    std::uint32_t& word = session_.ConfigWord[at];
+    const std::uint32_t width = session_.ConfigWidth[at];
+    if (!session_.ConfigFromFile)
+        word = (session_.ConfigMask[at] & width) | session_.ConfigForce[at];
+    OptionSearch search{catalogue_.options(), n};
+    for (std::size_t row = 1; row < grid.rows(); ++row) {
+        const std::string& name = grid.cell(row, 0);
+        const std::string& option = grid.cell(row, 1);
+        if (option.empty()) continue;
+        const FieldOption* const chosen = search.find([&](const FieldOption& candidate) {
+            return candidate.name == name && candidate.option == option;
+        });
+        if (chosen != nullptr) word &= chosen->value | (chosen->mask ^ width);
+    }
+    show_heading(n, "0x");
+    grid.set_redraw(true);
+    store_bytes(n);
+    views_.ShowConfigSummary();
+    if (session_.PgmType == "EPROM2" && n == 1) session_.CfgIdMem[14] |= kEprom2HighBits;
+}
+
+// A PIC18 file without configuration records is loaded on top of CfgBytes18, so that the options
+// that the user has set stand in both byte images.
+void ConfigModel::store_bytes(int n) {
+    const std::size_t at = index_of(n);
+    const auto high = static_cast<std::uint8_t>(session_.ConfigWord[at] >> 8);
+    const auto low = static_cast<std::uint8_t>(session_.ConfigWord[at]);
+    session_.CfgIdMem[12 + 2 * at] = high;
+    session_.CfgIdMem[13 + 2 * at] = low;
+    session_.CfgBytes18[2 * at - 2] = low;
+    session_.CfgBytes18[2 * at - 1] = high;
+}
+
+void ConfigModel::show_heading(int n, std::string_view prefix) {
+    const std::uint32_t word = session_.ConfigWord[index_of(n)] & 0xFFFF;
+    form_.HFGrid(n).set_cell(0, 1, fmt::format("{}{}", prefix, hex(word, 4)));
+}
+
+void ConfigModel::ShowConfigWords() {
+    protect_mixed_ = false;
+    for (std::size_t n = 1; n <= kConfigWords; ++n) {
+        if (session_.ConfigFromFile) break;
+        session_.ConfigWord[n] =
+            (session_.ConfigMask[n] & session_.ConfigWord[n]) | session_.ConfigForce[n];
+    }
+    for (int n = 1; n <= kConfigWords; ++n) {
+        Grid& grid = form_.HFGrid(n);
+        grid.set_redraw(false);
+        // The words that are there, not the tabs that are visible: while a device is being chosen
+        // the tabs are still the former one's.
+        if (session_.ConfigPresent[index_of(n)]) show_options(n);
+        show_heading(n, "0x");
+        grid.set_redraw(true);
+    }
+}
+
+// A number that matches none of a field's options leaves the cell as it was.
+void ConfigModel::show_options(int n) {
+    Grid& grid = form_.HFGrid(n);
+    const std::uint32_t word = session_.ConfigWord[index_of(n)];
+    OptionSearch search{catalogue_.options(), n};
+    for (std::size_t row = 1; row < grid.rows(); ++row) {
+        const std::string name = grid.cell(row, 0);
+        if (name.empty()) continue;
+        std::uint32_t mask = 0;
+        const FieldOption* const standing = search.find([&](const FieldOption& candidate) {
+            if (candidate.name != name) return false;
+            mask = candidate.mask;
+            return (word & candidate.mask) == candidate.value;
+        });
+        if (standing != nullptr)
+            grid.set_cell(row, 1, standing->option);
+        else if (name == "CP" && (word & mask) != mask)
+            protect_mixed_ = true;
+    }
+}
+
+bool ConfigModel::has_field(int n, int row) const {
+    return n >= 1 && n <= kConfigWords && row >= 1 && index_of(row) < form_.HFGrid(n).rows();
+}
+
+void ConfigModel::ShowFieldHelp(int n, int row) {
+    if (!has_field(n, row)) return;
+    const auto& table = catalogue_.CmtTable();
+    const auto help =
+        std::ranges::find(table, form_.HFGrid(n).cell(index_of(row), 0), &CmtRow::key);
+    if (help != table.end()) messages_.ShowMessage(help->title, help->text);
+}
+
+void ConfigModel::FieldClicked(int n, int row, int column) {
+    if (column != 1 || session_.DeviceName.empty() || !has_field(n, row)) return;
+    Grid& grid = form_.HFGrid(n);
+    grid.CursorRow.set(row);
+    grid.CursorColumn.set(column);
+    const std::string& name = grid.cell(index_of(row), 0);
+    const std::string& option = grid.cell(index_of(row), 1);
+
+    std::vector<std::string> options;
+    for (const auto& candidate : catalogue_.options())
+        if (candidate.word == n && candidate.name == name) options.push_back(candidate.option);
+    const auto standing = std::ranges::find(options, option);
+    const auto index = standing == options.end() ? -1 : standing - options.begin();
+
+    form_.CmbInit.clear();
+    form_.CmbInit.Items.set(std::move(options));
+    form_.CmbInit.ListIndex.set(static_cast<int>(index));
+    form_.CmbInit.Text.set(option);
+    form_.CmbInit.Visible.set(true);
+    ShowFieldHelp(n, row);
+}
+
+int ConfigModel::current_word() const { return form_.SSTab_Config.Tab.get() + 1; }
+
+void ConfigModel::CmbInit_Click() {
+    const int n = current_word();
+    if (n >= 1 && n <= kConfigWords && has_field(n, form_.HFGrid(n).CursorRow.get())) {
+        enter(n, form_.CmbInit.Text.get());
+        Grid& grid = form_.HFGrid(n);
+        grid.CursorRow.set(static_cast<int>(grid.rows()) - 1);
+    }
+    form_.CmbInit.Visible.set(false);
+}
+
+void ConfigModel::TxtInit_Done() {
+    constexpr std::size_t kKeptCharacters = 8;
+    const int n = current_word();
+    std::string value = form_.TxtInit.Text.get();
+    if (!value.empty() && n >= 1 && n <= kConfigWords &&
+        has_field(n, form_.HFGrid(n).CursorRow.get())) {
+        if (value.size() == 1) value.insert(0, "0");
+        const Grid& grid = form_.HFGrid(n);
+        const std::string& cell = grid.cell(index_of(grid.CursorRow.get()), 1);
+        enter(n, first_characters(cell, kKeptCharacters) + value);
+    }
+    form_.TxtInit.Visible.set(false);
+}
+
+void ConfigModel::enter(int n, std::string value) {
+    Grid& grid = form_.HFGrid(n);
+    grid.set_cell(index_of(grid.CursorRow.get()), 1, std::move(value));
+    ConfigGridChanged(n);
+}
+
+void ConfigModel::Text_Config_Click() {
+    views_.ShowConfigSummary();
+    messages_.ShowMessage(catalogue_text::kConfigRadix);
+}
+
+}  // namespace quillon

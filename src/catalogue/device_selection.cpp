@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+// The selection's steps. Their order matters: the image is cleared by the new type, the words get
+// their numbers from the options that the clear has shown, and the power question comes after the
+// catalogue's own order has been loaded.
+#include "catalogue/device_selection.h"
+
+#include <fmt/format.h>
+
+#include <string>
+
+#include "app/buttons.h"
+#include "catalogue/calibration_panel.h"
+#include "catalogue/catalogue_texts.h"
+#include "catalogue/device_groups.h"
+#include "catalogue/number.h"
+#include "catalogue/type_panels.h"
+#include "image/fill.h"
+
+namespace quillon {
+
+namespace {
+
+// Where the version stands in the board's identity: "ZQ-LDR412A V6.80".
+constexpr std::size_t kVersionAt = 12;
+constexpr std::size_t kVersionLength = 6;
+constexpr std::size_t kIdDigits = 4;
+
+double firmware_version(std::string_view FirmwareText) {
+    return FirmwareText.size() <= kVersionAt
+               ? 0
+               : numeric_prefix(FirmwareText.substr(kVersionAt, kVersionLength));
+}
+
+// Two decimals, and no digit before the point for a version below 1.
+std::string version_text(double version) {
+    auto text = fmt::format("{:.2f}", version);
+    return text.starts_with("0.") ? text.substr(1) : text;
+}
+
+}  // namespace
+
+DeviceSelection::DeviceSelection(Session& session, MainForm& form, BoardForm& board,
+                                 Settings& settings, Dialogs& dialogs, Messages& messages,
+                                 MemoryViews&, Catalogue& catalogue, ConfigModel& config,
+                                 BufferCommands& buffer)
+    : session_{session},
+      form_{form},
+      board_{board},
+      settings_{settings},
+      dialogs_{dialogs},
+      messages_{messages},
+      catalogue_{catalogue},
+      config_{config},
+      buffer_{buffer} {}
+
+void DeviceSelection::Combo_device_Click() {
+    if (session_.DeviceEventLock || form_.Combo_device.Text.get().empty()) return;
+    load_record();
+    board_.Visible.set(form_.mnuBoardInfomation.Checked.get());
+    config_.ShowConfigWords();
+    buffer_.mnuPcBufferMemoryClear(*this);
+    show_firmware_verdict();
+    settings_.save("deviceNew", form_.Combo_device.ListIndex.get());
+    for (int n = 1; n <= kConfigWords; ++n) config_.ConfigGridChanged(n);
+    form_.LblCheckSUM.Caption.set(ProgramCheckSum(session_));
+    ApplyBlankSkip(session_.DeviceName, form_);
+    show_config_tabs();
+    reset_information_tabs();
+    show_group();
+    show_type(panel_of(session_.PgmType), session_, form_);
+    if (session_.DeviceName == "PIC12F683") show_panel(kPanel12F683, session_.DeviceName, form_);
+    form_.SSTab_MCU_Information.Redraw.set(true);
+}
+
+void DeviceSelection::load_record() {
+    if (session_.WriterFound) form_.LabelCmt.Caption.set("");
+    form_.CmbInit.Visible.set(false);
+    form_.TxtInit.Visible.set(false);
+    const std::string name = form_.Combo_device.Text.get();
+    if (name != session_.DeviceName) {
+        form_.Chk_UseFileData.Checked.set(false);
+        form_.Chk_UseFileData.Visible.set(false);
+    }
+    session_.DeviceName = name;
+    ClearDeviceView();
+    catalogue_.LoadDeviceRecord(name, config_);
+}
+
+// Silent at the very first selection with no board: start-up has told that there is none.
+void DeviceSelection::show_firmware_verdict() {
+    const bool due = session_.FirmChecked || session_.WriterFound;
+    session_.FirmChecked = true;
+    if (!due) return;
+    if (firmware_version(session_.FirmwareText) >= session_.FirmRequired)
+        messages_.ShowMessage(session_.CommentText);
+    else
+        messages_.ShowMessage(
+            fmt::format(catalogue_text::kFirmwareTooOld, version_text(session_.FirmRequired)));
+}
+
+void DeviceSelection::show_config_tabs() {
+    TabSet& tabs = form_.SSTab_Config;
+    tabs.Redraw.set(false);
+    tabs.Tab.set(0);
+    for (std::size_t n = 1; n <= kConfigWords; ++n) tabs.show_tab(n - 1, session_.ConfigPresent[n]);
+    tabs.Redraw.set(true);
+}
+
+// Leaves the drawing off; the selection's end turns it on.
+void DeviceSelection::reset_information_tabs() {
+    TabSet& tabs = form_.SSTab_MCU_Information;
+    tabs.Redraw.set(false);
+    tabs.Tab.set(3);
+    tabs.TabVisible.set({});
+
+    form_.Chk_12F_CalibData_Select.Visible.set(false);
+    form_.Text_Calib_Data.Enabled.set(false);
+    form_.Text_Calib_Data.Text.set("--");
+    form_.Label_Calib.Visible.set(false);
+    form_.Label_CalibInfo.Visible.set(false);
+    form_.Lbl_Calib_ReadWrite_Data.Caption.set("--");
+    form_.Check_Parity_Disp.Visible.set(false);
+    form_.Check_Parity_Disp.Checked.set(false);
+    form_.Lbl_ID_Dev.Caption.set("");
+    form_.Lbl_ID_Rev.Caption.set("");
+}
+
+void DeviceSelection::show_group() {
+    const DeviceGroup& group = group_of(session_.DeviceName);
+    form_.SSTab91X.Redraw.set(false);
+    form_.Text_ID.MaxLength.set(kIdDigits);
+    if (group.controls) show_controls(*group.controls, form_);
+    if (group.panel != nullptr) show_panel(*group.panel, session_.DeviceName, form_);
+    if (group.power_question) ask_power_order();
+    form_.SSTab91X.Redraw.set(true);
+}
+
+void DeviceSelection::ask_power_order() {
+    session_.FormAnswer =
+        dialogs_.Frm_VPP_DECIDE(fmt::format(catalogue_text::kPowerQuestion, session_.DeviceName));
+    if (session_.FormAnswer == 1) session_.PowerMode = "VPP";
+    if (session_.FormAnswer == 2) session_.PowerMode = "VDD";
+}
+
+Token DeviceSelection::Mcu_Selected_Check() {
+    if (!session_.DeviceName.empty()) return Token::OK;
+    messages_.ShowMessage(catalogue_text::kNoDevice);
+    dialogs_.box({.title = std::string{catalogue_text::kNoDeviceTitle},
+                  .text = std::string{catalogue_text::kNoDevice},
+                  .icon = BoxIcon::Warning});
+    form_.Focus.set("");
+    form_.Focus.set(form_.Combo_device.name);
+    return Token::NG;
+}
+
+void DeviceSelection::ClearDeviceView() {
+    form_.RichTxtPgmMem.Text.set("");
+    form_.rText_EepromMem.Text.set("");
+    for (auto* box : {&form_.Text_ID, &form_.Text_Config1, &form_.Text_Config2}) box->Text.set("");
+    form_.Label_pm_size.Caption.set("");
+    form_.Label_ed_size.Caption.set("");
+    config_.ResetConfigGrids();
+}
+
+void DeviceSelection::Chk_12F_CalibData_Select_Click() {
+    lock_calibration(form_);
+    if (!form_.Chk_12F_CalibData_Select.Checked.get())
+        messages_.ShowMessage(catalogue_text::kCalibrationOpen);
+}
+
+}  // namespace quillon
