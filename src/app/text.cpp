@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace quillon {
 
@@ -73,7 +74,17 @@ std::string hex_bytes(std::span<const std::uint8_t> bytes) {
 }
 
 bool is_utf8(std::string_view bytes) {
+    // Most of a file is plain ASCII: eight bytes at a time until one isn't.
+    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    std::uint64_t chunk = 0;
     while (!bytes.empty()) {
+        if (bytes.size() >= sizeof chunk) {
+            std::memcpy(&chunk, bytes.data(), sizeof chunk);
+            if ((chunk & kHighBits) == 0) {
+                bytes.remove_prefix(sizeof chunk);
+                continue;
+            }
+        }
         const std::size_t length = utf8_length(bytes);
         if (length == 0) return false;
         bytes.remove_prefix(length);

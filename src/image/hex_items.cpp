@@ -94,6 +94,20 @@ bool is_extended_address(std::string_view item) { return item.starts_with(":0200
 
 std::optional<unsigned> extended_address(std::string_view item) { return word_at(item, kHexData); }
 
+bool lacks_end_record(std::string_view text) {
+    constexpr std::size_t kTypeAt = 7;
+    constexpr std::string_view kEnd = "01";
+    bool records = false;
+    HexItems items{text};
+    while (const auto item = items.next()) {
+        if (!item->starts_with(':')) continue;
+        records = true;
+        if (item->size() >= kTypeAt + kEnd.size() && item->substr(kTypeAt, kEnd.size()) == kEnd)
+            return false;
+    }
+    return records;
+}
+
 void SkippedItems::add(std::size_t item_number) {
     if (numbers_.size() < kListed)
         numbers_.push_back(item_number);

@@ -63,6 +63,9 @@ bool is_extended_address(std::string_view item);
 // Its 16-bit value; nothing where the digits are bad or missing.
 std::optional<unsigned> extended_address(std::string_view item);
 
+// True for a text of records that holds no end record: it may have been cut off on its way.
+bool lacks_end_record(std::string_view text);
+
 // The items that were no records, by number. A file of millions of them, which is no HEX file at
 // all, must not become a message of millions of numbers: the list stops at kListed.
 class SkippedItems {

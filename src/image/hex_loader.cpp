@@ -49,7 +49,7 @@ void HexLoader::load_words(std::string_view text) {
     }
     show_config(load);
     show_id_words();
-    report(load, hex_loader_text::kLoaded);
+    report(load, text, hex_loader_text::kLoaded);
 }
 
 void HexLoader::load_pic18_text(std::string_view text) {
@@ -61,7 +61,7 @@ void HexLoader::load_pic18_text(std::string_view text) {
     }
     show_config(load);
     show_pic18_id();
-    report(load, pic18_report(load));
+    report(load, text, pic18_report(load));
 }
 
 // Words from outside are shown as they are; else the catalogue's masks apply.
@@ -92,11 +92,13 @@ std::string HexLoader::pic18_report(const HexLoad& load) const {
                        load.has_eeprom ? percent(session_.EepBytesCat, session_.EepBytes) : 0);
 }
 
-void HexLoader::report(const HexLoad& load, std::string_view loaded) {
+void HexLoader::report(const HexLoad& load, std::string_view text, std::string_view loaded) {
     if (load.skipped.empty())
         messages_.ShowMessage(loaded);
     else
         messages_.ShowMessage(fmt::format(hex_loader_text::kSkipped, load.skipped.list()));
+    // It loads all the same: some tools leave the end record out.
+    if (lacks_end_record(text)) messages_.AddMessage(hex_loader_text::kNoEndRecord);
     session_.LoadResult = "OK";
 }
 

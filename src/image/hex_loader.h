@@ -37,7 +37,7 @@ class HexLoader {
     void show_config(const HexLoad& load);
     void show_id_words();
     std::string pic18_report(const HexLoad& load) const;
-    void report(const HexLoad& load, std::string_view loaded);
+    void report(const HexLoad& load, std::string_view text, std::string_view loaded);
 
     Session& session_;
     MainForm& form_;

@@ -52,11 +52,24 @@ TEST(HexLoader, has_no_result_while_it_runs) {
 TEST(HexLoader, names_the_items_that_it_skipped) {
     for (const auto* device : {"PIC16F877A", "PIC18F2550"}) {
         Bench bench{device};
-        bench.load("; head, line\n" + data(0, {0x34, 0x12}) + "\n");
+        bench.load("; head, line\n" + data(0, {0x34, 0x12}) + "\n" + test::kEndRecord);
         EXPECT_EQ(bench.shown, (Shown{"ファイルロード中..........",
                                       "1、2、4行目はＨＥＸデータでないので読み飛ばしました。"}));
         EXPECT_EQ(bench.session.LoadResult, "OK");
     }
+}
+
+TEST(HexLoader, warns_of_a_file_that_may_have_been_cut_off) {
+    Bench bench;
+    bench.load(data(0, {0x34, 0x12}));
+    EXPECT_EQ(
+        bench.shown,
+        (Shown{
+            "ファイルロード中..........", "ファイルロード完了",
+            "red ファイルに終了レコードがありません。途中で切れたファイルの可能性があります。"}));
+    EXPECT_EQ(bench.form.LabelCmt.ForeColor.get(), Colour::Red);
+    EXPECT_EQ(bench.session.LoadResult, "OK");
+    EXPECT_EQ(bench.session.PgmMem[0], 0x12);
 }
 
 TEST(HexLoader, tells_a_fault_of_a_word_image_in_two_texts) {
@@ -81,7 +94,7 @@ TEST(HexLoader, tells_a_fault_of_a_PIC18_file_in_one) {
 
 TEST(HexLoader, tells_how_much_of_a_PIC18_the_file_uses) {
     Bench bench{"PIC18F2550"};
-    bench.load(data(0x0FFE, {1, 2}) + upper_address(0xF0) + data(0x10, {1, 2}));
+    bench.load(data(0x0FFE, {1, 2}) + upper_address(0xF0) + data(0x10, {1, 2}) + test::kEndRecord);
     EXPECT_EQ(bench.shown.at(1),
               "ファイルロード完了。\r\n"
               "データ最終アドレス ( コードメモリ≒0x00FFF , EEPROMメモリ≒0x0011 ) [byte換算]\r\n"
@@ -92,7 +105,7 @@ TEST(HexLoader, tells_a_PIC18_file_without_EEPROM_data) {
     for (const auto* device : {"PIC18F2550", "PIC18F2515"}) {
         Bench bench{device};
         const bool small = bench.session.PgmWords == 16384;
-        bench.load(data(0, {1, 2}));
+        bench.load(data(0, {1, 2}) + test::kEndRecord);
         EXPECT_EQ(bench.shown.at(1),
                   std::string{"ファイルロード完了。\r\nデータ最終アドレス ( コードメモリ≒0x"} +
                       (small ? "0001F" : "0003F") +
@@ -103,7 +116,7 @@ TEST(HexLoader, tells_a_PIC18_file_without_EEPROM_data) {
 
 TEST(HexLoader, tells_a_full_PIC18) {
     Bench bench{"PIC18F2550"};
-    bench.load(data(0x7FFE, {1, 2}) + upper_address(0xF0) + data(0xFE, {1, 2}));
+    bench.load(data(0x7FFE, {1, 2}) + upper_address(0xF0) + data(0xFE, {1, 2}) + test::kEndRecord);
     EXPECT_EQ(bench.shown.at(1),
               "ファイルロード完了。\r\n"
               "データ最終アドレス ( コードメモリ≒0x07FFF , EEPROMメモリ≒0x00FF ) [byte換算]\r\n"

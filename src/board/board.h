@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// The simulated programmer board, the other end of the wire: takes bytes, keeps time, answers
+// bytes.
+//
+// Bytes come in with the time at which their last bit was there and go out with the time at which
+// they are ready for the line; whoever owns the line adds its delay. Between calls the board stands
+// still: run_until() lets the work go on that a pulse or a time limit had interrupted.
+//
+// Three "*" in a row bring it to its command loop from any state; one does where an item or an
+// acknowledge is awaited. A host that sends a letter it doesn't know, or hurries, gets silence up
+// to the next "*", and a line in notes().
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "board/board_program.h"
+#include "board/board_times.h"
+#include "board/faults.h"
+#include "board/target.h"
+#include "board/transmitter.h"
+
+namespace quillon {
+
+class SimulatedBoard {
+  public:
+    using Time = Host::Time;
+    static constexpr std::string_view kIdentity = "ZQ-LDR412A V6.80";
+
+    explicit SimulatedBoard(SimulatedTarget target = {}, BoardTimes times = {});
+    SimulatedBoard(const SimulatedBoard&) = delete;
+    SimulatedBoard& operator=(const SimulatedBoard&) = delete;
+
+    // The stamps of successive calls never go back.
+    void receive(std::uint8_t byte, Time arrived);
+    void run_until(Time now);
+    // What is ready by then, in order; each byte once.
+    std::vector<SentByte> take_sent(Time until) { return bench_.out.take(until); }
+    // When it will have something to do or to send with no byte coming. Nothing while it waits.
+    std::optional<Time> next_event() const;
+    // The port is gone: nothing more is taken, and the line's owner has to say so.
+    bool unplugged() const { return bench_.faults.unplugged(); }
+
+    SimulatedTarget& target() { return bench_.socket.target; }
+    const SimulatedTarget& target() const { return bench_.socket.target; }
+    BoardTimes& times() { return bench_.times; }
+
+    // 16 characters: module name of ten, blank, "V6.80". CR LF is added on the wire.
+    void set_identity(std::string text) { bench_.identity = std::move(text); }
+    // The byte that asks for an item; the host doesn't look at it. '+' unless set.
+    void set_ready_byte(std::uint8_t byte) { bench_.ready_byte = byte; }
+
+    void add_fault(Fault fault) { bench_.faults.add(std::move(fault)); }
+    // The same from the text notation, which has to be right.
+    void add_fault(std::string_view text);
+    void clear_faults() { bench_.faults.clear(); }
+    void ignore_bursts(std::size_t count);
+
+    const std::vector<std::string>& notes() const { return bench_.notes; }
+    bool target_powered() const { return bench_.powered; }
+    std::uint8_t power_delay() const { return bench_.power_delay; }
+
+  private:
+    // What has been going on when a "*" came: the run of them is broken by anything else.
+    struct Progress {
+        std::size_t sent = 0;
+        std::size_t items = 0;
+        bool operator==(const Progress&) const = default;
+    };
+    Progress progress() const { return {bench_.out.sent(), bench_.items_taken}; }
+    bool ignored(std::uint8_t byte);
+    // True when the "*" completes the call to the command loop.
+    bool counts_star(std::uint8_t byte, Time arrived);
+    void call_to_command_loop(Time at);
+
+    firmware::Bench bench_;
+    firmware::BoardProgram program_;
+    std::optional<Time> last_byte_;
+    std::size_t stars_ = 0;
+    bool spaced_ = false;
+    Progress progress_at_star_;
+    std::optional<Time> call_at_;  // three "*" have come too close to be told from data
+};
+
+}  // namespace quillon

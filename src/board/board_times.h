@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// How long the simulated board takes for its work, and how it tells letters apart by time.
+#pragma once
+
+#include <chrono>
+
+#include "app/host.h"
+
+namespace quillon {
+
+struct BoardTimes {
+    using Time = Host::Time;
+
+    // A letter or parameter that comes sooner after the one before it breaks the pacing and is
+    // answered with silence. 0: not looked at (where stamps are no better than a scheduler).
+    Time letter_gap = std::chrono::milliseconds{1};
+    // A "*" where an item is awaited begins the item when its second byte comes within this time;
+    // alone it is the host's call to the command loop. Items are sent in one piece, "*" 1 ms apart.
+    Time item_gap = std::chrono::microseconds{800};
+
+    Time program_word = std::chrono::microseconds{1300};
+    Time program_block18 = std::chrono::microseconds{1000};  // eight bytes
+    Time eeprom_cell = std::chrono::microseconds{4000};
+    Time config_word = std::chrono::microseconds{4000};
+    Time erase = std::chrono::milliseconds{10};
+    Time check_word = std::chrono::microseconds{20};  // blank check, a word
+
+    // A board whose work takes no time: what is left is the line and the host.
+    static constexpr BoardTimes none() {
+        return {.program_word = Time{0},
+                .program_block18 = Time{0},
+                .eeprom_cell = Time{0},
+                .config_word = Time{0},
+                .erase = Time{0},
+                .check_word = Time{0}};
+    }
+};
+
+}  // namespace quillon

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: MIT
+// The writes behind "w": the board asks for each item with one byte, and ends with "@".
+//
+// Two or more bytes at once break a write off. From a program memory write they begin with "@",
+// from one that the board checks item by item (EEPROM, configuration, 12-bit stream) with "*",
+// behind which stands the word that was read back, high byte first.
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "board/board_program.h"
+
+namespace quillon::firmware {
+
+namespace {
+
+constexpr std::uint8_t kLeaveOut = 0x80;  // in a configuration item's high byte
+
+struct WriteLetters {
+    std::string_view letters;
+    Area area;
+    WordWrite how = WordWrite::ClearsBits;
+};
+
+// The algorithms that erase each word before they write it serve the parts that do so
+// themselves: the first flash generation and the modules that hold one.
+constexpr auto kErasesFirst = WordWrite::ErasesFirst;
+constexpr std::array kLetters{
+    WriteLetters{"ps", Area::Program},
+    WriteLetters{"pl", Area::Program},
+    WriteLetters{"sp", Area::Program},
+    WriteLetters{"Sp", Area::Program},
+    WriteLetters{"ee", Area::Program},
+    WriteLetters{"e8", Area::Program, kErasesFirst},
+    WriteLetters{"e5", Area::Program, kErasesFirst},
+    WriteLetters{"e1", Area::Program},
+    WriteLetters{"ef", Area::Program, kErasesFirst},
+    WriteLetters{"Ee", Area::Program},
+    WriteLetters{"He", Area::Program},
+    WriteLetters{"he", Area::Program},
+    WriteLetters{"84", Area::Program, kErasesFirst},
+    WriteLetters{"7e", Area::Program},
+    WriteLetters{"7a", Area::Program},
+    WriteLetters{"7b", Area::Program},
+    WriteLetters{"Ge", Area::Program},
+    WriteLetters{"Ga", Area::Program},
+    WriteLetters{"Gb", Area::Program},
+    WriteLetters{"Gk", Area::Program},
+    WriteLetters{"Gj", Area::Program},
+    WriteLetters{"Gm", Area::Program},
+    WriteLetters{"Gn", Area::Program},
+    WriteLetters{"Gp", Area::Program},
+    WriteLetters{"Gq", Area::Program},
+    WriteLetters{"Gt", Area::Program},
+    WriteLetters{"eJ", Area::Program},
+    WriteLetters{"5g", Area::Program},
+    WriteLetters{"ed", Area::Eeprom},
+    WriteLetters{"Id", Area::Eeprom},
+    WriteLetters{"8d", Area::Eeprom},
+    WriteLetters{"ec", Area::Config},
+    WriteLetters{"ek", Area::Config},
+    WriteLetters{"sc", Area::Config},
+    WriteLetters{"Sc", Area::Config},
+    WriteLetters{"Ec", Area::Config},
+    WriteLetters{"Fc", Area::Config},
+    WriteLetters{"Jc", Area::Config},
+    WriteLetters{"8c", Area::Config},
+    WriteLetters{"6c", Area::Config},
+    WriteLetters{"hc", Area::Config},
+    WriteLetters{"Gi", Area::Config},
+    WriteLetters{"G<", Area::Config},
+};
+
+}  // namespace
+
+Routine<void> BoardProgram::write() {
+    using enum Area;
+    co_await letter();
+    co_await letter();
+    const auto* known =
+        std::ranges::find(kLetters, std::string_view{letters_}.substr(1), &WriteLetters::letters);
+    if (known == kLetters.end()) co_await unknown();
+    const bool line = bench_.socket.target.core == Core::Bits12;
+    switch (known->area) {
+        case Eeprom:
+            co_await write_eeprom();
+            break;
+        case Config:
+            if (line)
+                co_await write_single_config();
+            else
+                co_await write_config();
+            break;
+        case Program:
+            if (line)
+                co_await write_line(known->how);
+            else
+                co_await write_program(known->how);
+            break;
+    }
+}
+
+bool BoardProgram::aborted(std::size_t items, std::uint8_t mark) {
+    if (!bench_.faults.aborts_write(items)) return false;
+    const std::array report{mark, mark};
+    send_report(report);
+    return true;
+}
+
+void BoardProgram::report_failure(std::uint16_t held) {
+    const std::array<std::uint8_t, 4> report{'*', static_cast<std::uint8_t>(held >> 8),
+                                             static_cast<std::uint8_t>(held), '@'};
+    send_report(report);
+}
+
+Routine<void> BoardProgram::write_program(WordWrite how) {
+    const std::size_t count = co_await word();
+    begin_exchange();
+    Socket& socket = bench_.socket;
+    if (count > socket.target.program.size())
+        note(fmt::format("\"{}\": {} words for a part of {}", letters_, count,
+                         socket.target.program.size()));
+    for (std::size_t i = 0; i < count; ++i) {
+        if (aborted(i, '@')) co_return;
+        send_ready();
+        const Item taken = co_await item(2);
+        socket.write_program(i, taken.word(), how);
+        co_await machine_.elapse(bench_.times.program_word);
+        // The pulses of a one-time part go on until the word reads back, or don't get it to.
+        const bool pulsed = socket.target.memory == ProgramMemory::OneTime;
+        if (pulsed && socket.read_program(i) != (taken.word() & socket.target.blank_word)) {
+            const std::array<std::uint8_t, 2> report{'@', '@'};
+            send_report(report);
+            co_return;
+        }
+    }
+    if (aborted(count, '@')) co_return;
+    send_end();
+}
+
+// 12-bit parts: configuration word, program memory, ID words and backup OSCCAL in one stream. With
+// count 1 only the configuration word comes, and comes unasked.
+Routine<void> BoardProgram::write_line(WordWrite how) {
+    const std::size_t count = co_await word();
+    begin_exchange();
+    Socket& socket = bench_.socket;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (aborted(i, '*')) co_return;
+        if (count > 1) send_ready();
+        const Item taken = co_await item(2);
+        socket.write_line(i, taken.word(), how);
+        co_await machine_.elapse(bench_.times.program_word);
+        const auto held = socket.read_line(i);
+        const bool pulsed = socket.target.memory == ProgramMemory::OneTime;
+        if (pulsed && i > 0 && held != (taken.word() & socket.target.blank_word)) {
+            report_failure(held);
+            co_return;
+        }
+    }
+    if (aborted(count, '*')) co_return;
+    send_end();
+}
+
+Routine<void> BoardProgram::write_eeprom() {
+    const std::size_t count = co_await word();
+    begin_exchange();
+    Socket& socket = bench_.socket;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (bench_.faults.aborts_write(i)) {
+            report_failure(i == 0 ? std::uint16_t{0xFF} : socket.read_eeprom(i - 1));
+            co_return;
+        }
+        send_ready();
+        const Item taken = co_await item(2);
+        socket.write_eeprom(i, taken.bytes[1]);
+        co_await machine_.elapse(bench_.times.eeprom_cell);
+        if (socket.read_eeprom(i) != taken.bytes[1]) {
+            report_failure(socket.read_eeprom(i));
+            co_return;
+        }
+    }
+    send_end();
+}
+
+Routine<void> BoardProgram::write_config() {
+    const std::size_t count = co_await word();
+    begin_exchange();
+    Socket& socket = bench_.socket;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (bench_.faults.aborts_write(i)) {
+            report_failure(i == 0 ? std::uint16_t{0} : socket.read_area(i - 1));
+            co_return;
+        }
+        send_ready();
+        const Item taken = co_await item(2);
+        if ((taken.bytes[0] & kLeaveOut) != 0) continue;
+        socket.write_area(i, taken.word());
+        co_await machine_.elapse(bench_.times.config_word);
+        const std::uint16_t held = socket.read_area(i);
+        if (((held ^ taken.word()) & socket.target.area_mask(i)) != 0) {
+            report_failure(held);
+            co_return;
+        }
+    }
+    send_end();
+}
+
+// The one configuration word of 12-bit parts. Some hosts wait for the ready byte, others send the
+// word unasked and take what comes next for the end code: "@" as the ready byte serves both.
+Routine<void> BoardProgram::write_single_config() {
+    const std::size_t count = co_await word();
+    begin_exchange();
+    if (count != 1) note(fmt::format("\"{}\": {} words where there is one", letters_, count));
+    send('@');
+    const Item taken = co_await item(2);
+    Socket& socket = bench_.socket;
+    socket.write_line(0, taken.word(), WordWrite::ClearsBits);
+    co_await machine_.elapse(bench_.times.config_word);
+    const std::uint16_t held = socket.read_line(0);
+    if (((held ^ taken.word()) & socket.target.config_mask.at(0)) != 0)
+        report_failure(held);
+    else
+        send_end();
+}
+
+}  // namespace quillon::firmware

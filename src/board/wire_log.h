@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// What has gone over the wire, with its times, and as a text that a test can quote.
+//
+// text() has a line for each exchange, each line ended by "\n":
+//
+//   > ***?  < ZQ-LDR412A V6.80
+//   > mD 0A  < 0A
+//   > nbs 20 00  < 3F FF @
+//   > nrsc 00 08  < 3F FF 3F FF 3F FF 3F FF 3F FF 3F FF 0E 22 3F FF  > @  < @
+//   > nrsp 20 00  < 8192 x 3F FF  > @ x1024  < @
+//   > nwGe 20 00  < + x8192  > 16384 bytes 5F3A9C01  < @
+//   > nbd 0A  < @
+//
+// ">" is the host, "<" the board. A command's letters stand together as they are, its parameters
+// in hexadecimal. Data is hexadecimal up to 40 bytes; more is "N x HH HH" where all pairs are
+// alike, else the number of bytes and their CRC-32. A read folds the blocks: all data, all
+// acknowledges
+// "@" with their number, what came behind the data. A write folds the ready bytes with their
+// number, the items, what came behind the last. Ready bytes that are not one at a time end a fold:
+// "< + x17  > 34 bytes 01234567  < 40 40" is a write broken off after 17 items. A byte that
+// closes an exchange is shown as a character ("@") only where the end code is due. The answer to
+// "?" is text without its CR LF; "(no CR LF)" says that they didn't come.
+//
+// A line begins at a power letter, "?", "m", "p" and at the first "*" of a row, where no parameter
+// and no item is due; a command that was left unfinished is over after 50 ms.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "app/host.h"
+
+namespace quillon {
+
+struct WireEvent {
+    enum class Way : std::uint8_t { ToBoard, FromBoard };
+    Host::Time at{};
+    Way way = Way::ToBoard;
+    std::vector<std::uint8_t> bytes;  // of one write; from the board: what came at one time
+};
+
+class WireLog {
+  public:
+    void to_board(Host::Time at, std::span<const std::uint8_t> bytes);
+    void from_board(Host::Time at, std::uint8_t byte);
+    void clear() { events_.clear(); }
+
+    const std::vector<WireEvent>& events() const { return events_; }
+    // The notation above.
+    std::string text() const;
+    // Every event in full: "12.345 > 6E", milliseconds since the clock's start.
+    std::string full_text() const;
+
+  private:
+    std::vector<WireEvent> events_;
+};
+
+// CRC-32 of IEEE 802.3, as in the notation.
+std::uint32_t crc32(std::span<const std::uint8_t> bytes);
+
+}  // namespace quillon

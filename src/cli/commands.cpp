@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "cli/commands.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+#include "app/start_up.h"
+#include "cli/cli_texts.h"
+#include "cli/dump.h"
+#include "cli/set_controls.h"
+#include "cli/whole_file.h"
+#include "families/dispatch.h"
+
+namespace quillon::cli {
+
+Finish Finish::of(Outcome outcome) {
+    Finish finish;
+    finish.result.exit = exit_status(outcome);
+    finish.result.status = status_word(outcome);
+    return finish;
+}
+
+Finish Finish::complain(int exit, std::string text) {
+    Finish finish;
+    finish.result.exit = exit;
+    finish.result.status = exit == kUsage ? "usage" : "failed";
+    finish.result.error = std::move(text);
+    return finish;
+}
+
+Commands::Commands(const Options& options, Run& run, QtHost& host, Ports& ports, Events& events)
+    : options_{options}, run_{run}, host_{host}, ports_{ports}, events_{events} {}
+
+Finish Commands::execute() {
+    tell_changes();
+    if (auto ending = start()) return *ending;
+    if (options_.command == Command::Devices) return list_devices();
+    if (auto problem = check_sets(run_, options_.sets)) return Finish::complain(kUsage, *problem);
+    if (auto ending = choose_device()) return *ending;
+    if (auto ending = open_file()) return with_words(*ending);
+    if (auto problem = apply_sets(run_, options_.sets))
+        return with_words(Finish::complain(kUsage, *problem));
+    // A check leaves the line as it stands; in the window the search at start-up has set it.
+    run_.port.RTSEnable(!run_.form.mnuComMode1.Checked.get());
+    if (options_.command == Command::Simulate) return simulate();
+    if (auto ending = operate()) return with_words(*ending);
+    if (auto ending = write_dump()) return with_words(*ending);
+    return with_words(Finish::of(Outcome::Success));
+}
+
+void Commands::tell_changes() {
+    auto& bar = run_.form.P_Bar;
+    const auto tell = [this, &bar] {
+        const int value = bar.Value.get(), max = bar.Max.get();
+        if (std::exchange(told_value_, value) == value && std::exchange(told_max_, max) == max)
+            return;
+        told_max_ = max;
+        events_.progress(value, max);
+    };
+    connections_.push_back(run_.messages.shown.connect(
+        [this](const ShownMessage& message) { events_.message(message); }));
+    connections_.push_back(
+        run_.log.appended.connect([this](const std::string& line) { events_.log(line); }));
+    connections_.push_back(bar.Value.observe([tell](int) { tell(); }));
+    connections_.push_back(bar.Visible.observe([this, tell](bool visible) {
+        if (visible) {
+            tell();
+        } else {
+            told_value_ = told_max_ = -1;
+            events_.progress_off();
+        }
+    }));
+}
+
+Commands::Ending Commands::start() {
+    if (options_.catalogue) run_.session.CatalogueFile = options_.catalogue->string();
+    switch (StartUp{run_}.prepare()) {
+        case StartUp::End::Ready:
+            break;
+        case StartUp::End::CatalogueFailed:
+            return Finish::complain(kUsage,
+                                    fmt::format(text::kNoCatalogue, run_.session.CatalogueFile));
+        case StartUp::End::EndProcess:
+            return Finish::complain(kFailed,
+                                    fmt::format(text::kNoWorkFolder, run_.session.TempDir));
+    }
+    ports_.choose(run_);
+    return {};
+}
+
+// The choice is made here and carried out once: by the Open sequence where a file is opened, whose
+// first step it is. A second one would report a firmware version that nobody has read yet.
+Commands::Ending Commands::choose_device() {
+    if (options_.command == Command::Detect && !options_.device) return {};
+    auto& list = run_.form.Combo_device;
+    int index = run_.settings.number("deviceNew", -1);
+    if (options_.device) {
+        index = -1;
+        for (std::size_t i = 0; i < list.Items.get().size(); ++i)
+            if (list.Items.get()[i] == *options_.device) index = static_cast<int>(i);
+        if (index < 0)
+            return Finish::complain(kUsage, fmt::format(text::kUnknownDevice, *options_.device));
+    }
+    if (index < 0 || static_cast<std::size_t>(index) >= list.Items.get().size())
+        return Finish::complain(kUsage, std::string{text::kNoDevice});
+    list.show(index);
+    if (options_.hex.empty()) run_.selection.Combo_device_Click();
+    return {};
+}
+
+Commands::Ending Commands::open_file() {
+    if (options_.hex.empty() || run_.files.mnuFileOpen_Click(options_.hex) == Token::OK) return {};
+    return Finish::of(Outcome::Failed);
+}
+
+Commands::Ending Commands::operate() {
+    if (options_.command == Command::Load) return {};
+    auto* const socket = ports_.socket();
+    if (socket != nullptr)
+        if (auto problem = socket->insert(run_.session)) return Finish::complain(kUsage, *problem);
+    const auto outcome = flow();
+    // The part keeps what was done to it, also by an operation that failed.
+    const auto unsaved = socket != nullptr ? socket->save() : std::nullopt;
+    if (outcome == Outcome::Success)
+        return unsaved ? Ending{Finish::complain(kFailed, *unsaved)} : Ending{};
+    auto finish = Finish::of(outcome);
+    finish.result.error = unsaved.value_or("");
+    return finish;
+}
+
+Outcome Commands::flow() {
+    switch (options_.command) {
+        case Command::Detect:
+            return run_.flows.Label_FirmwareVersion_Click();
+        case Command::Blank:
+            return run_.flows.Command_blank();
+        case Command::Verify:
+            return run_.flows.Command_Verify();
+        case Command::Program:
+            return run_.flows.Command_program();
+        case Command::Read:
+            return run_.flows.Command_read();
+        case Command::ErasePgm:
+            return run_.flows.mnuPgmErase_Click();
+        case Command::EraseChip:
+            return run_.flows.mnuChipErase_Click();
+        case Command::Devices:
+        case Command::Load:
+        case Command::Simulate:
+            break;
+    }
+    return Outcome::Success;
+}
+
+Commands::Ending Commands::write_dump() {
+    if (!options_.dump) return {};
+    const auto problem = write_whole(*options_.dump, dump(run_.session, run_.form));
+    if (!problem) return {};
+    return Finish::complain(kFailed,
+                            fmt::format(text::kCantWrite, options_.dump->string(), *problem));
+}
+
+Finish Commands::list_devices() {
+    auto& session = run_.session;
+    for (const auto& name : run_.form.Combo_device.Items.get()) {
+        // A block that can't be read leaves what stands: better nothing than the former device's.
+        static_cast<DeviceRecord&>(session) = {};
+        run_.catalogue.LoadDeviceRecord(name, run_.config);
+        events_.device({name, session.PgmType, session.PgmWords, session.EepBytes,
+                        std::string{family_of(name)}});
+    }
+    return Finish::of(Outcome::Success);
+}
+
+// It ends by being ended: that is its success.
+Finish Commands::simulate() {
+    auto& socket = *ports_.socket();
+    if (auto problem = socket.insert(run_.session)) return Finish::complain(kUsage, *problem);
+    const auto problem = ports_.serve([this](const std::string& path) { events_.serving(path); });
+    const auto unsaved = socket.save();
+    if (problem || unsaved) return Finish::complain(kFailed, problem ? *problem : *unsaved);
+    return Finish::of(Outcome::Success);
+}
+
+Finish Commands::with_words(Finish finish) const {
+    const auto& session = run_.session;
+    auto& result = finish.result;
+    result.ResultPgm = quillon::text(session.ResultPgm);
+    result.ResultEep = quillon::text(session.ResultEep);
+    result.ResultCfg = quillon::text(session.ResultCfg);
+    result.ResultAll = session.ResultAll;
+    result.CodeProtect = quillon::text(session.CodeProtect);
+    result.TryCount = session.TryCount;
+    result.PassCount = session.PassCount;
+    if (options_.command == Command::Detect && result.exit == kSuccess)
+        result.FirmwareText = session.FirmwareText;
+    return finish;
+}
+
+}  // namespace quillon::cli

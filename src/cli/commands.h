@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// What each command does, with the objects of one run.
+//
+// An operation: start-up, the device, the file through the Open sequence, the controls, the target
+// in the simulated socket, the flow behind the window's button, the dump.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/run.h"
+#include "cli/events.h"
+#include "cli/exit_status.h"
+#include "cli/options.h"
+#include "cli/ports.h"
+#include "platform/qt_host.h"
+
+namespace quillon::cli {
+
+// How a run ends: the last event but for its operation and time.
+struct Finish {
+    Result result;
+
+    static Finish of(Outcome outcome);
+    // Something went wrong outside the flows; the text is for standard error.
+    static Finish complain(int exit, std::string text);
+};
+
+class Commands {
+  public:
+    Commands(const Options& options, Run& run, QtHost& host, Ports& ports, Events& events);
+
+    Finish execute();
+
+  private:
+    using Ending = std::optional<Finish>;  // nothing: go on
+
+    void tell_changes();
+    Ending start();
+    Ending choose_device();
+    Ending open_file();
+    Ending operate();
+    Ending write_dump();
+    Finish list_devices();
+    Finish simulate();
+    Outcome flow();
+    Finish with_words(Finish finish) const;
+
+    const Options& options_;
+    Run& run_;
+    QtHost& host_;
+    Ports& ports_;
+    Events& events_;
+    std::vector<Connection> connections_;
+    int told_value_ = -1;  // of the progress bar
+    int told_max_ = -1;
+};
+
+}  // namespace quillon::cli

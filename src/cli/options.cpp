@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "cli/options.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <sstream>
+#include <string_view>
+#include <utility>
+
+#include "app/product.h"
+#include "cli/cli_texts.h"
+#include "cli/exit_status.h"
+
+namespace quillon::cli {
+
+namespace {
+
+struct Question {
+    std::string_view name;
+    std::array<std::string_view, 3> values;
+};
+constexpr std::array kQuestions{
+    Question{"overwrite", {"ok", "cancel"}},    Question{"mismatch", {"ok", "cancel"}},
+    Question{"power", {"vpp", "vdd", "close"}}, Question{"firmware", {"ok", "cancel"}},
+    Question{"replace", {"ok", "cancel"}},
+};
+
+// A deadline beyond thirty years is none; in milliseconds it still fits.
+constexpr double kLongestSeconds = 1e9;
+
+// What CLI11 fills before it becomes Options.
+struct Raw {
+    std::vector<std::string> sets;
+    std::vector<std::string> answers;
+    std::vector<std::string> faults;
+    std::optional<double> deadline;
+    std::string area;  // of erase
+    std::optional<std::string> out;
+};
+
+NamedValue named_value(const std::string& option, const std::string& text) {
+    const auto equals = text.find('=');
+    if (equals == std::string::npos || equals == 0)
+        throw CLI::ValidationError{option, fmt::format("'{}' is not NAME=VALUE", text)};
+    return {text.substr(0, equals), text.substr(equals + 1)};
+}
+
+NamedValue sound_answer(const std::string& text) {
+    const auto given = named_value("--answer", text);
+    const auto question = std::ranges::find(kQuestions, given.name, &Question::name);
+    if (question == kQuestions.end())
+        throw CLI::ValidationError{"--answer", fmt::format("no question named '{}'", given.name)};
+    if (given.value.empty() || std::ranges::count(question->values, given.value) == 0)
+        throw CLI::ValidationError{
+            "--answer", fmt::format("'{}' is no answer to '{}'", given.value, given.name)};
+    return given;
+}
+
+// A repeatable option takes one value each time: what follows it is the command.
+CLI::Option* repeatable(CLI::App& app, const char* name, std::vector<std::string>& values,
+                        const char* help) {
+    return app.add_option(name, values, help)->allow_extra_args(false)->take_all();
+}
+
+void add_options(CLI::App& app, Options& options, Raw& raw) {
+    app.add_option("--home", options.home, "folder of settings.ini and QUILLON4_TEMP")
+        ->type_name("DIR");
+    app.add_option("--catalogue", options.catalogue, "the device6.ini to use")->type_name("FILE");
+    app.add_option("--port", options.port, "a serial device's path, COMn, or sim")
+        ->type_name("NAME");
+    app.add_option("--socket", options.socket,
+                   "with --port sim or simulate: a JSON file that keeps the simulated target")
+        ->type_name("FILE");
+    app.add_option(
+           "--sim-baud", options.sim_baud,
+           "the line speed to imitate; 0, the default, is as fast as the host goes; simulate: 57600")
+        ->type_name("N");
+    repeatable(app, "--fault", raw.faults, "a fault of the simulated board; may be repeated")
+        ->type_name("FAULT");
+    app.add_option("--device", options.device, "the device to select")->type_name("NAME");
+    repeatable(app, "--set", raw.sets, "sets a control; may be repeated")->type_name("NAME=VALUE");
+    repeatable(app, "--answer", raw.answers, "answers a question; may be repeated")
+        ->type_name("NAME=VALUE");
+    app.add_flag("--json", options.json, "one JSON object a line");
+    app.add_option("--trace", options.trace, "writes all that passes the wire to a file")
+        ->type_name("FILE");
+    app.add_option("--deadline", raw.deadline, "gives the operation up after so many seconds")
+        ->type_name("SECONDS");
+    app.set_version_flag("--version", fmt::format("{} {}", text::kProgram, product_version()),
+                         "shows the version");
+    app.set_help_flag("--help", "shows this");
+}
+
+void add_commands(CLI::App& app, Options& options, Raw& raw) {
+    const auto command = [&](Command id, const char* name, const char* help) {
+        auto* added = app.add_subcommand(name, help);
+        added->set_help_flag("--help", "shows this");
+        added->group("Commands");
+        added->callback([&options, id, name = std::string{name}] {
+            options.command = id;
+            options.operation = name;
+        });
+        return added;
+    };
+    const auto with_hex = [&](CLI::App* added) {
+        added->add_option("HEX", options.hex, "an Intel HEX file")->required()->type_name("FILE");
+        return added;
+    };
+    const auto with_dump = [&](CLI::App* added) {
+        added->add_option("--dump", options.dump, "writes the image as JSON")->type_name("FILE");
+        return added;
+    };
+    command(Command::Devices, "devices", "lists the devices");
+    command(Command::Detect, "detect", "finds the board and prints its identity");
+    command(Command::Blank, "blank", "blank check");
+    with_hex(command(Command::Verify, "verify", "compares the device with a file"));
+    with_hex(command(Command::Program, "program", "erases, writes and verifies the device"));
+    // Hidden until HEX files can be written; named so that the refusal can say why.
+    with_dump(command(Command::Read, "read", "reads the device"))
+        ->add_option("-o", raw.out)
+        ->group("");
+    command(Command::EraseChip, "erase", "erases the program memory or the whole chip")
+        ->add_option("AREA", raw.area, "pgm or chip")
+        ->required()
+        ->check(CLI::IsMember({"pgm", "chip"}));
+    with_dump(with_hex(command(Command::Load, "load", "loads a file; needs no board")))
+        ->add_option("--save", raw.out)
+        ->group("");
+    command(Command::Simulate, "simulate", "serves the simulated board on a pseudo-terminal")
+        ->add_option("--link", options.link, "a name for the pseudo-terminal")
+        ->type_name("PATH");
+}
+
+void take(Options& options, const Raw& raw) {
+    if (raw.out) throw CLI::ValidationError{std::string{text::kNoHexWriter}};
+    for (const auto& set : raw.sets) options.sets.push_back(named_value("--set", set));
+    for (const auto& given : raw.answers) options.answers.push_back(sound_answer(given));
+    if (options.sim_baud.value_or(0) < 0) throw CLI::ValidationError{"--sim-baud", "below 0"};
+    if (raw.deadline) {
+        if (!(*raw.deadline > 0)) throw CLI::ValidationError{"--deadline", "not above 0"};
+        options.deadline = std::chrono::milliseconds{
+            static_cast<std::int64_t>(std::ceil(std::min(*raw.deadline, kLongestSeconds) * 1000))};
+    }
+    if (options.command == Command::EraseChip) {
+        if (raw.area == "pgm") options.command = Command::ErasePgm;
+        options.operation += ' ' + raw.area;
+    }
+    for (const auto& text : raw.faults) {
+        const auto reading = read_fault(text);
+        if (!reading.fault) throw CLI::ValidationError{"--fault", reading.error};
+        options.faults.push_back(*reading.fault);
+    }
+    if (options.port && options.port->empty()) throw CLI::ValidationError{"--port", "is empty"};
+    const bool board = options.simulated() || options.command == Command::Simulate;
+    if (!board && (options.socket || options.sim_baud || !options.faults.empty()))
+        throw CLI::ValidationError{std::string{text::kNeedsSimulation}};
+}
+
+// CLI11 reports a command that it doesn't know as a missing one.
+std::string complaint(const CLI::App& app, const std::string& words) {
+    const auto rest = app.remaining();
+    const auto is_command = [](const std::string& word) { return !word.starts_with('-'); };
+    const auto unknown = std::ranges::find_if(rest, is_command);
+    if (!app.get_subcommands().empty()) return words;
+    if (unknown != rest.end()) return fmt::format(text::kUnknownCommand, *unknown);
+    return rest.empty() ? std::string{text::kNoCommand} : words;
+}
+
+}  // namespace
+
+ParsedLine parse(std::span<const std::string> arguments) {
+    Options options;
+    Raw raw;
+    CLI::App app{std::string{text::kDescription}, "quillon-cli"};
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.fallthrough();
+    app.require_subcommand(1);
+    add_options(app, options, raw);
+    add_commands(app, options, raw);
+    app.footer(std::string{text::kFooter});  // after the commands, which would take it over
+    try {
+        app.parse(std::vector<std::string>{arguments.rbegin(), arguments.rend()});
+        take(options, raw);
+    } catch (const CLI::ParseError& error) {
+        std::ostringstream out, err;
+        const bool asked = app.exit(error, out, err) == 0;
+        if (asked) return {std::nullopt, kSuccess, out.str()};
+        return {std::nullopt, kUsage, complaint(app, err.str())};
+    }
+    return {std::move(options), kSuccess, {}};
+}
+
+std::optional<std::string> answer(const Options& options, const std::string& question) {
+    const auto found = std::ranges::find(options.answers.rbegin(), options.answers.rend(), question,
+                                         &NamedValue::name);
+    if (found == options.answers.rend()) return std::nullopt;
+    return found->value;
+}
+
+}  // namespace quillon::cli

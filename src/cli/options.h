@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// The command line as plain values.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "board/faults.h"
+
+namespace quillon::cli {
+
+enum class Command : std::uint8_t {
+    Devices,
+    Detect,
+    Blank,
+    Verify,
+    Program,
+    Read,
+    ErasePgm,
+    EraseChip,
+    Load,
+    Simulate,
+};
+
+struct NamedValue {
+    std::string name;
+    std::string value;
+};
+
+struct Options {
+    Command command = Command::Devices;
+    std::string operation;  // the command in the user's words: "erase chip"
+
+    std::optional<std::filesystem::path> home;
+    std::optional<std::filesystem::path> catalogue;
+    std::optional<std::string> device;
+    std::vector<NamedValue> sets;     // in the order given
+    std::vector<NamedValue> answers;  // names and values are known to be sound
+    bool json = false;
+    std::optional<std::filesystem::path> trace;
+    std::optional<std::chrono::milliseconds> deadline;
+
+    std::optional<std::string> port;  // as given; "sim" is the simulated board
+    std::optional<std::filesystem::path> socket;
+    std::optional<int> sim_baud;  // 0: as fast as the host goes
+    std::vector<Fault> faults;
+
+    std::filesystem::path hex;
+    std::optional<std::filesystem::path> dump;
+    std::optional<std::filesystem::path> link;
+
+    bool simulated() const { return port == "sim"; }
+};
+
+// Either `options` to go by, or a text to show and to end with: help and version with exit 0 on
+// standard output, anything that can't be understood with exit 2 on standard error.
+struct ParsedLine {
+    std::optional<Options> options;
+    int exit = 0;
+    std::string text;
+};
+
+// The arguments without the program's name.
+ParsedLine parse(std::span<const std::string> arguments);
+
+// The value that --answer takes for a question, nothing where it isn't given. The last one counts.
+std::optional<std::string> answer(const Options& options, const std::string& question);
+
+}  // namespace quillon::cli

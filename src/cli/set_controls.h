@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// --set: the controls as a user would have set them, before the operation.
+//
+// They are set when the device is selected and the file is loaded, since both put the device's
+// controls back: what the command line asks for is what counts.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+
+#include "app/run.h"
+#include "cli/options.h"
+
+namespace quillon::cli {
+
+// What is wrong with the first bad one, judged by names and forms alone, before any file is
+// touched.
+[[nodiscard]] std::optional<std::string> check_sets(Run& run, std::span<const NamedValue> sets);
+// Sets them in the order given, up to the first that this device has no place for.
+[[nodiscard]] std::optional<std::string> apply_sets(Run& run, std::span<const NamedValue> sets);
+
+}  // namespace quillon::cli

@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+// The configuration tabs of frmMain.
+//
+// The option list and the free entry are one widget each, which moves to the grid in use: the
+// model has one of each too.
+#include "forms/config_panel.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QTabWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "forms/frmMain_texts.h"
+#include "forms/hex_validator.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr double kNameShare = 0.30;  // of the grid's width; the option takes the rest
+
+// Closes itself once its list has gone, unless a choice has closed it before.
+class OptionList : public QComboBox {
+  public:
+    using QComboBox::QComboBox;
+    std::function<void()> on_left;
+
+    void hidePopup() override {
+        QComboBox::hidePopup();
+        // The choice is told after the list has gone, and the list may have come back elsewhere.
+        QTimer::singleShot(0, this, [this] {
+            if (isVisible() && !view()->isVisible() && on_left) on_left();
+        });
+    }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape && on_left)
+            on_left();
+        else
+            QComboBox::keyPressEvent(event);
+    }
+};
+
+}  // namespace
+
+ConfigGrid::ConfigGrid(QWidget* parent) : QTableWidget{parent} {
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    connect(this, &QTableWidget::cellClicked, this, [this](int row, int column) {
+        if (on_open) on_open(row, column);
+    });
+}
+
+void ConfigGrid::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_F2:
+        case Qt::Key_Space:
+            if (currentRow() >= 0 && on_open) on_open(currentRow(), 1);
+            return;
+        default:
+            QTableWidget::keyPressEvent(event);
+    }
+}
+
+void ConfigGrid::resizeEvent(QResizeEvent* event) {
+    QTableWidget::resizeEvent(event);
+    const int width = viewport()->width();
+    const int name = static_cast<int>(width * kNameShare);
+    horizontalHeader()->resizeSection(0, name);
+    horizontalHeader()->resizeSection(1, width - name);
+}
+
+ConfigPanel::ConfigPanel(MainForm& form, ConfigModel& config, const Catalogue& catalogue,
+                         Bindings& bindings, QWidget* parent)
+    : QWidget{parent},
+      form_{form},
+      config_{config},
+      catalogue_{catalogue},
+      bindings_{bindings},
+      tabs_{new QTabWidget{this}},
+      options_{new OptionList{this}},
+      free_entry_{new QLineEdit{this}} {
+    auto* layout = new QVBoxLayout{this};
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(6);
+    layout->addWidget(tabs_, 1);
+    make_grids(bindings);
+    make_option_list(bindings);
+    make_texts(bindings);
+}
+
+void ConfigPanel::make_grids(Bindings& bindings) {
+    tabs_->setDocumentMode(true);
+    tabs_->setUsesScrollButtons(true);
+    tabs_->setAccessibleName(q(form_text::kConfiguration));
+    for (int n = 1; n <= kConfigWords; ++n) {
+        auto* grid = new ConfigGrid{tabs_};
+        grids_[static_cast<std::size_t>(n - 1)] = grid;
+        tabs_->addTab(grid, q(form_text::kConfigTab) + QString::number(n));
+        bindings.bind(form_.HFGrid(n), *grid);
+        bindings.keep(form_.HFGrid(n).Changed.connect([this, n] { show_help_tips(n); }));
+        grid->setAccessibleName(q(form_text::kConfigTab) + QString::number(n));
+        // The cursor comes first: the model takes the cell from it.
+        grid->on_open = [this, n, &bindings](int row, int column) {
+            close_option_list();
+            form_.HFGrid(n).CursorRow.set(row + 1);
+            form_.HFGrid(n).CursorColumn.set(column);
+            bindings.act([&] { config_.FieldClicked(n, row + 1, column); });
+        };
+        connect(grid->verticalScrollBar(), &QScrollBar::valueChanged, this,
+                [this] { close_option_list(); });
+    }
+    bindings.bind(form_.SSTab_Config, *tabs_);
+    connect(tabs_, &QTabWidget::currentChanged, this, [this] { close_option_list(); });
+}
+
+void ConfigPanel::make_option_list(Bindings& bindings) {
+    options_->hide();
+    free_entry_->hide();
+    bindings.bind(form_.CmbInit, *options_);
+    bindings.bind(form_.TxtInit, *free_entry_);
+    form_.CmbInit.Click = [&config = config_] { config.CmbInit_Click(); };
+    static_cast<OptionList*>(options_)->on_left = [this] { close_option_list(); };
+    free_entry_->setValidator(new HexValidator{free_entry_});
+    free_entry_->setAcceptDrops(false);
+    connect(free_entry_, &QLineEdit::returnPressed, this,
+            [this] { bindings_.act([this] { config_.TxtInit_Done(); }); });
+    bindings.keep(form_.CmbInit.Visible.observe([this](bool shown) {
+        if (!shown)
+            return grids_.at(static_cast<std::size_t>(form_.SSTab_Config.Tab.get()))
+                ->setFocus(Qt::OtherFocusReason);
+        place_over_cell(*options_);
+        options_->showPopup();
+    }));
+    bindings.keep(form_.TxtInit.Visible.observe([this](bool shown) {
+        if (shown) place_over_cell(*free_entry_);
+    }));
+}
+
+void ConfigPanel::make_texts(Bindings& bindings) {
+    const auto box = [&](TextBox& control, std::string_view title, QHBoxLayout& row) {
+        auto* edit = new QLineEdit{this};
+        auto* label = new QLabel{q(title), this};
+        label->setBuddy(edit);
+        edit->setAccessibleName(q(title));
+        edit->setAcceptDrops(false);
+        row.addWidget(label);
+        row.addWidget(edit, 1);
+        bindings.bind(control, *edit);
+        return edit;
+    };
+    auto* row = new QHBoxLayout;
+    row->setSpacing(6);
+    auto* id = box(form_.Text_ID, form_text::kId, *row);
+    id->setValidator(new HexValidator{id});
+    config1_ = box(form_.Text_Config1, form_text::kConfig1, *row);
+    config2_ = box(form_.Text_Config2, form_text::kConfig2, *row);
+    for (auto* edit : {config1_, config2_}) {
+        edit->setReadOnly(true);
+        edit->installEventFilter(this);
+    }
+    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+// The help line of a field also stands behind its row, so that it can be read before a click.
+void ConfigPanel::show_help_tips(int n) {
+    auto& grid = *grids_[static_cast<std::size_t>(n - 1)];
+    const QSignalBlocker blocker{grid};
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        const std::string name = utf8(grid.item(row, 0)->text());
+        QString tip;
+        for (const auto& comment : catalogue_.CmtTable())
+            if (comment.key == name) tip = q(comment.title) + QChar{u'　'} + q(comment.text);
+        for (int column = 0; column < 2; ++column) grid.item(row, column)->setToolTip(tip);
+    }
+}
+
+void ConfigPanel::place_over_cell(QWidget& widget) {
+    const int tab = form_.SSTab_Config.Tab.get();
+    auto& grid = *grids_.at(static_cast<std::size_t>(tab));
+    const int row = form_.HFGrid(tab + 1).CursorRow.get() - 1;
+    if (row < 0 || row >= grid.rowCount()) return;
+    widget.setParent(grid.viewport());
+    widget.setGeometry(grid.visualRect(grid.model()->index(row, 1)).adjusted(1, 1, -1, -1));
+    widget.show();
+    widget.setFocus(Qt::OtherFocusReason);
+}
+
+void ConfigPanel::close_option_list() {
+    form_.CmbInit.Visible.set(false);
+    form_.TxtInit.Visible.set(false);
+}
+
+bool ConfigPanel::eventFilter(QObject* watched, QEvent* event) {
+    const bool text = watched == config1_ || watched == config2_;
+    const bool key =
+        event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space;
+    if (text && (key || event->type() == QEvent::MouseButtonRelease))
+        bindings_.act([this] { config_.Text_Config_Click(); });
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace quillon

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// Notices that the loaded HEX file has changed on disk, and offers to load it again.
+#include "forms/file_watch.h"
+
+#include <fmt/format.h>
+
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+
+#include "forms/binders.h"
+#include "forms/frmMain_texts.h"
+#include "forms/theme.h"
+
+namespace quillon {
+
+namespace {
+constexpr std::chrono::milliseconds kQuiet{300};
+}
+
+FileWatch::FileWatch(QWidget* parent) : QWidget{parent} {
+    setObjectName("reload_bar");
+    text_ = new QLabel{this};
+    text_->setTextFormat(Qt::PlainText);
+    reload_ = new QPushButton{q(form_text::kReload), this};
+    reload_->setObjectName("reload");
+    auto* later = new QPushButton{q(form_text::kLater), this};
+    for (auto* button : {reload_, later}) button->setAutoDefault(false);
+    auto* row = new QHBoxLayout{this};
+    row->setContentsMargins(10, 4, 4, 4);
+    row->addWidget(text_, 1);
+    row->addWidget(reload_);
+    row->addWidget(later);
+
+    // A light band, so that the offer is seen without a box in the way.
+    const Ground band = ground(Colour::Found, palette());
+    QPalette own;
+    own.setColor(QPalette::Window, band.back);
+    own.setColor(QPalette::WindowText, band.text);
+    text_->setPalette(own);
+    setPalette(own);
+    setAutoFillBackground(true);
+    for (auto* button : {reload_, later}) button->setPalette(parent->palette());
+
+    quiet_.setSingleShot(true);
+    quiet_.setInterval(kQuiet);
+    connect(&quiet_, &QTimer::timeout, this, [this] { look(); });
+    connect(&watcher_, &QFileSystemWatcher::fileChanged, this, [this] { quiet_.start(); });
+    connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this] { quiet_.start(); });
+    connect(later, &QPushButton::clicked, this, [this] { watch(path_); });
+    connect(reload_, &QPushButton::clicked, this, [this] {
+        if (on_reload) on_reload();
+    });
+    hide();
+}
+
+void FileWatch::watch(const QString& path) {
+    hide();
+    quiet_.stop();
+    const QStringList watched = watcher_.files() + watcher_.directories();
+    if (!watched.isEmpty()) watcher_.removePaths(watched);
+    path_ = path;
+    if (path.isEmpty()) return;
+    const QFileInfo file{path};
+    time_ = file.lastModified();
+    size_ = file.size();
+    watcher_.addPath(file.absolutePath());
+    if (file.exists()) watcher_.addPath(path);
+}
+
+void FileWatch::look() {
+    const QFileInfo file{path_};
+    if (!file.exists()) return offer(false);
+    if (!watcher_.files().contains(path_)) watcher_.addPath(path_);  // it has been replaced
+    if (file.lastModified() != time_ || file.size() != size_)
+        offer(true);
+    else
+        hide();
+}
+
+void FileWatch::offer(bool exists) {
+    const std::string name = utf8(QFileInfo{path_}.fileName());
+    text_->setText(q(exists ? fmt::format(form_text::kFileChanged, name)
+                            : fmt::format(form_text::kFileGone, name)));
+    reload_->setVisible(exists);
+    show();
+}
+
+}  // namespace quillon

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// frmAbout: what the program says of itself, and the way to the maker's page.
+#pragma once
+
+#include <QDialog>
+
+#include "app/run.h"
+#include "forms/binders.h"
+
+namespace quillon {
+
+class frmAbout : public QDialog {
+  public:
+    frmAbout(Run& run, QWidget* owner);
+    void show_over(const QWidget& form);
+
+  private:
+    Bindings bindings_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// frmDeviceSelect: which device is the command line's HEX file for?
+#include "forms/frmDeviceSelect.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "forms/device_box.h"
+#include "forms/frmMain.h"
+#include "forms/small_form_texts.h"
+
+namespace quillon {
+
+frmDeviceSelect::frmDeviceSelect(DeviceSelectForm& form, DeviceSelectDialog& dialog, QWidget* owner)
+    : QDialog{owner}, dialog_{dialog} {
+    setObjectName("frmDeviceSelect");
+    bindings_.follow(form.Caption, [this](const std::string& text) { setWindowTitle(q(text)); });
+    auto* question = new QLabel{q(form_text::kDeviceQuestion), this};
+    auto* device = new DeviceBox{this};
+    question->setBuddy(device);
+    auto* ok = new QPushButton{this};
+    auto* cancel = new QPushButton{this};
+    bindings_.bind(form.Combo_device, *device);
+    bindings_.bind(form.OKButton, *ok);
+    bindings_.bind(form.CancelButton, *cancel);
+    // Return in the list chooses a name first, so no button answers to it from there.
+    for (auto* button : {ok, cancel}) button->setAutoDefault(false);
+    connect(ok, &QPushButton::clicked, this, [this] { dialog_.OKButton_Click(); });
+    connect(cancel, &QPushButton::clicked, this, [this] { dialog_.CancelButton_Click(); });
+
+    auto* foot = new QHBoxLayout;
+    foot->addStretch(1);
+    foot->addWidget(ok);
+    foot->addWidget(cancel);
+    auto* layout = new QVBoxLayout{this};
+    layout->setContentsMargins(16, 16, 16, 12);
+    layout->setSpacing(10);
+    layout->addWidget(question);
+    layout->addWidget(device);
+    layout->addSpacing(6);
+    layout->addLayout(foot);
+    device->setFocus();
+    move(form.Left / kTwips, form.Top / kTwips);
+    bindings_.keep(form.Visible.observe([this](bool shown) {
+        if (!shown) done(Accepted);
+    }));
+}
+
+void frmDeviceSelect::reject() { dialog_.CancelButton_Click(); }
+
+}  // namespace quillon

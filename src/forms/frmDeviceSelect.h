@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+// frmDeviceSelect: which device is the command line's HEX file for?
+#pragma once
+
+#include <QDialog>
+
+#include "app/device_select_form.h"
+#include "forms/binders.h"
+
+namespace quillon {
+
+class frmDeviceSelect : public QDialog {
+  public:
+    frmDeviceSelect(DeviceSelectForm& form, DeviceSelectDialog& dialog, QWidget* owner);
+
+  protected:
+    void reject() override;  // Escape and the close box
+
+  private:
+    DeviceSelectDialog& dialog_;
+    Bindings bindings_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+// frmMain, the main window: its layout, its bindings and its handlers.
+//
+// One command at a time. While one runs, its waits keep the window alive; the controls that would
+// start another are disabled by the command, and what still comes in is dropped. Closing the window
+// meanwhile gives the command up; the window closes once it has unwound.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+
+#include "app/run.h"
+#include "forms/binders.h"
+
+class QLabel;
+class QPushButton;
+
+namespace quillon {
+
+class ConfigPanel;
+class FileWatch;
+class InfoPanel;
+class MainHeader;
+class MainMenus;
+class MemoryPanel;
+class OperationPanel;
+class frmAbout;
+class frmBoard;
+class frmIndex;
+
+class frmMain : public QMainWindow {
+  public:
+    // What the window asks of the program around it.
+    struct Wishes {
+        std::function<void()> give_up;  // the running command: Host::pump throws then
+        // Runs a command such that it can be given up.
+        std::function<void(const std::function<void()>& act)> frame;
+        std::function<void(bool minimized)> leave;  // the window has been closed: shutdown
+    };
+
+    frmMain(Run& run, Wishes wishes);
+    ~frmMain() override;
+
+    // Runs an act as a command, or drops it while another one runs. Afterwards the file at hand and
+    // the counters are shown anew.
+    void command(const std::function<void()>& act);
+    // The same for an act that may load a file: its name is shown and its changes are watched.
+    void load(const std::function<void()>& act);
+    bool busy() const { return busy_; }
+    // Name, date and counters as the session tells them now.
+    void show_facts();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void hide_what_is_not_there();
+    void make_layout();
+    void make_status_bar();
+    void connect_buttons();
+    void connect_menus();
+    void connect_own_entries();
+    void connect_form();
+    void order_focus();
+
+    void place();
+    void keep_place();
+    void focus_on(std::string name);
+    void show_counters();
+
+    Run& run_;
+    Wishes wishes_;
+    Bindings bindings_;
+    bool busy_ = false;
+    bool closing_ = false;
+    std::string focus_asked_;  // by the command that runs
+    bool file_in_buffer_ = false;
+
+    MainHeader* header_ = nullptr;
+    FileWatch* file_watch_ = nullptr;
+    ConfigPanel* config_ = nullptr;
+    InfoPanel* info_ = nullptr;
+    MemoryPanel* memory_ = nullptr;
+    OperationPanel* operation_ = nullptr;
+    QPushButton* board_label_ = nullptr;
+    QLabel* counters_ = nullptr;
+    std::unique_ptr<MainMenus> menus_;
+    frmBoard* board_ = nullptr;
+    frmIndex* index_ = nullptr;
+    frmAbout* about_ = nullptr;
+};
+
+// Forms keep their places in twips, fifteen to a pixel of the unscaled desktop.
+inline constexpr int kTwips = 15;
+
+}  // namespace quillon

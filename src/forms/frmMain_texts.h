@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// The texts of frmMain that its controls don't carry: titles, tooltips, the window's own bars.
+#pragma once
+
+#include <string_view>
+
+namespace quillon::form_text {
+
+// Menus without a control of their own
+inline constexpr std::string_view kEditMenu = "編集(&E)";
+inline constexpr std::string_view kBufferMenu = "バッファ(&U)";
+inline constexpr std::string_view kDeviceMenu = "デバイス(&D)";
+inline constexpr std::string_view kOptionMenu = "オプション(&O)";
+inline constexpr std::string_view kHelpMenu = "ヘルプ(&H)";
+inline constexpr std::string_view kCopy = "コピー(&C)";
+inline constexpr std::string_view kFindMenu = "検索(&F)...";
+inline constexpr std::string_view kFindNextMenu = "次を検索(&N)";
+inline constexpr std::string_view kFindPreviousMenu = "前を検索(&P)";
+inline constexpr std::string_view kSearchDevice = "デバイスの検索(&D)";
+inline constexpr std::string_view kSearchBoard = "ライターの検索(&W)";
+inline constexpr std::string_view kSocketPins = "ソケットのピン配置(&I)";
+inline constexpr std::string_view kAbout = "バージョン情報(&V)";
+
+// Titles
+inline constexpr std::string_view kDevice = "デバイス";
+inline constexpr std::string_view kNoFile = "HEXファイルは読み込まれていません";
+// Behind the name of a file that the image no longer holds
+inline constexpr std::string_view kNotInBuffer = "   （バッファと相違）";
+inline constexpr std::string_view kConfiguration = "コンフィギュレーション";
+inline constexpr std::string_view kConfigTab = "CONFIG";
+inline constexpr std::string_view kId = "ID";
+inline constexpr std::string_view kConfig1 = "CFG1";
+inline constexpr std::string_view kConfig2 = "CFG2";
+inline constexpr std::string_view kProgramMemory = "プログラムメモリ";
+inline constexpr std::string_view kEepromMemory = "ＥＥＰＲＯＭデータメモリ";
+inline constexpr std::string_view kCheckSum = "チェックサム";
+inline constexpr std::string_view kDeviceIdentity = "デバイスID";
+inline constexpr std::string_view kDeviceRevision = "リビジョン";
+inline constexpr std::string_view kMessage = "メッセージ";
+inline constexpr std::string_view kProgress = "進行状況";
+inline constexpr std::string_view kCounters = "試行 {}   Pass {}   Fail {}";
+inline constexpr std::string_view kCountersTip = "起動後のプログラム回数";
+
+// Search in a view
+inline constexpr std::string_view kFind = "検索する文字列";
+inline constexpr std::string_view kFindPlaceholder = "検索する文字列 (例 3FFF)";
+inline constexpr std::string_view kFindNext = "次を検索 (F3)";
+inline constexpr std::string_view kFindPrevious = "前を検索 (Shift+F3)";
+inline constexpr std::string_view kNotFound = "見つかりません";
+
+// A file that has changed
+inline constexpr std::string_view kFileChanged = "{} が変更されました。";
+inline constexpr std::string_view kFileGone = "{} が見つかりません。";
+inline constexpr std::string_view kReload = "再ロード";
+inline constexpr std::string_view kLater = "閉じる";
+
+// Tooltips
+inline constexpr std::string_view kDeviceTip =
+    "名前の一部を入力して検索できます (Ctrl+D)。選択するとバッファメモリはクリアされます";
+inline constexpr std::string_view kOpenTip =
+    "HEXファイルを開きます (Ctrl+O)。ウインドウへのドロップでも開けます";
+inline constexpr std::string_view kSaveTip = "バッファメモリをHEXファイルに保存します (Ctrl+S)";
+inline constexpr std::string_view kComTip = "通信ポートを選択します";
+inline constexpr std::string_view kBlankTip = "デバイスが消去されているか調べます (F6)";
+inline constexpr std::string_view kReadTip = "デバイスの内容をバッファメモリへ読み出します (F7)";
+inline constexpr std::string_view kVerifyTip = "デバイスとバッファメモリを比較します (F8)";
+inline constexpr std::string_view kProgramTip = "バッファメモリの内容をデバイスに書き込みます (F9)";
+inline constexpr std::string_view kExtendTip = "領域ごとの操作を行います";
+inline constexpr std::string_view kBoardTip = "クリックでライターを検索します";
+inline constexpr std::string_view kConfigTextTip =
+    "クリックでコンフィギュレーションデータの説明を表示します";
+inline constexpr std::string_view kCheckSumTip = "プログラムメモリ全ワードの和の下位16ビット";
+
+}  // namespace quillon::form_text

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// frmOption: the port dialog. Shows what stands behind each number.
+#pragma once
+
+#include <QDialog>
+#include <functional>
+
+#include "app/option_form.h"
+#include "forms/binders.h"
+
+namespace quillon {
+
+class frmOption : public QDialog {
+  public:
+    // What is behind COMn: a port's name, or nothing.
+    using Behind = std::function<QString(int number)>;
+
+    frmOption(OptionForm& form, OptionDialog& dialog, const Behind& behind, QWidget* owner);
+
+  protected:
+    void reject() override;  // Escape and the close box
+
+  private:
+    QWidget* make_ports(const Behind& behind);
+
+    OptionForm& form_;
+    OptionDialog& dialog_;
+    Bindings bindings_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+// The device's information under the configuration tabs.
+//
+// The information tabs are ten in number and at most one is shown at a time, while several of them
+// share their controls. So each is a group of rows here that shows while its tab does, and no tab
+// strip is needed.
+#include "forms/info_panel.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <initializer_list>
+
+#include "forms/frmMain_texts.h"
+#include "forms/hex_validator.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr std::size_t kCalibrationTab = 0;
+constexpr std::size_t kParityTab = 1;
+constexpr std::size_t kIdentityTab = 2;  // PIC18
+constexpr std::size_t kOsccal5FTab = 3;
+constexpr std::size_t kOsccal10FTab = 5;
+
+// A container without margins: rows line up with those of its neighbours.
+template <typename Layout>
+Layout* bare(QWidget* container, int spacing = 4) {
+    auto* layout = new Layout{container};
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(spacing);
+    return layout;
+}
+
+QLabel* label(Label& control, Bindings& bindings, QWidget* parent) {
+    auto* result = new QLabel{parent};
+    bindings.bind(control, *result);
+    return result;
+}
+
+QLineEdit* hex_box(TextBox& control, Bindings& bindings, QWidget* parent, int digits) {
+    auto* edit = new QLineEdit{parent};
+    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance('0') * digits + 16);
+    edit->setValidator(new HexValidator{edit});
+    edit->setAcceptDrops(false);
+    bindings.bind(control, *edit);
+    return edit;
+}
+
+// A combo with its title, shown and hidden together.
+QWidget* titled_combo(std::string_view title, ComboBox& control, Bindings& bindings,
+                      QWidget* parent) {
+    auto* field = new QWidget{parent};
+    auto* row = bare<QHBoxLayout>(field);
+    auto* name = new QLabel{q(title), field};
+    auto* combo = new QComboBox{field};
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(5);
+    combo->setAccessibleName(q(title));
+    name->setBuddy(combo);
+    row->addWidget(name);
+    row->addWidget(combo, 1);
+    bindings.bind(control, *combo);
+    bindings.follow(control.Visible, [field](bool shown) { field->setVisible(shown); });
+    return field;
+}
+
+// The label is a control of its own here.
+QWidget* labelled_combo(Label& title, ComboBox& control, Bindings& bindings, QWidget* parent) {
+    auto* field = new QWidget{parent};
+    auto* row = bare<QHBoxLayout>(field);
+    row->addWidget(label(title, bindings, field));
+    auto* combo = new QComboBox{field};
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(5);
+    combo->setAccessibleName(q(title.Caption.get()));
+    row->addWidget(combo, 1);
+    bindings.bind(control, *combo);
+    bindings.follow(control.Visible, [field](bool shown) { field->setVisible(shown); });
+    return field;
+}
+
+void show_with_tabs(QWidget* rows, TabSet& tabs, std::initializer_list<std::size_t> mine,
+                    Bindings& bindings) {
+    bindings.follow(tabs.TabVisible, [rows, mine = std::vector<std::size_t>{mine}](
+                                         const std::array<bool, 10>& shown) {
+        rows->setVisible(
+            std::any_of(mine.begin(), mine.end(), [&](std::size_t tab) { return shown[tab]; }));
+    });
+}
+
+}  // namespace
+
+InfoPanel::InfoPanel(MainForm& form, Bindings& bindings, QWidget* parent) : QWidget{parent} {
+    auto* layout = bare<QVBoxLayout>(this, 6);
+    layout->addWidget(make_identity(form, bindings));
+    layout->addWidget(make_information(form, bindings));
+    layout->addWidget(make_whole_words(form, bindings));
+    // The controls' own Visible speaks for a device. Before the first one there is nothing to tell.
+    bindings.follow(form.Combo_device.Text,
+                    [this](const std::string& name) { setVisible(!name.empty()); });
+}
+
+QWidget* InfoPanel::make_identity(MainForm& form, Bindings& bindings) {
+    auto* frame = new QWidget{this};
+    auto* row = bare<QHBoxLayout>(frame, 6);
+    for (Label* control : {&form.Lbl_div, &form.Lbl_ID_Dev, &form.Lbl_rev, &form.Lbl_ID_Rev}) {
+        auto* part = label(*control, bindings, frame);
+        const bool value = control == &form.Lbl_ID_Dev || control == &form.Lbl_ID_Rev;
+        if (value) part->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        row->addWidget(part, value ? 1 : 0);
+    }
+    bindings.bind(form.Frame2, *frame);
+    return frame;
+}
+
+QWidget* InfoPanel::make_information(MainForm& form, Bindings& bindings) {
+    auto& tabs = form.SSTab_MCU_Information;
+    auto* area = new QWidget{this};
+    area->setObjectName(q(tabs.name));
+    auto* layout = bare<QVBoxLayout>(area, 6);
+    layout->addWidget(make_calibration(form, bindings, area));
+
+    auto* parity = new QWidget{area};
+    auto* parity_row = bare<QHBoxLayout>(parity);
+    Check_Parity_Disp = new QCheckBox{parity};
+    bindings.bind(form.Check_Parity_Disp, *Check_Parity_Disp);
+    parity_row->addWidget(Check_Parity_Disp);
+    show_with_tabs(parity, tabs, {kParityTab}, bindings);
+    layout->addWidget(parity);
+
+    auto* identity = new QWidget{area};
+    auto* identity_row = bare<QHBoxLayout>(identity, 6);
+    identity_row->addWidget(new QLabel{q(form_text::kDeviceIdentity), identity});
+    identity_row->addWidget(label(form.Label_DEV_id, bindings, identity), 1);
+    identity_row->addWidget(new QLabel{q(form_text::kDeviceRevision), identity});
+    identity_row->addWidget(label(form.Label_DEV_rev, bindings, identity), 1);
+    show_with_tabs(identity, tabs, {kIdentityTab}, bindings);
+    layout->addWidget(identity);
+
+    bindings.follow(tabs.Enabled, [area](bool on) { area->setEnabled(on); });
+    bindings.follow(tabs.Redraw, [area](bool on) { area->setUpdatesEnabled(on); });
+    return area;
+}
+
+QWidget* InfoPanel::make_calibration(MainForm& form, Bindings& bindings, QWidget* parent) {
+    auto* rows = new QWidget{parent};
+    auto* layout = bare<QVBoxLayout>(rows);
+    auto* info = label(form.Label_CalibInfo, bindings, rows);
+    info->setWordWrap(true);
+    layout->addWidget(info);
+
+    auto* values = new QWidget{rows};
+    auto* value_row = bare<QHBoxLayout>(values, 6);
+    value_row->addWidget(label(form.Label_Calib, bindings, values));
+    auto* word = new QWidget{values};
+    auto* word_row = bare<QHBoxLayout>(word, 6);
+    word_row->addWidget(hex_box(form.Text_Calib_Data, bindings, word, 2));
+    word_row->addWidget(label(form.Label_BG, bindings, word));
+    word_row->addWidget(hex_box(form.Text_BG, bindings, word, 1));
+    show_with_tabs(word, form.SSTab_MCU_Information, {kCalibrationTab}, bindings);
+    value_row->addWidget(word);
+    auto* osccal = new QWidget{values};
+    bare<QHBoxLayout>(osccal)->addWidget(hex_box(form.Text_OSCCAL_Data, bindings, osccal, 3));
+    show_with_tabs(osccal, form.SSTab_MCU_Information, {kOsccal5FTab, kOsccal10FTab}, bindings);
+    value_row->addWidget(osccal);
+    value_row->addWidget(label(form.Lbl_Calib_ReadWrite_Data, bindings, values), 1);
+    for (Button* control : {&form.Command1, &form.Command2}) {
+        auto* button = new QPushButton{values};
+        bindings.bind(*control, *button);
+        value_row->addWidget(button);
+    }
+    layout->addWidget(values);
+
+    Chk_12F_CalibData_Select = new QCheckBox{rows};
+    bindings.bind(form.Chk_12F_CalibData_Select, *Chk_12F_CalibData_Select);
+    layout->addWidget(Chk_12F_CalibData_Select);
+    auto* use_file = new QCheckBox{rows};
+    bindings.bind(form.Chk_UseFileData, *use_file);
+    layout->addWidget(use_file);
+    show_with_tabs(rows, form.SSTab_MCU_Information, {kCalibrationTab, kOsccal5FTab, kOsccal10FTab},
+                   bindings);
+    return rows;
+}
+
+QWidget* InfoPanel::make_whole_words(MainForm& form, Bindings& bindings) {
+    auto* area = new QWidget{this};
+    area->setObjectName(q(form.SSTab91X.name));
+    auto* layout = bare<QVBoxLayout>(area);
+    auto* ids = bare<QHBoxLayout>(nullptr);
+    const std::array boxes{&form.Text_ID1, &form.Text_ID2, &form.Text_ID3, &form.Text_ID4};
+    for (std::size_t word = 0; word < boxes.size(); ++word) {
+        ids->addWidget(label(form.Label10[word], bindings, area));
+        ids->addWidget(hex_box(*boxes[word], bindings, area, 4), 1);
+    }
+    layout->addLayout(ids);
+
+    auto* first = bare<QHBoxLayout>(nullptr);
+    first->addWidget(titled_combo("BOR", form.Combo_BOR_91X, bindings, area), 1);
+    first->addWidget(titled_combo("POR", form.Combo_POR_91X, bindings, area), 1);
+    first->addWidget(titled_combo("FCAL", form.Combo_FCAL_91X, bindings, area), 1);
+    layout->addLayout(first);
+    auto* second = bare<QHBoxLayout>(nullptr);
+    second->addWidget(titled_combo("LVD", form.Combo_LVD_91X, bindings, area), 1);
+    second->addWidget(titled_combo("WUR", form.Combo_WUR_63X, bindings, area), 1);
+    layout->addLayout(second);
+    auto* third = bare<QHBoxLayout>(nullptr);
+    third->addWidget(labelled_combo(form.Label11[0], form.Combo_FCAL, bindings, area), 1);
+    third->addWidget(labelled_combo(form.Label11[1], form.Combo_BOR, bindings, area), 1);
+    third->addWidget(labelled_combo(form.Label11[2], form.Combo_POR, bindings, area), 1);
+    layout->addLayout(third);
+
+    bindings.follow(form.SSTab91X.Enabled, [area](bool on) { area->setEnabled(on); });
+    bindings.follow(form.SSTab91X.Redraw, [area](bool on) { area->setUpdatesEnabled(on); });
+    return area;
+}
+
+}  // namespace quillon

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// The program quillon: the window, and the run behind it.
+#include <QApplication>
+#include <QDir>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QTranslator>
+#include <cstdio>
+#include <memory>
+
+#include "app/product.h"
+#include "app/run.h"
+#include "app/start_up.h"
+#include "forms/chosen_port.h"
+#include "forms/frmMain.h"
+#include "forms/qt_dialogs.h"
+#include "forms/simulated_socket.h"
+#include "forms/small_form_texts.h"
+#include "forms/theme.h"
+#include "forms/window_options.h"
+#include "platform/host_ports.h"
+#include "platform/ini_settings_store.h"
+#include "platform/qt_host.h"
+#include "platform/qt_serial_port.h"
+#include "platform/single_instance.h"
+
+namespace {
+
+using namespace quillon;
+
+constexpr int kBadArguments = 2;
+
+void dress(QApplication& application) {
+    QApplication::setApplicationName("quillon");
+    QApplication::setApplicationVersion(q(product_version()));
+    QGuiApplication::setDesktopFileName("quillon");
+    QApplication::setWindowIcon(QIcon{":/icons/quillon.png"});
+    QApplication::setFont(window_font(QApplication::font()));
+    // The window goes by itself, with the small windows in its train.
+    QApplication::setQuitOnLastWindowClosed(false);
+    auto* japanese = new QTranslator{&application};
+    if (japanese->load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(japanese);
+}
+
+// The port behind the numbers: the machine's, or the simulated board.
+struct Ports {
+    Ports(const WindowOptions& options, SettingsStore& store, const Host& host)
+        : host_ports{store} {
+        if (options.port == "sim") {
+            simulated = std::make_unique<SimulatedSocket>(host);
+            number = SimulatedSocket::kNumber;
+            return;
+        }
+        real = std::make_unique<QtSerialPort>([this](int n) { return host_ports.path(n); });
+        host_ports.refresh();
+        if (options.port) number = host_ports.assign(*options.port);
+    }
+    SerialPort& port() { return simulated ? simulated->port() : *real; }
+    QString describe(int n) {
+        if (simulated) return n == SimulatedSocket::kNumber ? q(form_text::kSimulated) : QString{};
+        if (n == 1) host_ports.refresh();  // the dialog asks for all of them in turn
+        return q(host_ports.describe(n));
+    }
+
+    HostPorts host_ports;
+    std::unique_ptr<SimulatedSocket> simulated;
+    std::unique_ptr<QtSerialPort> real;
+    int number = 0;
+};
+
+int run_window(const WindowOptions& options, const std::string& tail) {
+    QtHost::Folders folders;
+    if (options.home) folders.home = *options.home;
+    QtHost host{QtHost::Interface::Window, folders};
+    IniSettingsStore saved{folders.home};
+    Ports ports{options, saved, host};
+    ChosenPort store{saved, ports.number};
+    QtDialogs dialogs;
+    const auto run = std::make_unique<Run>(store, host, ports.port(), dialogs);
+    if (options.catalogue) run->session.CatalogueFile = *options.catalogue;
+    if (ports.simulated) ports.simulated->follow(*run);
+
+    const SingleInstance instance{host.documents_folder()};
+    StartUp start_up{*run};
+    frmMain window{*run,
+                   {.give_up = [&host] { host.give_up(Abandoned::Reason::Closed); },
+                    .frame =
+                        [&host](const std::function<void()>& act) {
+                            const QtHost::Operation operation{host};
+                            act();
+                        },
+                    .leave =
+                        [&start_up](bool minimized) {
+                            start_up.shutdown(minimized);
+                            QCoreApplication::exit(0);
+                        }}};
+    dialogs.attach(*run, &window, [&ports](int n) { return ports.describe(n); });
+
+    StartUp::End end{};
+    window.load([&] { end = start_up.Main(tail, instance.second()); });
+    if (end == StartUp::End::EndProcess) {
+        start_up.shutdown(window.isMinimized());
+        return 0;
+    }
+    return QCoreApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments{argv + 1, argv + argc};
+    const WindowOptions options = read_window_options(arguments);
+    if (options.bad) {
+        std::fprintf(stderr, "quillon: %s\n%s", options.bad->c_str(), window_usage().c_str());
+        return kBadArguments;
+    }
+    if (options.help) {
+        std::fputs(window_usage().c_str(), stdout);
+        return 0;
+    }
+    if (options.version) {
+        std::printf("Quillon %s\n", std::string{product_version()}.c_str());
+        return 0;
+    }
+    // The toolkit takes its own options out of what is left; the rest is the tail.
+    std::vector<std::string> rest{argv[0]};
+    rest.insert(rest.end(), options.rest.begin(), options.rest.end());
+    std::vector<char*> pointers;
+    for (auto& argument : rest) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    int count = static_cast<int>(rest.size());
+    QApplication application{count, pointers.data()};
+    dress(application);
+    std::vector<std::string> tail;
+    for (int i = 1; i < count; ++i) tail.emplace_back(pointers[static_cast<std::size_t>(i)]);
+    return run_window(options, command_tail(tail));
+}

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+// The menu bar of frmMain: where each entry stands, its key and what it starts.
+//
+// A menu's own title is a control where the system locks the whole menu ("file", "mnuAsmC"). The
+// help entry is a control too, but what is locked is the entry.
+#include "forms/main_menus.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenuBar>
+
+#include "forms/frmMain_texts.h"
+
+namespace quillon {
+
+MainMenus::MainMenus(QMenuBar& bar, MainForm& form, Bindings& bindings)
+    : bar_{bar}, bindings_{bindings} {
+    make_file(form);
+    make_tools(form);
+    make_edit();
+    make_buffer(form);
+    make_device(form);
+    make_options(form);
+    make_help(form);
+}
+
+QMenu* MainMenus::menu(std::string_view title, std::string_view name) {
+    auto* result = bar_.addMenu(q(title));
+    result->setObjectName(q(name));
+    result->setToolTipsVisible(true);
+    return result;
+}
+
+QAction* MainMenus::entry(QMenu& menu, MenuItem& control, const QKeySequence& key) {
+    auto* action = menu.addAction(QString{});
+    action->setShortcut(key);
+    bindings_.bind(control, *action);
+    return action;
+}
+
+QAction* MainMenus::own_entry(QMenu& menu, std::string_view text, const QKeySequence& key) {
+    auto* action = menu.addAction(q(text));
+    action->setShortcut(key);
+    return action;
+}
+
+void MainMenus::make_file(MainForm& form) {
+    auto* file = bar_.addMenu(QString{});
+    bindings_.bind(form.file, *file);
+    entry(*file, form.mnuFileOpen, QKeySequence::Open);
+    entry(*file, form.mnuFileSave, QKeySequence::Save);
+    file->addSeparator();
+    for (auto& control : form.nmuFile) entry(*file, control);
+    // The index that belongs to a file: kept as text in the control, no entry for the user.
+    for (auto& control : form.nmuDevice) {
+        control.Visible.set(false);
+        entry(*file, control);
+    }
+    entry(*file, form.nmuHistryClear);
+    file->addSeparator();
+    entry(*file, form.mnuLogFileOpen);
+    file->addSeparator();
+    entry(*file, form.exit, QKeySequence{Qt::CTRL | Qt::Key_Q});
+}
+
+void MainMenus::make_tools(MainForm& form) {
+    auto* tools = bar_.addMenu(QString{});
+    bindings_.bind(form.mnuAsmC, *tools);
+    entry(*tools, form.mnuRELOAD);
+    entry(*tools, form.mnuASMwithRELOAD);
+    entry(*tools, form.mnuAsmReloadProgram);
+}
+
+void MainMenus::make_edit() {
+    auto* edit = menu(form_text::kEditMenu, "edit_menu");
+    copy = own_entry(*edit, form_text::kCopy);
+    edit->addSeparator();
+    find = own_entry(*edit, form_text::kFindMenu, QKeySequence::Find);
+    find_next = own_entry(*edit, form_text::kFindNextMenu, Qt::Key_F3);
+    find_previous =
+        own_entry(*edit, form_text::kFindPreviousMenu, QKeySequence{Qt::SHIFT | Qt::Key_F3});
+    edit->addSeparator();
+    search_device = own_entry(*edit, form_text::kSearchDevice, QKeySequence{Qt::CTRL | Qt::Key_D});
+}
+
+void MainMenus::make_buffer(MainForm& form) {
+    auto* buffer = menu(form_text::kBufferMenu, "buffer_menu");
+    entry(*buffer, form.mnuPcBufferMemoryClear);
+    entry(*buffer, form.mnuPcBufferMemory_0);
+    lockable_.push_back(buffer);
+}
+
+void MainMenus::make_device(MainForm& form) {
+    auto* device = menu(form_text::kDeviceMenu, "device_menu");
+    search_board = own_entry(*device, form_text::kSearchBoard);
+    device->addSeparator();
+    entry(*device, form.mnuPgmErase);
+    entry(*device, form.mnuChipErase);
+    lockable_.push_back(device);
+}
+
+void MainMenus::make_options(MainForm& form) {
+    auto* options = menu(form_text::kOptionMenu, "option_menu");
+    entry(*options, form.mnuComPort);
+    entry(*options, form.mnuComMode1)->setCheckable(true);
+    options->addSeparator();
+    entry(*options, form.mnuBlankSkip)->setCheckable(true);
+    entry(*options, form.mnuLock)->setCheckable(true);
+    options->addSeparator();
+    entry(*options, form.mnuBoardInfomation)->setCheckable(true);
+    entry(*options, form.mnuFrmmainHight);
+    for (MenuItem* control :
+         {&form.mnuComMode1, &form.mnuBlankSkip, &form.mnuLock, &form.mnuBoardInfomation}) {
+        auto* action = bar_.findChild<QAction*>(q(control->name));
+        action->setChecked(control->Checked.get());
+    }
+    lockable_.push_back(options);
+}
+
+void MainMenus::make_help(MainForm& form) {
+    auto* help = menu(form_text::kHelpMenu, "help_menu");
+    entry(*help, form.mnuHelp, Qt::Key_F1);
+    entry(*help, form.mnuBoardAmend);
+    socket_pins = own_entry(*help, form_text::kSocketPins);
+    help->addSeparator();
+    entry(*help, form.mnuFirmwareUpdate);
+    about = own_entry(*help, form_text::kAbout);
+}
+
+void MainMenus::start(const MenuItem& control, Act act) {
+    auto* action = bar_.findChild<QAction*>(q(control.name));
+    QObject::connect(action, &QAction::triggered, action, [&control, action, act = std::move(act)] {
+        act();
+        // The click has toggled the mark; the control has the word.
+        if (action->isCheckable()) action->setChecked(control.Checked.get());
+    });
+}
+
+void MainMenus::set_busy(bool busy) {
+    for (auto* menu : lockable_) menu->setEnabled(!busy);
+}
+
+}  // namespace quillon

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// The arguments of the window: its own options begin with "--" and are taken out first; what is
+// left, joined by blanks, is the command tail.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace quillon {
+
+struct WindowOptions {
+    std::optional<std::string> home{};       // settings and work folder
+    std::optional<std::string> port{};       // a path, "COMn" or "sim"
+    std::optional<std::string> catalogue{};  // device6.ini
+    bool help = false;
+    bool version = false;
+    std::vector<std::string> rest{};   // the tail's arguments, and those of the toolkit
+    std::optional<std::string> bad{};  // what couldn't be understood, for standard error
+};
+
+// `arguments` without the program's name. Values stand behind a blank or a "=".
+WindowOptions read_window_options(std::span<const std::string> arguments);
+
+// The help text.
+std::string window_usage();
+
+}  // namespace quillon

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+// Commands that need no board: devices, load, and how a run starts.
+#include <gtest/gtest.h>
+
+#include "cli_bench.h"
+
+namespace quillon::cli {
+namespace {
+
+using test::CliBench;
+using test::Json;
+using test::kBlinker;
+using test::kBlinkerNamed;
+
+bool holds(const std::vector<std::string>& texts, std::string_view text) {
+    return std::ranges::count(texts, text) > 0;
+}
+
+TEST(devices, lists_the_catalogue_one_a_line) {
+    CliBench cli;
+    ASSERT_EQ(cli({"devices"}), 0) << cli.err;
+    EXPECT_NE(cli.out.find("PIC16F877A\n"), std::string::npos);
+    EXPECT_EQ(std::ranges::count(cli.out, '\n'), 212);
+}
+
+TEST(devices, tells_type_sizes_and_family_of_each_as_json) {
+    CliBench cli;
+    ASSERT_EQ(cli.json({"devices"}), 0) << cli.err;
+    const auto devices = cli.of("device");
+    ASSERT_EQ(devices.size(), 212U);
+    const auto named = [&](std::string_view name) {
+        return *std::ranges::find_if(devices,
+                                     [&](const Json& device) { return device["name"] == name; });
+    };
+    const auto check = [](const Json& device, std::string_view type, int words, int bytes,
+                          std::string_view family) {
+        EXPECT_EQ(device["PgmType"], type);
+        EXPECT_EQ(device["PgmWords"], words);
+        EXPECT_EQ(device["EepBytes"], bytes);
+        EXPECT_EQ(device["family"], family);
+    };
+    check(named("PIC16F877A"), "FLASH8", 8192, 256, "PIC16F877A");
+    check(named("PIC16F84A"), "FLASH0", 1024, 64, "generic");
+    check(named("PIC18F2550"), "18F_01", 16384, 256, "PIC18F2550");
+    EXPECT_EQ(cli.result()["event"], "result") << "the result is the last line here too";
+}
+
+TEST(load, puts_the_file_into_the_image_and_dumps_it) {
+    CliBench cli;
+    ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker, "--dump", cli.path("d.json")}),
+              0)
+        << cli.err;
+    const auto dump = cli.file("d.json");
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : nlohmann::ordered_json::parse(cli.home.read("d.json")).items())
+        keys.push_back(key);
+    EXPECT_EQ(keys, (std::vector<std::string>{"device", "PgmType", "PgmWords", "EepBytes",
+                                              "PgmWordsCat", "EepBytesCat", "PgmMem", "EepMem",
+                                              "CfgIdMem", "IdBytes18", "CfgBytes18", "ConfigWord",
+                                              "IdText", "Text_ID", "CheckSum", "LoadResult"}));
+    EXPECT_EQ(dump["device"], "PIC16F877A");
+    EXPECT_EQ(dump["PgmType"], "FLASH8");
+    EXPECT_EQ(dump["PgmWords"], 8192);
+    EXPECT_EQ(dump["EepBytesCat"], 256);
+    const std::string program = dump["PgmMem"];
+    EXPECT_EQ(program.size(), 4U * 8192);
+    EXPECT_TRUE(program.starts_with("018A28053FFF3FFF0009")) << program.substr(0, 20);
+    EXPECT_TRUE(program.ends_with("3442346C3469346E346B34653472340A"));
+    const std::string eeprom = dump["EepMem"];
+    EXPECT_EQ(eeprom.size(), 4U * 256);
+    EXPECT_TRUE(eeprom.starts_with("3F823F023F82")) << eeprom.substr(0, 12);
+    EXPECT_EQ(dump["CfgIdMem"].get<std::string>().size(), 68U);
+    EXPECT_EQ(dump["CfgIdMem"].get<std::string>().substr(0, 16), "0002000000020006");
+    EXPECT_EQ(dump["CfgIdMem"].get<std::string>().substr(28, 4), "3F71");
+    EXPECT_EQ(dump["IdBytes18"].get<std::string>().size(), 16U);
+    EXPECT_EQ(dump["CfgBytes18"].get<std::string>().size(), 28U);
+    ASSERT_EQ(dump["ConfigWord"].size(), 7U);
+    EXPECT_EQ(dump["ConfigWord"][0], 0x3F71);
+    EXPECT_EQ(dump["IdText"], "2026");
+    EXPECT_EQ(dump["Text_ID"], "2026");
+    EXPECT_EQ(dump["CheckSum"].get<std::string>().size(), 4U);
+    EXPECT_EQ(dump["LoadResult"], "OK");
+}
+
+TEST(load, dumps_one_byte_an_eeprom_cell_for_pic18) {
+    CliBench cli;
+    const auto hex = cli.home.write("a.hex", ":0400000001EF00F01C\n:00000001FF\n");
+    ASSERT_EQ(
+        cli.json({"--device", "PIC18F2550", "load", hex.string(), "--dump", cli.path("d.json")}), 0)
+        << cli.err;
+    const auto dump = cli.file("d.json");
+    EXPECT_EQ(dump["EepMem"].get<std::string>().size(), 2U * 256);
+    EXPECT_EQ(dump["PgmMem"].get<std::string>().size(), 4U * 16384);
+}
+
+TEST(load, shows_the_products_messages_once_and_nothing_about_a_board) {
+    CliBench cli;
+    ASSERT_EQ(cli({"--device", "PIC16F877A", "load", kBlinker}), 0);
+    EXPECT_EQ(cli.out, "ファイルロード中..........\nファイルロード完了\n");
+}
+
+TEST(load, takes_the_device_that_the_file_names) {
+    CliBench cli;
+    ASSERT_EQ(
+        cli.json({"--device", "PIC16F84A", "load", kBlinkerNamed, "--dump", cli.path("d.json")}),
+        0);
+    EXPECT_EQ(cli.file("d.json")["device"], "PIC16F877A");
+}
+
+TEST(load, fails_with_1_on_a_file_that_cannot_be_loaded_and_says_so) {
+    CliBench cli;
+    const auto binary = cli.home.write("binary.hex", std::string("\0\x01\x02\xFF", 4));
+    const auto bad = cli.home.write("bad.hex", ":04000000ZZ010528XX\n");
+    for (const auto& path :
+         {binary.string(), bad.string(), cli.path("missing.hex"), cli.home.path().string()}) {
+        EXPECT_EQ(cli.json({"--device", "PIC16F877A", "load", path}), 1) << path;
+        EXPECT_EQ(cli.result()["status"], "failed") << path;
+        EXPECT_FALSE(cli.messages().empty()) << path;
+    }
+    EXPECT_EQ(cli.json({"--device", "PIC16F877A", "load", cli.path("missing.hex")}), 1);
+    EXPECT_TRUE(holds(cli.messages(), "ファイルをオープンできませんでした。"));
+}
+
+TEST(load, fails_with_1_where_the_dump_cannot_be_written) {
+    CliBench cli;
+    EXPECT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker, "--dump",
+                        cli.path("no/such/folder/d.json")}),
+              1);
+    EXPECT_NE(cli.err.find("d.json"), std::string::npos);
+    EXPECT_NE(cli.result()["error"].get<std::string>().find("d.json"), std::string::npos);
+}
+
+TEST(run_cli, remembers_the_device_for_the_next_call) {
+    CliBench cli;
+    ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker}), 0);
+    ASSERT_EQ(cli.json({"load", kBlinker, "--dump", cli.path("d.json")}), 0) << cli.err;
+    EXPECT_EQ(cli.file("d.json")["device"], "PIC16F877A");
+}
+
+TEST(run_cli, ends_with_2_without_a_device_or_with_one_that_the_catalogue_does_not_hold) {
+    CliBench cli;
+    EXPECT_EQ(cli.json({"load", kBlinker}), 2);
+    EXPECT_NE(cli.err.find("--device"), std::string::npos);
+    EXPECT_EQ(cli.json({"--device", "PIC99F1", "load", kBlinker}), 2);
+    EXPECT_EQ(cli.err, "quillon-cli: the catalogue holds no device named 'PIC99F1'\n");
+    EXPECT_EQ(cli.result()["exit"], 2);
+    EXPECT_EQ(cli.json({"--device", "", "load", kBlinker}), 2);
+}
+
+TEST(run_cli, ends_a_json_run_with_a_result_even_where_the_line_cannot_be_understood) {
+    CliBench cli;
+    EXPECT_EQ(cli.json({"frobnicate"}), 2);
+    ASSERT_EQ(cli.events.size(), 1U);
+    EXPECT_EQ(cli.result()["event"], "result");
+    EXPECT_EQ(cli.result()["exit"], 2);
+    EXPECT_EQ(cli({"frobnicate"}), 2);
+    EXPECT_EQ(cli.out, "") << "complaints go to standard error";
+    EXPECT_NE(cli.err, "");
+}
+
+TEST(run_cli, ends_with_2_where_the_catalogue_is_missing_and_shows_its_box) {
+    CliBench cli;
+    cli.catalogue = cli.path("no.ini");
+    EXPECT_EQ(cli.json({"devices"}), 2);
+    ASSERT_EQ(cli.of("box").size(), 1U);
+    EXPECT_EQ(cli.of("box")[0]["title"], "設定ファイルを開けませんでした");
+    EXPECT_EQ(cli.of("box")[0]["icon"], "critical");
+    EXPECT_EQ(cli.of("box")[0]["answer"], "ok");
+}
+
+TEST(run_cli, ends_with_1_where_the_work_folder_cannot_be_made) {
+    CliBench cli;
+    cli.home.write("file", "");
+    EXPECT_EQ(cli.json({"--home", cli.path("file/home"), "devices"}), 1);
+    ASSERT_FALSE(cli.of("box").empty());
+    EXPECT_EQ(cli.of("box")[0]["title"], "ﾃﾝﾌﾟﾌｫﾙﾀﾞ作成失敗");
+}
+
+TEST(run_cli, ends_with_2_where_the_trace_cannot_be_written) {
+    CliBench cli;
+    EXPECT_EQ(cli.on_board({"--trace", cli.path("no/such/t"), "detect"}), 2);
+    EXPECT_NE(cli.err.find("no/such/t"), std::string::npos);
+}
+
+TEST(run_cli, asks_the_power_question_of_a_device_and_takes_the_answer) {
+    CliBench cli;
+    const auto hex = cli.home.write("a.hex", ":00000001FF\n").string();
+    ASSERT_EQ(cli.json({"--device", "PIC16F886", "--answer", "power=vdd", "load", hex}), 0);
+    ASSERT_EQ(cli.of("question").size(), 1U);
+    EXPECT_EQ(cli.of("question")[0]["name"], "power");
+    EXPECT_EQ(cli.of("question")[0]["answer"], "vdd");
+    EXPECT_EQ(cli.of("question")[0]["lines"][0], "PIC16F886は");
+    ASSERT_EQ(cli.json({"--device", "PIC16F886", "load", hex}), 0);
+    EXPECT_EQ(cli.of("question")[0]["answer"], "close") << "the catalogue's order stands";
+}
+
+}  // namespace
+}  // namespace quillon::cli

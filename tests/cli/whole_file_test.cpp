@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "cli/whole_file.h"
+
+#include <gtest/gtest.h>
+
+#include "support/fakes.h"
+
+namespace quillon::cli {
+namespace {
+
+using test::TempFolder;
+
+std::size_t files_in(const TempFolder& folder) {
+    return static_cast<std::size_t>(std::distance(
+        std::filesystem::directory_iterator{folder.path()}, std::filesystem::directory_iterator{}));
+}
+
+TEST(write_whole, replaces_a_file_and_leaves_nothing_beside_it) {
+    const TempFolder folder;
+    folder.write("a.json", "a long former content");
+    EXPECT_EQ(write_whole(folder / "a.json", "new"), std::nullopt);
+    EXPECT_EQ(folder.read("a.json"), "new");
+    EXPECT_EQ(files_in(folder), 1U);
+}
+
+TEST(write_whole, says_why_a_file_in_a_missing_folder_cannot_be_written) {
+    const TempFolder folder;
+    const auto reason = write_whole(folder / "no/such/a.json", "x");
+    ASSERT_TRUE(reason);
+    EXPECT_NE(*reason, "");
+}
+
+TEST(write_whole, does_not_replace_a_folder) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder / "a.json");
+    EXPECT_TRUE(write_whole(folder / "a.json", "x"));
+    EXPECT_TRUE(std::filesystem::is_directory(folder / "a.json"));
+    EXPECT_EQ(files_in(folder), 1U);
+}
+
+TEST(write_whole, follows_a_link_to_the_file_behind_it) {
+    const TempFolder folder;
+    folder.write("real.json", "old");
+    std::filesystem::create_symlink(folder / "real.json", folder / "link.json");
+    EXPECT_EQ(write_whole(folder / "link.json", "new"), std::nullopt);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.json"));
+    EXPECT_EQ(folder.read("real.json"), "new");
+}
+
+TEST(write_whole, writes_into_a_device_without_replacing_it) {
+    EXPECT_EQ(write_whole("/dev/null", "x"), std::nullopt);
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+}
+
+}  // namespace
+}  // namespace quillon::cli

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+// The exchanges of an operation in the wire log's notation, made from what was put into image and
+// part.
+//
+// What sets the two families apart on the wire stands in one row a family. All these parts raise
+// VDD first ("N") and have a power delay of 10 ms.
+#pragma once
+
+#include <fmt/format.h>
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/text.h"
+#include "board/wire_log.h"
+#include "support/bench.h"
+
+namespace quillon::test {
+
+struct FamilyLetters {
+    std::string_view write_pgm;
+    std::string_view write_cfg;
+    std::string_view erase_chip;
+    std::string_view erase_pgm;  // "" where the chip erase takes program memory
+    std::string_view erase_eep;
+};
+
+inline constexpr FamilyLetters k877{"we8", "wec", "01", "", "03"};
+inline constexpr FamilyLetters k877A{"wGe", "wFc", "0A", "0B", "0C"};
+
+inline const FamilyLetters& letters_of(std::string_view device) {
+    return device.ends_with('A') ? k877A : k877;
+}
+
+class ExpectedWire {
+  public:
+    explicit ExpectedWire(Bench& bench)
+        : bench_{bench},
+          letters_{letters_of(bench.device())},
+          pgm_count_{hex_count(bench.session().PgmWords)},
+          eep_count_{hex_count(bench.session().EepBytes)} {}
+
+    static std::string check() { return "> ***?  < ZQ-LDR412A V6.80\n> mD 0A  < 0A\n"; }
+
+    // The "c" area: four ID words, two that hold nothing, the identity, the configuration word.
+    std::string config(std::string_view end = "@") const {
+        return "> Nrsc 00 08  < " + area() + "  > @  < " + std::string{end} + "\n";
+    }
+    std::string blank_pgm(std::string_view word, std::string_view end = "@") const {
+        return fmt::format("> Nbs {}  < {} {}\n", pgm_count_, word, end);
+    }
+    std::string read_pgm(std::span<const std::uint8_t> data, std::string_view end = "@") const {
+        return read("> Nrsp " + pgm_count_, data, end);
+    }
+    std::string read_eep(std::span<const std::uint8_t> data, std::string_view end = "@") const {
+        return read("> Nrsd " + eep_count_, data, end);
+    }
+    std::string erase_chip() const { return erase(letters_.erase_chip); }
+    std::string erase_pgm() const { return erase(letters_.erase_pgm); }
+    std::string erase_eep() const { return erase(letters_.erase_eep); }
+    std::string erase_all() const {
+        return erase_chip() + (letters_.erase_pgm.empty() ? "" : erase_pgm()) + erase_eep();
+    }
+    // The letters and the count with which a write begins.
+    std::string begin_write_pgm() const {
+        return fmt::format("> N{} {}", letters_.write_pgm, pgm_count_);
+    }
+    std::string begin_write_eep() const { return "> Nwed " + eep_count_; }
+    std::string begin_write_cfg() const { return fmt::format("> N{} 00 08", letters_.write_cfg); }
+
+    std::string write_pgm(std::string_view end = "@") const {
+        return begin_write_pgm() + items(bench_.program_image(), end);
+    }
+    std::string write_eep(std::string_view end = "@") const {
+        return begin_write_eep() + items(bench_.eeprom_image(), end);
+    }
+    // The three words between ID and configuration carry the mark that leaves them out.
+    std::string write_cfg(std::string_view end = "@") const {
+        return begin_write_cfg() + items(config_items(), end);
+    }
+    std::vector<std::uint8_t> config_items() const {
+        auto bytes = std::vector<std::uint8_t>(bench_.session().CfgIdMem.begin(),
+                                               bench_.session().CfgIdMem.begin() + 16);
+        for (const std::size_t i : {8U, 10U, 12U}) bytes[i] |= 0x80;
+        return bytes;
+    }
+
+    // Ready bytes and items of a write stream up to its last byte.
+    static std::string items(std::span<const std::uint8_t> data, std::string_view end) {
+        return fmt::format("  < + x{}  > {}  < {}\n", data.size() / 2, shown(data), end);
+    }
+    // Data bytes as the log shows them.
+    static std::string shown(std::span<const std::uint8_t> data) {
+        std::string pairs;
+        for (const auto byte : data) pairs += (pairs.empty() ? "" : " ") + hex(byte, 2);
+        if (data.size() <= 40) return pairs;
+        bool alike = true;
+        for (std::size_t i = 2; i < data.size(); ++i) alike = alike && data[i] == data[i - 2];
+        if (alike) return fmt::format("{} x {}", data.size() / 2, pairs.substr(0, 5));
+        return fmt::format("{} bytes {:08X}", data.size(), crc32(data));
+    }
+
+    // What the part in the socket sends of its memories.
+    std::vector<std::uint8_t> program_of_target() const {
+        std::vector<std::uint8_t> bytes;
+        for (std::size_t w = 0; w < bench_.target().program.size(); ++w)
+            put(bytes, bench_.target().read_program(w));
+        return bytes;
+    }
+    std::vector<std::uint8_t> eeprom_of_target() const {
+        std::vector<std::uint8_t> bytes;
+        const bool zeros = bench_.target().eeprom_protected();
+        for (std::size_t c = 0; c < bench_.target().eeprom.size(); ++c)
+            put(bytes, zeros ? 0U : 0x3F00U | bench_.target().eeprom[c]);
+        return bytes;
+    }
+    std::string area() const {
+        std::vector<std::uint8_t> bytes;
+        for (std::size_t w = 0; w < 8; ++w) put(bytes, bench_.target().read_area(w));
+        return shown(bytes);
+    }
+
+  private:
+    static std::string hex_count(std::int32_t count) {
+        return hex(static_cast<unsigned>(count) / 256, 2) + " " +
+               hex(static_cast<unsigned>(count) % 256, 2);
+    }
+    static void put(std::vector<std::uint8_t>& bytes, unsigned word) {
+        bytes.push_back(static_cast<std::uint8_t>(word >> 8U));
+        bytes.push_back(static_cast<std::uint8_t>(word));
+    }
+    static std::string read(const std::string& head, std::span<const std::uint8_t> data,
+                            std::string_view end) {
+        const auto blocks = data.size() / 16;
+        return fmt::format("{}  < {}  > @{}  < {}\n", head, shown(data),
+                           blocks == 1 ? "" : fmt::format(" x{}", blocks), end);
+    }
+    static std::string erase(std::string_view mode) { return fmt::format("> Nbd {}  < @\n", mode); }
+
+    Bench& bench_;
+    const FamilyLetters& letters_;
+    std::string pgm_count_;
+    std::string eep_count_;
+};
+
+}  // namespace quillon::test

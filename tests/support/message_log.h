@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// Every message in its order, as one line: "[red] text | extra", "[+] text" where it was appended.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/messages.h"
+
+namespace quillon::test {
+
+class MessageLog {
+  public:
+    explicit MessageLog(Messages& messages)
+        : connection_{messages.shown.connect([this](const ShownMessage& message) {
+              std::string line = message.appended ? "[+] " : "";
+              if (message.colour == Colour::Red) line += "[red] ";
+              line += message.text;
+              if (!message.extra.empty()) line += " | " + message.extra;
+              lines.push_back(line);
+          })} {}
+
+    std::vector<std::string> lines;
+
+  private:
+    Connection connection_;
+};
+
+}  // namespace quillon::test
