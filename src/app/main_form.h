@@ -27,7 +27,7 @@ struct MainForm : Form {
     RichTextBox rText_EepromMem{*this, "rText_EepromMem"};
     Label Label_pm_size{*this, "Label_pm_size"};
     Label Label_ed_size{*this, "Label_ed_size"};
-    Label Label4{*this, "Label4"};  // heading of the EEPROM view
+    Label Label4{*this, "Label4", "ＥＥＰＲＯＭデータメモリ"};
     Label LblCheckSUM{*this, "LblCheckSUM"};
 
     // ID and configuration
