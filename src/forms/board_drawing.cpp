@@ -36,7 +36,7 @@ constexpr double kMargin = 3;
 constexpr double kTop = 5;
 constexpr double kSocketWidth = 5;
 constexpr double kGap = 3.5;
-constexpr double kGapWithNames = 11;
+constexpr double kGapWithNames = 10;
 constexpr double kFoot = 2.5;
 constexpr double kJumperStep = 1.6;
 
@@ -91,7 +91,7 @@ BoardDrawing::BoardDrawing(Names names, QWidget* parent) : QWidget{parent}, name
 
 double BoardDrawing::step() const {
     // Names of pins stand beside their pin, so a step with names is a line of text.
-    return names_ == Names::Pins ? fontMetrics().height() * 1.05 : fontMetrics().height() * 0.72;
+    return names_ == Names::Pins ? fontMetrics().height() * 0.95 : fontMetrics().height() * 0.72;
 }
 
 double BoardDrawing::socket_pitch() const {

@@ -181,6 +181,7 @@ void ConfigPanel::make_texts(Bindings& bindings) {
     config2_ = box(form_.Text_Config2, form_text::kConfig2, *row);
     for (auto* edit : {config1_, config2_}) {
         edit->setReadOnly(true);
+        edit->setToolTip(q(form_text::kConfigTextTip));
         edit->installEventFilter(this);
     }
     static_cast<QVBoxLayout*>(layout())->addLayout(row);

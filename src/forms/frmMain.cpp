@@ -169,7 +169,8 @@ void frmMain::resizeEvent(QResizeEvent* event) {
 }
 
 void frmMain::focus_on(std::string name) {
-    auto* widget = findChild<QWidget*>(q(name));
+    // An empty name is the flows' way of letting go, and would find any widget at all.
+    auto* widget = name.empty() ? nullptr : findChild<QWidget*>(q(name));
     if (widget == nullptr) return;
     focus_asked_ = std::move(name);
     widget->setFocus(Qt::OtherFocusReason);

@@ -32,7 +32,7 @@
 namespace quillon {
 
 namespace {
-constexpr int kLeftCharacters = 46;
+constexpr int kLeftCharacters = 49;  // seven tabs, and the widest row of calibration
 }
 
 frmMain::frmMain(Run& run, Wishes wishes)

@@ -7,12 +7,12 @@
 namespace quillon::form_text {
 
 // Menus without a control of their own
-inline constexpr std::string_view kEditMenu = "編集(&E)";
+inline constexpr std::string_view kEditMenu = "編集(&T)";
 inline constexpr std::string_view kBufferMenu = "バッファ(&U)";
 inline constexpr std::string_view kDeviceMenu = "デバイス(&D)";
 inline constexpr std::string_view kOptionMenu = "オプション(&O)";
 inline constexpr std::string_view kHelpMenu = "ヘルプ(&H)";
-inline constexpr std::string_view kCopy = "コピー(&C)";
+inline constexpr std::string_view kCopy = "コピー(&C)\tCtrl+C";
 inline constexpr std::string_view kFindMenu = "検索(&F)...";
 inline constexpr std::string_view kFindNextMenu = "次を検索(&N)";
 inline constexpr std::string_view kFindPreviousMenu = "前を検索(&P)";
@@ -27,7 +27,7 @@ inline constexpr std::string_view kNoFile = "HEXファイルは読み込まれ�
 // Behind the name of a file that the image no longer holds
 inline constexpr std::string_view kNotInBuffer = "   （バッファと相違）";
 inline constexpr std::string_view kConfiguration = "コンフィギュレーション";
-inline constexpr std::string_view kConfigTab = "CONFIG";
+inline constexpr std::string_view kConfigTab = "CFG";
 inline constexpr std::string_view kId = "ID";
 inline constexpr std::string_view kConfig1 = "CFG1";
 inline constexpr std::string_view kConfig2 = "CFG2";

@@ -52,6 +52,13 @@ QLineEdit* hex_box(TextBox& control, Bindings& bindings, QWidget* parent, int di
     return edit;
 }
 
+// A value of a few digits keeps its width.
+QLineEdit* short_box(TextBox& control, Bindings& bindings, QWidget* parent, int digits) {
+    auto* edit = hex_box(control, bindings, parent, digits);
+    edit->setFixedWidth(edit->fontMetrics().horizontalAdvance('0') * digits + 24);
+    return edit;
+}
+
 // A combo with its title, shown and hidden together.
 QWidget* titled_combo(std::string_view title, ComboBox& control, Bindings& bindings,
                       QWidget* parent) {
@@ -116,6 +123,12 @@ QWidget* InfoPanel::make_identity(MainForm& form, Bindings& bindings) {
         row->addWidget(part, value ? 1 : 0);
     }
     bindings.bind(form.Frame2, *frame);
+    // A frame whose labels are all hidden, as for PIC18, would leave a gap.
+    const auto show = [frame, &form](bool) {
+        frame->setVisible(form.Frame2.Visible.get() && form.Lbl_div.Visible.get());
+    };
+    bindings.follow(form.Frame2.Visible, show);
+    bindings.follow(form.Lbl_div.Visible, show);
     return frame;
 }
 
@@ -160,13 +173,13 @@ QWidget* InfoPanel::make_calibration(MainForm& form, Bindings& bindings, QWidget
     value_row->addWidget(label(form.Label_Calib, bindings, values));
     auto* word = new QWidget{values};
     auto* word_row = bare<QHBoxLayout>(word, 6);
-    word_row->addWidget(hex_box(form.Text_Calib_Data, bindings, word, 2));
+    word_row->addWidget(short_box(form.Text_Calib_Data, bindings, word, 2));
     word_row->addWidget(label(form.Label_BG, bindings, word));
-    word_row->addWidget(hex_box(form.Text_BG, bindings, word, 1));
+    word_row->addWidget(short_box(form.Text_BG, bindings, word, 1));
     show_with_tabs(word, form.SSTab_MCU_Information, {kCalibrationTab}, bindings);
     value_row->addWidget(word);
     auto* osccal = new QWidget{values};
-    bare<QHBoxLayout>(osccal)->addWidget(hex_box(form.Text_OSCCAL_Data, bindings, osccal, 3));
+    bare<QHBoxLayout>(osccal)->addWidget(short_box(form.Text_OSCCAL_Data, bindings, osccal, 3));
     show_with_tabs(osccal, form.SSTab_MCU_Information, {kOsccal5FTab, kOsccal10FTab}, bindings);
     value_row->addWidget(osccal);
     value_row->addWidget(label(form.Lbl_Calib_ReadWrite_Data, bindings, values), 1);

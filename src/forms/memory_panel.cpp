@@ -51,6 +51,7 @@ MemoryPanel::MemoryPanel(MainForm& form, Bindings& bindings, QWidget* parent) : 
     auto* check_sum_title = new QLabel{q(form_text::kCheckSum), this};
     auto* check_sum = new QLabel{this};
     check_sum->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    check_sum->setToolTip(q(form_text::kCheckSumTip));
     check_sum->setMinimumWidth(check_sum->fontMetrics().horizontalAdvance("0000"));
     bindings.bind(form.Label_pm_size, *program_size);
     // Its text is the window's: the control's comes and goes with the device.

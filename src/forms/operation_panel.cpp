@@ -33,6 +33,11 @@ OperationPanel::OperationPanel(MainForm& form, Bindings& bindings, QWidget* pare
     Command_program = big_button(form.Command_program, bindings, form_text::kProgramTip);
     Cmd_Extend_Program = big_button(form.Cmd_Extend_Program, bindings, form_text::kExtendTip);
 
+    // The button that this program is for.
+    QFont strong = Command_program->font();
+    strong.setBold(true);
+    Command_program->setFont(strong);
+
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
     for (auto* button : {Command_blank, Command_read, Command_Verify, Command_program})

@@ -182,7 +182,7 @@ TEST_F(on_the_board, blank_skip_programs_a_used_part_without_a_question) {
 }
 
 TEST_F(on_the_board, the_dump_of_a_failed_read_is_not_written) {
-    EXPECT_EQ(run({"--fault", "rs/no-end-code", "read", "--dump", cli.path("d.json")}), 1);
+    EXPECT_EQ(run({"--fault", "rsc/no-end-code", "read", "--dump", cli.path("d.json")}), 1);
     EXPECT_FALSE(std::filesystem::exists(cli.home / "d.json"));
 }
 

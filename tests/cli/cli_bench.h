@@ -59,6 +59,9 @@ class CliBench {
     int operator()(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(),
                          {"--home", home.path().string(), "--catalogue", catalogue});
+        // A wait without limit that a test didn't mean ends here, and in a wrong exit status.
+        if (std::ranges::count(arguments, "--deadline") == 0)
+            arguments.insert(arguments.begin(), {"--deadline", "900"});
         std::ostringstream out_stream, err_stream;
         cli::Console console{out_stream, err_stream, terminal};
         const cli::Machine machine{

@@ -39,8 +39,8 @@ TEST_F(a_board_that, is_another_device_is_not_found) {
 }
 
 TEST_F(a_board_that, leaves_the_end_code_out_makes_the_operation_fail) {
-    EXPECT_EQ(run("bs/no-end-code", {"blank"}), 1);
-    EXPECT_EQ(cli.result()["ResultPgm"], "ER");
+    EXPECT_EQ(run("rsc/no-end-code", {"blank"}), 1);
+    EXPECT_EQ(cli.result()["ResultCfg"], "ER");
 }
 
 TEST_F(a_board_that, is_unplugged_in_the_middle_is_a_lost_link) {

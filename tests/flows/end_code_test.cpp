@@ -14,7 +14,6 @@ struct Case {
     std::string_view message;
     std::string_view from = "";  // the message at which the fault is set, "" for the start
     std::string_view result = "";
-    int checks_after = 0;  // area routines that follow all the same
 };
 
 std::string case_name(const testing::TestParamInfo<Case>& info) { return info.param.name; }
@@ -37,7 +36,7 @@ const std::vector<Case> kCases{
     {"Blank_Eep", kBlank, "rsd/alter:513:0x21",
      "ＥＥＰＲＯＭデータメモリブランクチェック失敗。　　終了コードを受信できませんでした。", "",
      "YBERYB"},
-    {"Blank_Eep_late", kBlank, "rsd/late:11s:100",
+    {"Blank_Eep_short", kBlank, "rsd/drop:513",
      "ＥＥＰＲＯＭデータメモリブランクチェック失敗。　　読み出しデータ不足。", "", "YBERYB"},
     {"Blank_Cfg", kBlank, "rsc/alter:17:0x21",
      "コンフィギュレーションワードブランクチェック失敗。　　終了コードを受信できませんでした。", "",
@@ -97,7 +96,8 @@ TEST_P(end_code, is_missed_in_the_routines_own_words) {
         EXPECT_EQ((bench.run->flows.*given.operation)(), Outcome::Failed) << device;
 
         EXPECT_EQ(std::ranges::count(bench.shown->lines, given.message), 1) << device;
-        if (!given.result.empty()) EXPECT_EQ(bench.session().ResultAll, given.result) << device;
+        if (given.result.empty()) continue;
+        EXPECT_EQ(bench.session().ResultAll, given.result) << device;
     }
 }
 
@@ -122,7 +122,7 @@ TEST_P(stops_at_a_link_error, a_program_run_in_its_blank_check) {
 
         const auto wire = bench.wire();
         EXPECT_EQ(std::ranges::count(wire, '\n'), 3 + exchanges) << wire;
-        EXPECT_TRUE(wire.ends_with("< 21\n")) << wire;
+        EXPECT_TRUE(wire.ends_with(" 21\n")) << wire;
         EXPECT_TRUE(bench.dialogs.hints.empty());
         EXPECT_EQ(bench.session().TryCount, 0);
         EXPECT_EQ(bench.log(), "");

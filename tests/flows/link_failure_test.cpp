@@ -66,8 +66,9 @@ TEST(no_board, is_what_another_device_on_the_port_counts_as) {
 TEST(no_board, brings_a_board_back_that_was_left_in_the_middle_of_an_exchange) {
     Bench bench;
     EXPECT_EQ(bench.port.open(), PortOpen::Ok);
-    for (const std::uint8_t letter : {'N', 'r', 's', 'p', 0x20, 0x00}) {
-        bench.port.write(std::array{letter});
+    constexpr std::array<std::uint8_t, 6> kReadOfProgramMemory{'N', 'r', 's', 'p', 0x20, 0x00};
+    for (const auto byte : kReadOfProgramMemory) {
+        bench.port.write(std::array{byte});
         bench.host.sleep(1ms);
     }
     EXPECT_EQ(bench.run->flows.Command_blank(), Outcome::Success);
@@ -124,6 +125,17 @@ TEST(no_device, ends_every_operation_before_the_port_is_touched) {
         EXPECT_EQ(bench.dialogs.boxes[0].title, "ｲﾝﾌｫﾒｰｼｮﾝ");
         EXPECT_EQ(bench.dialogs.boxes[0].text, "MCUを選んでください。");
         EXPECT_EQ(bench.dialogs.boxes[0].icon, BoxIcon::Warning);
+    }
+}
+
+TEST(size_of_no_device, is_refused_before_the_port_is_touched) {
+    for (const auto words : {0, -1, 0x10000}) {
+        Bench bench;
+        bench.session().PgmWords = words;
+        EXPECT_EQ(bench.run->flows.Command_program(), Outcome::Failed);
+
+        EXPECT_EQ(bench.port.opens(), 0);
+        EXPECT_TRUE(bench.shown->lines.back().starts_with("[red] "));
     }
 }
 

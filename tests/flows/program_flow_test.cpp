@@ -7,7 +7,7 @@ namespace quillon::test {
 
 namespace {
 
-// The three devices with their last line's seconds are what the pauses and the pulses take.
+// The last line of a run that went well.
 std::string success(const Bench& bench, std::string_view seconds, int passed) {
     return fmt::format("プログラミング成功。　　{}sec　終了時刻：14:03:22  Pass = {}    Fail = {}",
                        seconds, passed, bench.run->session.TryCount - passed);
@@ -115,13 +115,53 @@ TEST_P(Command_program, takes_a_lone_end_code_for_a_request_of_the_next_word) {
 TEST_P(Command_program, programs_over_a_line_of_57600_baud) {
     Bench bench{GetParam()};
     InProcessPort slow{bench.board, bench.time, 57600};
-    Run run{bench.store, bench.host, slow, bench.dialogs};
+    quillon::Run run{bench.store, bench.host, slow, bench.dialogs};
     ASSERT_EQ(StartUp{run}.prepare(), StartUp::End::Ready);
     ASSERT_TRUE(run.form.Combo_device.select(std::string_view{GetParam()}));
     EXPECT_EQ(run.flows.Command_program(), Outcome::Success);
 
     EXPECT_FALSE(slow.is_open());
     EXPECT_EQ(run.session.ResultAll, "OKOKOK");
+}
+
+TEST_P(Command_program, protects_a_part_last_of_all) {
+    Bench bench{GetParam()};
+    bench.session().ConfigWord[1] &= ~bench.session().CpMask;
+    bench.session().CfgIdMem[14] = static_cast<std::uint8_t>(bench.session().ConfigWord[1] >> 8U);
+    bench.session().CfgIdMem[15] = static_cast<std::uint8_t>(bench.session().ConfigWord[1]);
+    EXPECT_EQ(bench.run->flows.Command_program(), Outcome::Success);
+
+    expect_programmed(bench);
+    EXPECT_TRUE(bench.target().program_protected());
+    const auto& lines = bench.shown->lines;
+    EXPECT_EQ(lines[lines.size() - 2], "このデバイスはコードプロテクトされています。");
+    EXPECT_EQ(bench.session().ResultAll, "OKOKOK");
+}
+
+TEST_P(Command_program, leaves_out_eeprom_and_configuration_for_program_memory_alone) {
+    Bench bench{GetParam()};
+    bench.form().mnuBlankSkip.Checked.set(true);
+    bench.session().ExtendPgmOnly = true;
+    const ExpectedWire wire{bench};
+    const auto before = wire.check() + wire.config() + wire.erase_all();
+    EXPECT_EQ(bench.run->flows.Command_program(), Outcome::Success);
+
+    EXPECT_EQ(bench.wire(), before + wire.write_pgm() + wire.read_pgm(wire.program_of_target()));
+    EXPECT_EQ(bench.session().ResultAll, "OK----");
+    EXPECT_EQ(bench.session().PassCount, 1);
+}
+
+TEST_P(Command_program, leaves_out_eeprom_alone_where_the_configuration_goes_along) {
+    Bench bench{GetParam()};
+    bench.form().mnuBlankSkip.Checked.set(true);
+    bench.session().ExtendPgmOnly = bench.session().ExtendCfgToo = true;
+    const ExpectedWire wire{bench};
+    const auto before = wire.check() + wire.config() + wire.erase_all();
+    EXPECT_EQ(bench.run->flows.Command_program(), Outcome::Success);
+
+    EXPECT_EQ(bench.wire(), before + wire.write_pgm() + wire.read_pgm(wire.program_of_target()) +
+                                wire.write_cfg() + wire.config());
+    EXPECT_EQ(bench.session().ResultAll, "OK--OK");
 }
 
 class EverySize : public testing::TestWithParam<const char*> {};

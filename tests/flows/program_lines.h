@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "flow_support.h"
+#include "link/words.h"
 
 namespace quillon::test {
 

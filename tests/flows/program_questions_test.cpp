@@ -31,6 +31,7 @@ void expect_mismatch_box(const Bench& bench) {
                             "\r\n　継続する時は、　　『ＯＫ』　　 を押してください。"
                             "\r\n　中止する時は、『キャンセル』　を押してください。");
     EXPECT_EQ(box.buttons, BoxButtons::OkCancel);
+    EXPECT_EQ(box.default_answer, BoxAnswer::Cancel);
 }
 
 }  // namespace

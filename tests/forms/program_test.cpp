@@ -140,6 +140,7 @@ TEST(frmMain, is_never_still_for_100_ms_while_a_device_is_programmed) {
     store.write(Settings::kSection, "mnuBoardInfomation", "False");
     FakeDialogs dialogs;
     SimulatedSocket socket{host, 0};
+    socket.board().times() = BoardTimes::none();
     // The name alone would be the test case's own Run.
     quillon::Run run{store, host, socket.port(), dialogs};
     run.session.CatalogueFile = QUILLON_CATALOGUE;
@@ -150,7 +151,7 @@ TEST(frmMain, is_never_still_for_100_ms_while_a_device_is_programmed) {
                     .frame = [](const std::function<void()>& act) { act(); },
                     .leave = {}}};
     window.command([&] { start_up.Main("", false); });
-    run.form.Combo_device.select("PIC12F675");
+    run.form.Combo_device.select("PIC16F873");
 
     QElapsedTimer since;
     qint64 longest = 0;

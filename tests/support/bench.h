@@ -3,7 +3,8 @@
 // catalogue, and everything that a user would see, noted down.
 //
 // When it goes, it looks that the port is closed, that the controls can be used again and that the
-// board had nothing to complain of. A wait that never ends is given up after an hour on its clock.
+// board had nothing to complain of. A wait that never ends is given up after ten minutes on its
+// clock.
 #pragma once
 
 #include <chrono>
