@@ -30,16 +30,20 @@ void InProcessPort::close() {
 }
 
 std::size_t InProcessPort::InBufferCount() {
+    if (!open_) return 0;
     require_port();
     return input_.size();
 }
 
 void InProcessPort::discard_input() {
+    if (!open_) return;
     require_port();
     input_.clear();
 }
 
-void InProcessPort::discard_output() { require_port(); }
+void InProcessPort::discard_output() {
+    if (open_) require_port();
+}
 
 void InProcessPort::write(std::span<const std::uint8_t> bytes) {
     require_port();

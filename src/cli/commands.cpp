@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <utility>
+#include <vector>
 
 #include "app/start_up.h"
 #include "cli/cli_texts.h"
@@ -13,6 +14,17 @@
 #include "families/dispatch.h"
 
 namespace quillon::cli {
+
+namespace {
+
+// The lines that a failed verify has put into the program view. Any other begins with an address.
+std::vector<std::string> mismatches(const MainForm& form) {
+    auto lines = lines_of(form.RichTxtPgmMem.Text.get());
+    std::erase_if(lines, [](const std::string& line) { return !line.starts_with("Error"); });
+    return lines;
+}
+
+}  // namespace
 
 Finish Finish::of(Outcome outcome) {
     Finish finish;
@@ -193,6 +205,7 @@ Finish Commands::with_words(Finish finish) const {
     result.CodeProtect = quillon::text(session.CodeProtect);
     result.TryCount = session.TryCount;
     result.PassCount = session.PassCount;
+    if (result.exit == kFailed) result.mismatches = mismatches(run_.form);
     if (options_.command == Command::Detect && result.exit == kSuccess)
         result.FirmwareText = session.FirmwareText;
     return finish;

@@ -41,7 +41,9 @@ struct Result {
     std::int32_t PassCount = 0;
     double seconds = 0;
     int exit = 0;
-    std::string error{};         // what went wrong outside the flows, else empty
+    std::string error{};  // what went wrong outside the flows, else empty
+    // Where a verify found the part to differ, as the program view lists it.
+    std::vector<std::string> mismatches{};
     std::string FirmwareText{};  // the board's identity, where the operation was to find it
 };
 

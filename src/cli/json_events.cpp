@@ -92,6 +92,7 @@ class JsonEvents : public Events {
                    {"seconds", result.seconds},
                    {"exit", result.exit}};
         if (!result.error.empty()) event["error"] = result.error;
+        if (!result.mismatches.empty()) event["mismatches"] = result.mismatches;
         if (!result.FirmwareText.empty()) event["FirmwareText"] = result.FirmwareText;
         print(event);
     }

@@ -37,11 +37,11 @@ Ports::Ports(const Options& options, SettingsStore& store, QtHost& host, TimeSou
 
 Ports::~Ports() = default;
 
-// A board that goes as fast as it can needs no time to program either.
+// The line has its speed; the part takes no time of its own.
 void Ports::simulate(TimeSource& time) {
     const bool served = options_.command == Command::Simulate;
     const int baud = options_.sim_baud.value_or(served ? kLinkBaud : 0);
-    board_.emplace(SimulatedTarget{}, baud == 0 ? BoardTimes::none() : BoardTimes{});
+    board_.emplace(SimulatedTarget{}, BoardTimes::none());
     for (const auto& fault : options_.faults) board_->add_fault(fault);
     socket_.emplace(*board_, options_.socket);
     port_ = std::make_unique<InProcessPort>(*board_, time, baud);

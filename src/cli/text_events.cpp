@@ -69,6 +69,7 @@ class TextEvents : public Events {
     void serving(const std::string& path) override { print(path, false); }
     void result(const Result& result) override {
         progress_off();
+        for (const auto& mismatch : result.mismatches) print(mismatch, false);
         if (!result.FirmwareText.empty()) print(result.FirmwareText, false);
     }
 

@@ -129,10 +129,8 @@ bool Link::open_for_search() {
 
 // The board may be in the middle of anything; three "*" bring it back to its command loop.
 bool Link::resynchronise(std::chrono::milliseconds limit) {
-    if (port_.is_open())
-        port_.discard_input();
-    else if (port_.open() != PortOpen::Ok)
-        return false;
+    port_.discard_input();
+    if (!port_.is_open() && port_.open() != PortOpen::Ok) return false;
     for (int i = 0; i < 3; ++i) send('*');
     host_.sleep(100ms);
     port_.discard_input();

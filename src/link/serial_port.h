@@ -32,7 +32,8 @@ class SerialPort {
     virtual bool is_open() const = 0;
     virtual void RTSEnable(bool on) = 0;
 
-    // Bytes waiting. This and the three below throw Abandoned{PortLost} once the port has vanished.
+    // Bytes waiting. On a closed port nothing waits and there is nothing to discard. This and the
+    // four below throw Abandoned{PortLost} once the port has vanished.
     virtual std::size_t InBufferCount() = 0;
     // Discards what has been received.
     virtual void discard_input() = 0;

@@ -127,6 +127,9 @@ TEST_F(on_the_board, verify_of_another_file_fails_with_1) {
     const auto messages = cli.of("message");
     EXPECT_EQ(messages.back()["text"], "ベリファイエラーを検出しました。");
     EXPECT_EQ(messages.back()["colour"], "red");
+    // The other file has nothing where the blinker has its words.
+    ASSERT_GT(cli.result()["mismatches"].size(), 10U);
+    EXPECT_EQ(cli.result()["mismatches"][0], "Error　 アドレス:0x0000 , 正:0x2800 , 誤:0x018A");
 }
 
 TEST_F(on_the_board, a_used_part_is_written_over_only_when_the_answer_says_so) {
@@ -182,7 +185,7 @@ TEST_F(on_the_board, blank_skip_programs_a_used_part_without_a_question) {
 }
 
 TEST_F(on_the_board, the_dump_of_a_failed_read_is_not_written) {
-    EXPECT_EQ(run({"--fault", "rsc/no-end-code", "read", "--dump", cli.path("d.json")}), 1);
+    EXPECT_EQ(run({"--fault", "rsc/alter:17", "read", "--dump", cli.path("d.json")}), 1);
     EXPECT_FALSE(std::filesystem::exists(cli.home / "d.json"));
 }
 

@@ -38,8 +38,8 @@ TEST_F(a_board_that, is_another_device_is_not_found) {
     EXPECT_EQ(run("identity:SOMETHING ELSE 9", {"detect"}), 3);
 }
 
-TEST_F(a_board_that, leaves_the_end_code_out_makes_the_operation_fail) {
-    EXPECT_EQ(run("rsc/no-end-code", {"blank"}), 1);
+TEST_F(a_board_that, sends_another_byte_for_the_end_code_makes_the_operation_fail) {
+    EXPECT_EQ(run("rsc/alter:17", {"blank"}), 1);
     EXPECT_EQ(cli.result()["ResultCfg"], "ER");
 }
 

@@ -52,8 +52,8 @@ TEST(load, puts_the_file_into_the_image_and_dumps_it) {
         << cli.err;
     const auto dump = cli.file("d.json");
     std::vector<std::string> keys;
-    for (const auto& [key, value] : nlohmann::ordered_json::parse(cli.home.read("d.json")).items())
-        keys.push_back(key);
+    const auto in_order = nlohmann::ordered_json::parse(cli.home.read("d.json"));
+    for (const auto& [key, value] : in_order.items()) keys.push_back(key);
     EXPECT_EQ(keys, (std::vector<std::string>{"device", "PgmType", "PgmWords", "EepBytes",
                                               "PgmWordsCat", "EepBytesCat", "PgmMem", "EepMem",
                                               "CfgIdMem", "IdBytes18", "CfgBytes18", "ConfigWord",

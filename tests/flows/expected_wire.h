@@ -8,6 +8,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -94,9 +96,11 @@ class ExpectedWire {
     }
     // Data bytes as the log shows them.
     static std::string shown(std::span<const std::uint8_t> data) {
+        constexpr std::size_t kInFull = 40;
         std::string pairs;
-        for (const auto byte : data) pairs += (pairs.empty() ? "" : " ") + hex(byte, 2);
-        if (data.size() <= 40) return pairs;
+        for (const auto byte : data.first(std::min(data.size(), kInFull)))
+            pairs += (pairs.empty() ? "" : " ") + hex(byte, 2);
+        if (data.size() <= kInFull) return pairs;
         bool alike = true;
         for (std::size_t i = 2; i < data.size(); ++i) alike = alike && data[i] == data[i - 2];
         if (alike) return fmt::format("{} x {}", data.size() / 2, pairs.substr(0, 5));

@@ -188,9 +188,9 @@ TEST_P(EverySize, is_programmed_over_an_old_program_verified_and_read_back) {
 }
 
 TEST_P(EverySize, is_told_from_every_other_by_its_identity) {
+    Bench bench{GetParam()};
     for (const auto* other : {"PIC16F873", "PIC16F874", "PIC16F876", "PIC16F877", "PIC16F873A",
                               "PIC16F874A", "PIC16F876A", "PIC16F877A"}) {
-        Bench bench{GetParam()};
         bench.put_into_socket(other);
         const bool same = std::string_view{other} == GetParam();
         EXPECT_EQ(bench.run->flows.Command_read(), same ? Outcome::Success : Outcome::Cancelled)
