@@ -81,7 +81,10 @@ std::vector<Measure> ideal() {
 std::vector<Measure> real() {
     QtHost host{QtHost::Interface::CommandLine};
     SimulatedBoard board{{}, BoardTimes::none()};
-    PtyServer server{board, {.baud = kBaud, .spin = std::chrono::microseconds{60}}};
+    PtyOptions options;
+    options.baud = kBaud;
+    options.spin = std::chrono::microseconds{60};
+    PtyServer server{board, options};
     std::jthread thread{[&](std::stop_token stop) { server.run(stop); }};
     QtSerialPort port{[&](int) { return server.path(); }};
     BenchRun bench{host, port};
