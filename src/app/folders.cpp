@@ -83,14 +83,27 @@ bool FileExists(const fs::path& path) {
     return fs::is_regular_file(there, error) && std::ifstream{there}.is_open();
 }
 
-bool is_read_only(const fs::path& path) {
-    if (!FileExists(path)) return false;
+bool is_read_only(const fs::path& name) {
+    if (!FileExists(name)) return false;
     std::error_code error;
+    const fs::path path = on_disk(name);
     constexpr auto kAnyWrite =
         fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     const auto permissions = fs::status(path, error).permissions();
     if ((permissions & kAnyWrite) == fs::perms::none) return true;
     return !std::ofstream{path, std::ios::app}.is_open();
+}
+
+bool takes_files(const fs::path& folder) {
+    const fs::path probe = folder / "QUILLON_WRITE_TEST.tmp";
+    std::error_code error;
+    if (fs::exists(probe, error)) return !is_read_only(probe);
+    std::ofstream file{probe};
+    file << 'x';
+    file.close();
+    const bool taken = !file.fail();
+    fs::remove(probe, error);
+    return taken;
 }
 
 bool MakeFolder(std::string& path, Ask ask, Dialogs& dialogs) {

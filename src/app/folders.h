@@ -24,6 +24,9 @@ bool FileExists(const std::filesystem::path& path);
 // True for a file that can be read but not written: its attribute says so, or the system does.
 bool is_read_only(const std::filesystem::path& path);
 
+// True where a file can be made and filled in the folder. Leaves nothing behind.
+bool takes_files(const std::filesystem::path& folder);
+
 enum class Ask : bool { No, Yes };
 // Makes a folder with its parents; true where it stands in the end. No folder whose path begins
 // with "A" is made. Appends a separator to `path` where the parents had to be made.

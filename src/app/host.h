@@ -45,6 +45,11 @@ class Host {
     virtual std::filesystem::path documents_folder() const = 0;
     // Opens a file or a web page with its default program; false where that can't be done.
     virtual bool open_document(const std::string& path_or_url) = 0;
+    // Replaces a file whole or not at all: written beside it, flushed to the disk, renamed. A
+    // device or a pipe is written to as it stands. Gives the reason where that failed; what stood
+    // there stands.
+    [[nodiscard]] virtual std::optional<std::string> write_file(const std::filesystem::path& path,
+                                                                std::string_view content) = 0;
     // A text of the system's code page as UTF-8. Bytes that don't convert become U+FFFD.
     virtual std::string from_code_page(std::string_view bytes) const = 0;
 };

@@ -2,8 +2,9 @@
 // Rotation of the log chain.
 //
 // The oldest file steps aside first and goes last: until all others have found their new place, all
-// that was there can be put back. A crash on the way leaves one gap, which the next start fills
-// with an empty file.
+// that was there can be put back. A crash on the way leaves one gap in the chain, and the oldest
+// file aside says that it is one: the next start takes the moves back and begins anew. A gap that
+// the user has made is filled with an empty file.
 #include <fstream>
 #include <ranges>
 #include <system_error>
@@ -38,6 +39,19 @@ class Moves {
     std::vector<std::pair<fs::path, fs::path>> done_;
 };
 
+// False where a file can't be moved now; what has been moved by then is right, and the next start
+// goes on from there. The current file moves last: where it alone is missing, all had been done.
+bool take_back_interrupted(const fs::path& folder, const MoveFile& move) {
+    std::error_code error;
+    if (!fs::exists(folder / kAside, error)) return true;
+    std::size_t gap = 1;
+    while (gap < kLogFiles.size() && fs::exists(folder / kLogFiles[gap], error)) ++gap;
+    if (gap == kLogFiles.size()) return fs::remove(folder / kAside, error);
+    for (; gap + 1 < kLogFiles.size(); ++gap)
+        if (!move(folder / kLogFiles[gap + 1], folder / kLogFiles[gap])) return false;
+    return move(folder / kAside, folder / kLogFiles.back());
+}
+
 // False where something that isn't a file stands in a log's place.
 bool complete_chain(const fs::path& folder) {
     std::error_code error;
@@ -66,7 +80,7 @@ bool move_file(const fs::path& from, const fs::path& to) {
 
 void rotate_log(const std::string& TempDir, const MoveFile& move) {
     const fs::path folder{TempDir};
-    if (!complete_chain(folder)) return;
+    if (!take_back_interrupted(folder, move) || !complete_chain(folder)) return;
     std::error_code error;
     if (fs::file_size(folder / kLogFiles.front(), error) == 0 || error) return;
     Moves moves{move};

@@ -136,6 +136,9 @@ struct MainForm : Form {
     MenuItem mnuFrmmainHight{*this, "mnuFrmmainHight", "ウインドウの高さを少し伸ばす"};
     MenuItem mnuHelp{*this, "mnuHelp", "ヘルプ(&H)"};
     MenuItem mnuBoardAmend{*this, "mnuBoardAmend", "製作確認資料.pdf(&A)"};
+    MenuItem HexUpperAddress{*this, "HexUpperAddress",
+                             "HEXファイルの上位アドレスを使う(PIC12F1xxx,PIC16F1xxx)"};
+    MenuItem HexFileCheck{*this, "HexFileCheck", "ロード時にHEXファイルを検査"};
     MenuItem mnuFirmwareUpdate{*this, "mnuFirmwareUpdate", "ファームウエアアップデート"};
 
     // A developer's view of the configuration words; hidden in normal use

@@ -32,6 +32,14 @@ void MenuCommands::mnuBlankSkip_Click() {
     if (busy()) run_.form.Cmd_Extend_Program.Enabled.set(extend);
 }
 
+void MenuCommands::HexUpperAddress_Click() {
+    run_.settings.save_flag("HexUpperAddress", toggle(run_.form.HexUpperAddress));
+}
+
+void MenuCommands::HexFileCheck_Click() {
+    run_.settings.save_flag("HexFileCheck", toggle(run_.form.HexFileCheck));
+}
+
 void MenuCommands::mnuComMode1_Click() {
     run_.settings.save_flag("mnuComMode1", toggle(run_.form.mnuComMode1));
     run_.messages.ShowMessage(menu_text::kComMode1);

@@ -16,6 +16,8 @@ class MenuCommands {
     explicit MenuCommands(Run& run) : run_{run} {}
 
     void mnuBlankSkip_Click();
+    void HexUpperAddress_Click();  // in force from the next load or save
+    void HexFileCheck_Click();
     void mnuComMode1_Click();  // in force from the next search for the board
     void mnuBoardInfomation_Click();
     void mnuLock_Click();  // production mode

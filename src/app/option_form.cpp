@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "app/number_settings.h"
 #include "app/option_form_texts.h"
 
 namespace quillon {
@@ -10,7 +11,7 @@ namespace quillon {
 void OptionDialog::Form_Load() {
     messages_.ShowMessage("");
     for (auto& button : form_.Option_Com) button.Checked.set(false);
-    session_.ComNo = settings_.number("ComNo", 0);
+    session_.ComNo = value_of(settings_, number_setting::ComNo);
     // A saved number that this form has no button for leaves all of them clear.
     if (session_.ComNo >= 1 && session_.ComNo <= kComPorts) Option_Com_Click(session_.ComNo - 1);
     form_.Visible.set(true);

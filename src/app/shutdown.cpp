@@ -28,6 +28,8 @@ void remove(const std::string& folder, std::span<const std::string_view> names) 
 
 void StartUp::shutdown(bool minimized) {
     if (!owns_work_files_) return;
+    // The interface runs on while the port is closed: nothing is to be started meanwhile.
+    run_.form.Enabled.set(false);
     remove(run_.session.TempDir, kBeforeClosing);
     try {
         run_.link.Writer_Close();

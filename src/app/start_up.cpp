@@ -47,11 +47,11 @@ StartUp::End StartUp::prepare() {
     if (!make_work_folder() || !work_files_writable()) return End::EndProcess;
     set_titles();
     if (!load_catalogue()) return End::CatalogueFailed;
-    run_.session.ComNo = run_.settings.number("ComNo", 0);
+    restore_link_settings();
     if (run_.session.ComNo != 0) run_.port.CommPort(run_.session.ComNo);
     restore_modes();
     run_.session.AsmToolPath = run_.settings.text("AsmFilePathWithFileName");
-    report_bad_settings();
+    report_troubles();
     return End::Ready;
 }
 

@@ -64,6 +64,7 @@ class StartUp {
     bool work_files_writable();
     void set_titles();
     bool load_catalogue();
+    void restore_link_settings();
     bool connect_board();
     void close_port();
     void select_last_device();
@@ -71,7 +72,7 @@ class StartUp {
     void open_command_line_file();
     void load_picked_file();
     void settle();
-    void report_bad_settings();
+    void report_troubles();
     void turn(int times);
 
     Run& run_;

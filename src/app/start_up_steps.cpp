@@ -9,6 +9,7 @@
 
 #include "app/buttons.h"
 #include "app/folders.h"
+#include "app/number_settings.h"
 #include "app/product.h"
 #include "app/start_up.h"
 #include "app/start_up_texts.h"
@@ -33,11 +34,8 @@ constexpr std::array<std::string_view, 13> kTestedFiles{
     "LOG_OLD7.txt", "LOG_OLD8.txt",       "LOG_OLD9.txt",
 };
 
-// Numbers and flags that start-up reads. "deviceNew" isn't among them: no device is selected then,
-// and that speaks for itself.
-constexpr std::array<std::string_view, 9> kConvertedSettings{
-    "MainLeft",           "MainTop",   "MainHeight", "ComNo", "SkipMode", "mnuComMode1",
-    "mnuBoardInfomation", "BoardLeft", "BoardTop",
+constexpr std::array<std::string_view, 5> kFlagSettings{
+    "SkipMode", "mnuComMode1", "mnuBoardInfomation", "HexUpperAddress", "HexFileCheck",
 };
 
 void append(RichTextBox& box, std::string_view text) {
@@ -48,9 +46,9 @@ void append(RichTextBox& box, std::string_view text) {
 
 void StartUp::load_main_form() {
     auto& form = run_.form;
-    form.Left = run_.settings.number("MainLeft", form.Left);
-    form.Top = run_.settings.number("MainTop", form.Top);
-    form.Height = run_.settings.number("MainHeight", form.Height);
+    form.Left = value_of(run_.settings, number_setting::MainLeft);
+    form.Top = value_of(run_.settings, number_setting::MainTop);
+    form.Height = value_of(run_.settings, number_setting::MainHeight);
     form.LabelBackWidth.set(form.ScaleWidth - kBackMargin);
     form.Lbl_PcVersion.Caption.set(
         fmt::format("{}{}", start_up_text::kPcVersion, product_version()));
@@ -151,8 +149,8 @@ void StartUp::set_titles() {
 bool StartUp::load_catalogue() {
     auto& session = run_.session;
     run_.form.mnuBoardInfomation.Checked.set(run_.settings.flag("mnuBoardInfomation", true));
-    run_.board.Left = run_.settings.number("BoardLeft", 0);
-    run_.board.Top = run_.settings.number("BoardTop", 0);
+    run_.board.Left = value_of(run_.settings, number_setting::BoardLeft);
+    run_.board.Top = value_of(run_.settings, number_setting::BoardTop);
     if (session.CatalogueFile.empty()) session.CatalogueFile = session.AppPath + "device6.ini";
     session.CatError = false;
     run_.catalogue.LoadDeviceList();
@@ -163,9 +161,15 @@ bool StartUp::load_catalogue() {
     return true;
 }
 
+// The search for the board drives the port as the mode says, so that both come before it.
+void StartUp::restore_link_settings() {
+    run_.session.ComNo = value_of(run_.settings, number_setting::ComNo);
+    run_.form.mnuComMode1.Checked.set(run_.settings.flag("mnuComMode1", false));
+}
+
 bool StartUp::connect_board() {
     auto& session = run_.session;
-    session.ComNo = run_.settings.number("ComNo", 0);
+    restore_link_settings();
     if (session.ComNo == 0) {
         run_.option.Form_Load();
         run_.dialogs.frmOption();
@@ -197,8 +201,9 @@ void StartUp::select_last_device() {
 
 void StartUp::restore_modes() {
     run_.form.mnuBlankSkip.Checked.set(run_.settings.flag("SkipMode", false));
+    run_.form.HexUpperAddress.Checked.set(run_.settings.flag("HexUpperAddress", false));
+    run_.form.HexFileCheck.Checked.set(run_.settings.flag("HexFileCheck", true));
     ApplyBlankSkip(run_.session.DeviceName, run_.form);
-    run_.form.mnuComMode1.Checked.set(run_.settings.flag("mnuComMode1", false));
 }
 
 void StartUp::open_command_line_file() {
@@ -231,15 +236,21 @@ void StartUp::settle() {
     run_.about.Label_ID_Word.Caption.set(
         fmt::format("NEW :{:02X}{:02X}:{:02X}{:02X}:{:02X}{:02X}:{:02X}{:02X}", id[0], id[1], id[2],
                     id[3], id[4], id[5], id[6], id[7]));
-    report_bad_settings();
+    report_troubles();
 }
 
-void StartUp::report_bad_settings() {
-    for (const auto key : kConvertedSettings)
+// "deviceNew" isn't among them: no device is selected then, and that speaks for itself.
+void StartUp::report_troubles() {
+    for (const auto& setting : number_setting::kAll)
+        if (!is_usable(run_.settings, setting))
+            run_.messages.AddMessage(fmt::format(start_up_text::kBadSetting, setting.key));
+    for (const auto key : kFlagSettings)
         if (!run_.settings.converts(key))
             run_.messages.AddMessage(fmt::format(start_up_text::kBadSetting, key));
     if (const auto problem = run_.settings.problem(); !problem.empty())
         run_.messages.AddMessage(problem);
+    if (!takes_files(run_.session.TempDir))
+        run_.messages.AddMessage(start_up_text::kFolderNotWritten, run_.session.TempDir);
 }
 
 }  // namespace quillon

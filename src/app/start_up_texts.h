@@ -41,6 +41,8 @@ inline constexpr std::string_view kWorkFileReadOnly =
 
 inline constexpr std::string_view kBadSetting =
     "設定 {} の値が正しくないため、既定値を使用します。";
+inline constexpr std::string_view kFolderNotWritten =
+    "red作業フォルダーに書き込むことができません。ログは保存されません。";
 inline constexpr std::string_view kPortLost =
     "red通信ポートが切断されました。ライターの接続を確認してください。";
 

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QTimer>
 #include <QTranslator>
 #include <cstdio>
 #include <memory>
@@ -22,6 +23,7 @@
 #include "platform/ini_settings_store.h"
 #include "platform/qt_host.h"
 #include "platform/qt_serial_port.h"
+#include "platform/quit_signals.h"
 #include "platform/single_instance.h"
 
 namespace {
@@ -42,6 +44,31 @@ void dress(QApplication& application) {
     if (japanese->load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(japanese);
 }
+
+// Closes the window from outside as its close button does, so that a running command is given up
+// and all that is saved at the end is saved. An open question gets the answer of its own close
+// button first; another one may come up before the command has unwound, so this goes on to the end.
+class Quitting {
+  public:
+    explicit Quitting(QWidget& window) : window_{window} {
+        QObject::connect(&again_, &QTimer::timeout, &again_, [this] { step(); });
+    }
+    void begin() {
+        again_.start(kAgain);
+        step();
+    }
+
+  private:
+    static constexpr int kAgain = 50;  // milliseconds
+
+    void step() {
+        if (auto* question = QApplication::activeModalWidget()) question->close();
+        window_.close();
+    }
+
+    QWidget& window_;
+    QTimer again_;
+};
 
 // The port behind the numbers: the machine's, or the simulated board.
 struct Ports {
@@ -95,6 +122,8 @@ int run_window(const WindowOptions& options, const std::string& tail) {
                             start_up.shutdown(minimized);
                             QCoreApplication::exit(0);
                         }}};
+    Quitting quitting{window};
+    const QuitSignals signals_to_quit{[&quitting] { quitting.begin(); }};
     dialogs.attach(*run, &window, [&ports](int n) { return ports.describe(n); });
 
     StartUp::End end{};

@@ -67,7 +67,7 @@ IniSettingsStore::IniSettingsStore(const std::optional<fs::path>& folder) {
 }
 
 void IniSettingsStore::open() {
-    settings_.reset();
+    // Made before the former one goes: what that one couldn't write is taken over.
     settings_ = std::make_unique<QSettings>(q(path_.string()), QSettings::IniFormat);
     static_cast<void>(settings_->allKeys());  // reads all sections now: the status speaks of them
 }
@@ -94,8 +94,13 @@ bool IniSettingsStore::write(std::string_view section, std::string_view key,
 bool IniSettingsStore::put(std::string_view section, std::string_view key, std::string_view value) {
     settings_->setValue(full_key(section, key), q(value));
     settings_->sync();
-    // What is wrong with the file that was read hides what is wrong with the one written.
-    if (std::exchange(damaged_, false)) open();
+    // An object's status never gets better: that of the file which was read, or of a write that
+    // failed earlier, would hide how this one went.
+    if (settings_->status() != QSettings::NoError) {
+        open();
+        settings_->sync();
+    }
+    damaged_ = false;
     return settings_->status() == QSettings::NoError && read(section, key) == std::string{value};
 }
 

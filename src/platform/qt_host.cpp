@@ -10,6 +10,7 @@
 
 #include "platform/documents.h"
 #include "platform/precise_sleep.h"
+#include "platform/whole_file.h"
 
 namespace quillon {
 
@@ -118,6 +119,10 @@ void QtHost::check() {
 }
 
 bool QtHost::open_document(const std::string& path_or_url) { return start_default(path_or_url); }
+
+std::optional<std::string> QtHost::write_file(const fs::path& path, std::string_view content) {
+    return write_whole(path, content);
+}
 
 std::string QtHost::from_code_page(std::string_view bytes) const { return decode_text(bytes); }
 

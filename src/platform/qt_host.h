@@ -39,6 +39,8 @@ class QtHost : public Host {
     std::filesystem::path AppPath() const override { return data_; }
     std::filesystem::path documents_folder() const override { return documents_; }
     bool open_document(const std::string& path_or_url) override;
+    std::optional<std::string> write_file(const std::filesystem::path& path,
+                                          std::string_view content) override;
     // A text that is valid UTF-8 is taken as that, else as code page 932.
     std::string from_code_page(std::string_view bytes) const override;
 

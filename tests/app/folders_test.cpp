@@ -70,9 +70,31 @@ TEST_F(on_disk_, takes_both_separators) {
     EXPECT_EQ(on_disk(folder.path().string() + "\\SUB\\A.HEX"), folder / "sub/a.hex");
 }
 
+TEST_F(on_disk_, keeps_letters_that_are_not_ASCII) {
+    folder.write("点滅ａ.hex", "x");
+    EXPECT_EQ(on_disk(folder / "点滅ａ.HEX"), folder / "点滅ａ.hex");
+    EXPECT_EQ(on_disk(folder / "点滅Ａ.HEX"), fs::path{});  // full-width letters have no case here
+}
+
+TEST_F(on_disk_, finds_folders_and_goes_up_by_dots) {
+    fs::create_directory(folder / "Sub");
+    EXPECT_EQ(on_disk(folder / "sub"), folder / "Sub");
+    EXPECT_EQ(on_disk(in("sub/") + "../SUB"), folder.path() / "Sub" / ".." / "Sub");
+}
+
+TEST_F(on_disk_, looks_for_a_relative_name_in_the_current_folder) {
+    folder.write("Relative.hex", "");
+    const auto before = fs::current_path();
+    fs::current_path(folder.path());
+    EXPECT_EQ(on_disk("RELATIVE.HEX"), fs::path{"Relative.hex"});
+    fs::current_path(before);
+}
+
 TEST_F(on_disk_, is_empty_where_nothing_has_these_letters) {
     EXPECT_EQ(on_disk(folder / "a.hex"), fs::path{});
     EXPECT_EQ(on_disk(in("absent/a.hex")), fs::path{});
+    folder.write("file", "");
+    EXPECT_EQ(on_disk(in("file/a.hex")), fs::path{});
     EXPECT_EQ(on_disk(""), fs::path{});
 }
 
@@ -163,6 +185,32 @@ TEST_F(is_read_only_, follows_the_files_attribute) {
 TEST_F(is_read_only_, is_false_for_a_file_that_is_not_there) {
     EXPECT_FALSE(is_read_only(folder / "absent"));
     EXPECT_FALSE(fs::exists(folder / "absent"));
+}
+
+TEST_F(is_read_only_, looks_at_the_file_that_has_the_name_but_for_its_case) {
+    const auto path = folder.write("log_new0.txt", "x");
+    EXPECT_FALSE(is_read_only(folder / "LOG_NEW0.txt"));
+    EXPECT_FALSE(fs::exists(folder / "LOG_NEW0.txt"));
+    fs::permissions(path, fs::perms::owner_read);
+    EXPECT_TRUE(is_read_only(folder / "LOG_NEW0.txt"));
+}
+
+class takes_files_ : public FoldersBench {};
+
+TEST_F(takes_files_, is_true_for_a_folder_that_can_be_written_and_leaves_nothing_in_it) {
+    EXPECT_TRUE(takes_files(folder.path()));
+    EXPECT_TRUE(fs::is_empty(folder.path()));
+}
+
+// The superuser may write to any folder but those of the kernel.
+TEST_F(takes_files_, is_false_for_a_folder_that_takes_none_and_for_one_that_is_not_there) {
+    EXPECT_FALSE(takes_files("/proc/self"));
+    EXPECT_FALSE(takes_files(folder / "absent"));
+}
+
+TEST_F(takes_files_, is_content_with_what_an_earlier_test_has_left) {
+    folder.write("QUILLON_WRITE_TEST.tmp", "x");
+    EXPECT_TRUE(takes_files(folder.path()));
 }
 
 TEST(with_separator, appends_one_where_there_is_none) {

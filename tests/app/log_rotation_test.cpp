@@ -7,6 +7,7 @@
 
 #include "app/operation_log.h"
 #include "support/fakes.h"
+#include "support/no_room.h"
 
 namespace quillon {
 namespace {
@@ -97,6 +98,72 @@ TEST_F(rotate_log_, leaves_the_whole_chain_wherever_a_file_cannot_be_moved) {
         EXPECT_EQ(moved, refused + 1);
         EXPECT_EQ(chain(), kFull) << "at move " << refused;
     }
+}
+
+struct Crash {};
+
+TEST_F(rotate_log_, loses_nothing_but_the_oldest_wherever_a_crash_cuts_it_short) {
+    for (int crash_at = 0; crash_at < 10; ++crash_at) {
+        given(kFull);
+        int moved = 0;
+        EXPECT_THROW(rotate_log(folder.path().string() + "/",
+                                [&](const fs::path& from, const fs::path& to) {
+                                    if (moved++ == crash_at) throw Crash{};
+                                    return move_file(from, to);
+                                }),
+                     Crash);
+        rotate();  // the next start
+        EXPECT_EQ(chain(), kPushed) << "after move " << crash_at;
+        fs::remove(folder / "LOG_NEW0.txt");
+    }
+}
+
+TEST_F(rotate_log_, keeps_the_chain_through_a_second_crash_while_it_takes_the_first_back) {
+    for (int second_at = 0; second_at < 5; ++second_at) {
+        given(kFull);
+        int moved = 0;
+        const auto crash_at = [&moved](int last) {
+            moved = 0;
+            return [&moved, last](const fs::path& from, const fs::path& to) {
+                if (moved++ == last) throw Crash{};
+                return move_file(from, to);
+            };
+        };
+        EXPECT_THROW(rotate_log(folder.path().string(), crash_at(5)), Crash);
+        EXPECT_THROW(rotate_log(folder.path().string(), crash_at(second_at)), Crash);
+        rotate();
+        EXPECT_EQ(chain(), kPushed) << "after move " << second_at;
+    }
+}
+
+TEST_F(rotate_log_, clears_what_a_crash_left_behind_a_finished_rotation) {
+    given(kPushed);
+    folder.write("LOG_OLD9.tmp", "9\n");
+    rotate();
+    auto expected = kPushed;
+    expected["LOG_NEW0.txt"] = "";
+    EXPECT_EQ(chain(), expected);
+}
+
+TEST_F(rotate_log_, waits_for_a_start_at_which_what_a_crash_left_can_be_moved) {
+    auto cut_short = kFull;
+    cut_short.erase("LOG_OLD9.txt");
+    cut_short["LOG_OLD9.tmp"] = "9\n";
+    given(cut_short);
+    rotate_log(folder.path().string(), [](const fs::path&, const fs::path&) { return false; });
+    EXPECT_EQ(chain(), cut_short);
+    rotate();
+    EXPECT_EQ(chain(), kPushed);
+}
+
+// As far as it can be had without a disk of its own: no file may grow, empty ones can be made.
+TEST_F(rotate_log_, needs_no_room_on_the_disk) {
+    given(kFull);
+    {
+        const test::NoRoom disk{0};
+        rotate();
+    }
+    EXPECT_EQ(chain(), kPushed);
 }
 
 TEST_F(rotate_log_, leaves_the_chain_where_something_else_stands_in_a_logs_place) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/fakes.h"
+#include "support/no_room.h"
 
 namespace quillon {
 namespace {
@@ -60,7 +61,8 @@ TEST_F(LOG_data_write, adds_the_calibration_word_for_the_four_types_that_have_it
 }
 
 TEST_F(LOG_data_write, leaves_the_calibration_word_out_for_all_others) {
-    for (const auto* type : {"5F28", "5F18", "FLASH6", "18F_00", ""}) {
+    for (const auto* type :
+         {"5F28", "5F18", "FLASH6", "18F_00", "12F5", "12F61", "EPROM", "12c5", "5X28", ""}) {
         fs::remove(folder / "LOG_NEW0.txt");
         session.PgmType = type;
         log.LOG_data_write();
@@ -134,6 +136,39 @@ TEST_F(LOG_data_write, tells_of_a_full_disk) {
     EXPECT_NE(caption().find("ログファイルに書き込むことができませんでした。"), std::string::npos);
 }
 
+TEST_F(LOG_data_write, takes_back_what_a_full_disk_cut_off_and_appends_a_whole_line_later) {
+    const std::string before = "old  ID:  \t2026-11-20 14:03:21\n";
+    folder.write("LOG_NEW0.txt", before);
+    {
+        const test::NoRoom disk{before.size() + 7};
+        log.LOG_data_write();
+        EXPECT_EQ(content(), before);
+        EXPECT_NE(caption().find("ログファイルに書き込むことができませんでした。"),
+                  std::string::npos);
+    }
+    log.LOG_data_write();
+    EXPECT_EQ(content(), before +
+                             "プログラム成功  PIC16F877A  ID:FFFF  /home/u/blink.hex\t"
+                             "2026-11-20 14:03:22\n");
+}
+
+TEST_F(LOG_data_write, makes_the_work_folder_again_where_it_was_tidied_away) {
+    session.TempDir = (folder / "QUILLON4_TEMP").string() + "/";
+    log.LOG_data_write();
+    fs::remove_all(session.TempDir);
+    log.LOG_data_write();
+    EXPECT_EQ(folder.read("QUILLON4_TEMP/LOG_NEW0.txt"),
+              "プログラム成功  PIC16F877A  ID:FFFF  /home/u/blink.hex\t2026-11-20 14:03:22\n");
+    EXPECT_EQ(caption(), "");
+}
+
+TEST_F(LOG_data_write, tells_of_a_work_folder_whose_drive_is_gone) {
+    session.TempDir = (folder / "drive/QUILLON4_TEMP").string() + "/";
+    log.LOG_data_write();
+    EXPECT_NE(caption().find("ログファイルに書き込むことができませんでした。"), std::string::npos);
+    EXPECT_FALSE(fs::exists(folder / "drive"));
+}
+
 TEST_F(LOG_data_write, writes_again_once_the_trouble_is_over_and_tells_of_the_next) {
     fs::create_directory(folder / "LOG_NEW0.txt");
     log.LOG_data_write();
@@ -179,6 +214,21 @@ TEST_F(mnuLogFileOpen_, says_so_where_there_is_none) {
     EXPECT_EQ(caption(), "ログファイルがありませんでした。 ");
     EXPECT_TRUE(host.opened.empty());
     EXPECT_TRUE(host.sleeps.empty());
+}
+
+TEST_F(mnuLogFileOpen_, says_that_there_is_none_where_the_work_folder_has_vanished) {
+    session.TempDir = (folder / "absent").string() + "/";
+    mnuLogFileOpen(session, host, messages);
+    EXPECT_EQ(caption(), "ログファイルがありませんでした。 ");
+}
+
+TEST_F(mnuLogFileOpen_, opens_the_whole_chain_from_the_oldest_to_the_newest) {
+    std::vector<std::string> expected;
+    for (int n = 9; n >= 1; --n)
+        expected.push_back(folder.write("LOG_OLD" + std::to_string(n) + ".txt", "x").string());
+    expected.push_back(folder.write("LOG_NEW0.txt", "x").string());
+    mnuLogFileOpen(session, host, messages);
+    EXPECT_EQ(host.opened, expected);
 }
 
 TEST_F(mnuLogFileOpen_, says_so_where_no_program_opens_one) {

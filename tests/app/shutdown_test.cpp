@@ -59,6 +59,29 @@ TEST_F(shutdown_, deletes_a_view_that_was_written_while_the_port_was_closed) {
     EXPECT_FALSE(fs::exists(work("pgmmemory_temp.txt")));
 }
 
+TEST_F(shutdown_, starts_nothing_any_more) {
+    int turns = 0;
+    host.on_pump = [&] {
+        ++turns;
+        EXPECT_FALSE(run.form.Enabled.get());
+    };
+    start_up.shutdown(false);
+    EXPECT_GT(turns, 0);
+}
+
+TEST_F(shutdown_, deletes_the_views_before_it_closes_the_port) {
+    bool looked = false;
+    host.on_pump = [&] {
+        if (std::exchange(looked, true)) return;
+        EXPECT_FALSE(fs::exists(work("temp.txt")));
+        EXPECT_FALSE(fs::exists(work("pgmmemory_temp.txt")));
+        EXPECT_FALSE(fs::exists(work("eepmemory_temp.txt")));
+        EXPECT_TRUE(fs::exists(work("dis_asm.asm")));
+    };
+    start_up.shutdown(false);
+    EXPECT_TRUE(looked);
+}
+
 TEST_F(shutdown_, goes_on_over_every_error) {
     fs::remove(work("temp.txt"));
     fs::create_directories(work("temp.txt/inside"));

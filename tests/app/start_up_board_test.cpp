@@ -32,6 +32,34 @@ TEST_F(Main_board, says_that_no_board_is_connected_while_it_searches) {
     EXPECT_EQ(label, "COM3 ライター未接続");
 }
 
+TEST_F(Main_board, searches_in_the_communication_mode_that_was_left) {
+    for (const auto* mode : {"1", "0"}) {
+        with_board();
+        set("mnuComMode1", mode);
+        run.session.WriterFound = false;
+        journal.clear();
+        start();
+        const bool off = journal.text().find("rts off, open") != std::string::npos;
+        const bool on = journal.text().find("rts on, open") != std::string::npos;
+        EXPECT_EQ(off, mode == std::string{"1"}) << journal.text();
+        EXPECT_EQ(on, mode == std::string{"0"}) << journal.text();
+        EXPECT_TRUE(run.session.WriterFound);
+    }
+}
+
+TEST_F(Main_board, searches_the_port_just_chosen_in_that_mode_too) {
+    set("ComNo", "0");
+    set("mnuComMode1", "1");
+    with_board();
+    dialogs.on_option = [&] {
+        run.option.Option_Com_Click(6);
+        EXPECT_TRUE(run.option.Command_Ok_Click());
+    };
+    start();
+    EXPECT_EQ(journal.text().find("rts on"), std::string::npos);
+    EXPECT_NE(journal.text().find("rts off"), std::string::npos);
+}
+
 TEST_F(Main_board, goes_on_without_a_board) {
     port.when("?");
     port.when("?");

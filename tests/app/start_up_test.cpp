@@ -60,19 +60,17 @@ TEST_F(Main, fills_the_about_form) {
     start();
     EXPECT_EQ(run.about.lblVersion.Caption.get(), "V4.0.1");
     EXPECT_EQ(run.about.lblTitle.Caption.get(), "Quillon");
-    EXPECT_NE(run.about.lblDescription.Caption.get(), "");
+    EXPECT_EQ(run.about.lblDescription.Caption.get(), "ＰＩＣマイコンプログラマ");
     EXPECT_EQ(run.about.lblDisclaimer.Caption.get(),
               "ｻﾎﾟｰﾄﾍﾟｰｼﾞ : https://quillon.example/support");
 }
 
 TEST_F(Main, shows_the_first_eight_id_bytes_in_the_about_form) {
-    set("deviceNew", "");
-    const auto& id = run.session.CfgIdMem;
+    set("deviceNew", "-1");  // no selection clears the image
+    auto& id = run.session.CfgIdMem;
+    for (std::uint8_t i = 0; i < 9; ++i) id[i] = static_cast<std::uint8_t>(0x0F + 0x1E * i);
     start();
-    EXPECT_EQ(run.about.Label_ID_Word.Caption.get(),
-              fmt::format("NEW :{:02X}{:02X}:{:02X}{:02X}:{:02X}{:02X}:{:02X}{:02X}", id[0], id[1],
-                          id[2], id[3], id[4], id[5], id[6], id[7]));
-    EXPECT_EQ(run.about.Label_ID_Word.Caption.get().size(), 24U);
+    EXPECT_EQ(run.about.Label_ID_Word.Caption.get(), "NEW :0F2D:4B69:87A5:C3E1");
 }
 
 TEST_F(Main, makes_the_programs_folder_the_current_one_and_ends_AppPath_in_a_separator) {
@@ -99,11 +97,17 @@ TEST_F(Main, ends_with_a_box_where_the_work_folder_cannot_be_made) {
     EXPECT_EQ(dialogs.boxes[0].icon, BoxIcon::Critical);
     EXPECT_EQ(journal.text(), "");
     EXPECT_EQ(documents.read("QUILLON4_TEMP"), "a file in its place");
+    // What the about form says by then is the version record's.
+    EXPECT_EQ(run.about.lblVersion.Caption.get(), "V4.0.1");
+    EXPECT_EQ(run.about.lblTitle.Caption.get(), "Quillon");
+    EXPECT_EQ(run.about.lblDisclaimer.Caption.get(), "MIT License");
+    EXPECT_EQ(run.session.MainTitle, "");
 }
 
 TEST_F(Main, ends_with_a_box_where_a_work_file_is_read_only) {
     for (const auto* name : {"temp.txt", "pgmmemory_temp.txt", "LOG_NEW0.txt", "LOG_OLD1.txt",
-                             "LOG_OLD5.txt", "LOG_OLD9.txt"}) {
+                             "LOG_OLD2.txt", "LOG_OLD3.txt", "LOG_OLD4.txt", "LOG_OLD5.txt",
+                             "LOG_OLD6.txt", "LOG_OLD7.txt", "LOG_OLD8.txt", "LOG_OLD9.txt"}) {
         put_work_file(name, "x");
         fs::permissions(work(name), fs::perms::owner_read);
         dialogs.boxes.clear();
@@ -173,6 +177,7 @@ TEST_F(Main, stops_with_the_waiting_text_where_there_is_no_catalogue) {
     EXPECT_EQ(waiting_text(), kWaiting);
     EXPECT_EQ(journal.text(), "");
     EXPECT_EQ(dialogs.options_shown, 0);
+    EXPECT_EQ(host.pumps, 1 + 1 + 2);  // the form, the title, the history
 }
 
 TEST_F(Main, finds_the_catalogue_in_the_programs_folder) {
@@ -230,6 +235,47 @@ TEST_F(Main, restores_the_modes) {
     EXPECT_TRUE(run.form.mnuBlankSkip.Checked.get());
     EXPECT_TRUE(run.form.mnuComMode1.Checked.get());
     EXPECT_EQ(run.session.AsmToolPath, "/home/u/a.asm");
+}
+
+TEST_F(Main, skips_the_blank_check_as_it_was_left_and_says_so_on_the_button) {
+    const auto list = [this] {
+        run.catalogue.LoadDeviceList();
+        return run.session.DeviceList;
+    }();
+    const auto flash = std::ranges::find(list, "PIC16F877A");
+    ASSERT_NE(flash, list.end());
+    set("deviceNew", std::to_string(flash - list.begin()));
+    set("SkipMode", "1");
+    start();
+    EXPECT_EQ(run.form.Command_program.Caption.get(), "ﾌﾞﾗﾝｸﾁｪｯｸ ｽｷｯﾌﾟ\r\nプログラム(&P)");
+}
+
+TEST_F(Main, does_each_step_before_those_that_need_it) {
+    std::vector<std::string> order;
+    const auto note = [&order](std::string step) { order.push_back(std::move(step)); };
+    put_work_file("LOG_NEW0.txt", "last session\n");
+    set("OPEN_DIR0", "/last");
+    set("OPEN_DIR1", "/a    P");
+    std::vector<Connection> watches;
+    auto& form = run.form;
+    watches.push_back(form.Caption.observe([&](const auto&) { note("title"); }));
+    watches.push_back(
+        form.nmuFile[0].Caption.observe([&](const std::string&) { note("history"); }));
+    watches.push_back(form.Combo_device.Items.observe([&](const auto&) { note("list"); }));
+    watches.push_back(form.Label_Ver.Caption.observe([&](const auto&) { note("version"); }));
+    watches.push_back(
+        form.Label_FirmwareVersion.Caption.observe([&](const std::string&) { note("board"); }));
+    watches.push_back(form.Combo_device.ListIndex.observe([&](int) {
+        note(port.is_open() ? "device, port open" : "device");
+        EXPECT_TRUE(fs::exists(work("LOG_NEW0.txt")));
+    }));
+    watches.push_back(form.Enabled.observe([&](bool on) {
+        note(on ? "enabled" : "disabled");
+        EXPECT_EQ(fs::exists(work("LOG_OLD9.txt")), on);
+    }));
+    start();
+    EXPECT_EQ(order, (std::vector<std::string>{"disabled", "title", "history", "list", "version",
+                                               "board", "board", "device", "title", "enabled"}));
 }
 
 TEST_F(Main, leaves_the_modes_off_by_default) {

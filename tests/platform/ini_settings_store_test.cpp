@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "support/fakes.h"
+#include "support/no_room.h"
 
 namespace quillon {
 namespace {
@@ -150,6 +151,21 @@ TEST_F(IniSettingsStore_, leaves_a_read_only_file_as_it_is_and_says_so) {
     EXPECT_EQ(file(), "[Settings6]\nComNo=3\n");
     EXPECT_TRUE(store.problem().starts_with("設定ファイルに書き込むことができませんでした。"))
         << store.problem();
+}
+
+TEST_F(IniSettingsStore_, keeps_the_whole_file_where_the_disk_is_full_and_saves_again_later) {
+    const std::string before = "[Settings6]\nComNo=3\nSkipMode=1\n";
+    folder.write("settings.ini", before);
+    IniSettingsStore store{folder.path()};
+    {
+        const test::NoRoom disk{before.size() / 2};
+        EXPECT_FALSE(store.write("Settings6", "ComNo", "4"));
+        EXPECT_TRUE(store.problem().starts_with("設定ファイルに書き込むことができませんでした。"));
+        EXPECT_EQ(file(), before);
+    }
+    EXPECT_TRUE(store.write("Settings6", "ComNo", "5"));
+    EXPECT_EQ(later("ComNo"), "5");
+    EXPECT_EQ(later("SkipMode"), "1");
 }
 
 TEST_F(IniSettingsStore_, answers_false_where_the_folder_cannot_be_made) {

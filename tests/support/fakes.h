@@ -79,6 +79,13 @@ class FakeHost : public Host {
         opened.push_back(path_or_url);
         return opens;
     }
+    std::optional<std::string> write_file(const std::filesystem::path& path,
+                                          std::string_view content) override {
+        if (!write_problem.empty()) return write_problem;
+        std::ofstream file{path, std::ios::binary | std::ios::trunc};
+        file << content;
+        return file ? std::optional<std::string>{} : "can't be written";
+    }
     // Bytes that aren't UTF-8 stand for themselves here: tests of the conversion use the real host.
     std::string from_code_page(std::string_view bytes) const override { return std::string{bytes}; }
 
@@ -99,6 +106,7 @@ class FakeHost : public Host {
     std::function<void(Time now)> on_advance;  // the simulated board follows the clock
     int pumps = 0;
     bool opens = true;
+    std::string write_problem;  // why no file can be written
 
   private:
     Time now_{};

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "cli/whole_file.h"
+#include "platform/whole_file.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "support/fakes.h"
+#include "support/no_room.h"
 
-namespace quillon::cli {
+namespace quillon {
 namespace {
 
 using test::TempFolder;
@@ -47,10 +49,34 @@ TEST(write_whole, follows_a_link_to_the_file_behind_it) {
     EXPECT_EQ(folder.read("real.json"), "new");
 }
 
+TEST(write_whole, leaves_what_stood_there_where_the_disk_is_full) {
+    const TempFolder folder;
+    folder.write("a.json", "old");
+    const test::NoRoom disk{4096};
+    const auto reason = write_whole(folder / "a.json", std::string(10'000, 'x'));
+    ASSERT_TRUE(reason);
+    EXPECT_NE(*reason, "");
+    EXPECT_EQ(folder.read("a.json"), "old");
+    EXPECT_EQ(files_in(folder), 1U);
+}
+
+TEST(write_whole, keeps_a_read_only_file) {
+    if (::geteuid() == 0) GTEST_SKIP() << "root may write to any file";
+    const TempFolder folder;
+    const auto path = folder.write("a.json", "old");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    EXPECT_TRUE(write_whole(path, "new"));
+    EXPECT_EQ(folder.read("a.json"), "old");
+}
+
+TEST(write_whole, tells_that_a_device_took_nothing) {
+    EXPECT_TRUE(write_whole("/dev/full", std::string(100, 'x')));
+}
+
 TEST(write_whole, writes_into_a_device_without_replacing_it) {
     EXPECT_EQ(write_whole("/dev/null", "x"), std::nullopt);
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 
 }  // namespace
-}  // namespace quillon::cli
+}  // namespace quillon
