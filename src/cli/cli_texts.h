@@ -17,6 +17,9 @@ inline constexpr std::string_view kFooter =
   Combo_FCAL_91X=3                             lists: an entry's text, else its index
   PowerMode=VPP, VddVppDelay=10                the supplies' order and delay (ms)
   CONFIG1=3F71, CONFIG1=WDTE:ON                a word in hexadecimal, or one of its fields
+Before the file is loaded:
+  HexUpperAddress=1                            PIC12F1xxx, PIC16F1xxx: full addresses
+  HexFileCheck=0                               no findings of the file check
 
 --fault, as drop:5, silent-after:3, we8/no-end-code, wrong-part:0x0E20, stuck-cell:7.
 
@@ -26,8 +29,6 @@ inline constexpr std::string_view kFooter =
 Exit status: 0 success, 1 ran and failed, 2 usage or unknown device, 3 no board or
   link failed, 4 cancelled or interrupted.)";
 
-inline constexpr std::string_view kNoHexWriter =
-    "writing a HEX file is not available yet; --dump writes the image as JSON";
 inline constexpr std::string_view kNeedsSimulation =
     "--socket, --sim-baud and --fault go with --port sim or the simulate command";
 

@@ -10,7 +10,6 @@
 #include "cli/cli_texts.h"
 #include "cli/dump.h"
 #include "cli/set_controls.h"
-#include "cli/whole_file.h"
 #include "families/dispatch.h"
 
 namespace quillon::cli {
@@ -50,6 +49,7 @@ Finish Commands::execute() {
     if (options_.command == Command::Devices) return list_devices();
     if (auto problem = check_sets(run_, options_.sets)) return Finish::complain(kUsage, *problem);
     if (auto ending = choose_device()) return *ending;
+    apply_reading_sets(run_, options_.sets);
     if (auto ending = open_file()) return with_words(*ending);
     if (auto problem = apply_sets(run_, options_.sets))
         return with_words(Finish::complain(kUsage, *problem));
@@ -57,6 +57,7 @@ Finish Commands::execute() {
     run_.port.RTSEnable(!run_.form.mnuComMode1.Checked.get());
     if (options_.command == Command::Simulate) return simulate();
     if (auto ending = operate()) return with_words(*ending);
+    if (auto ending = save_file()) return with_words(*ending);
     if (auto ending = write_dump()) return with_words(*ending);
     return with_words(Finish::of(Outcome::Success));
 }
@@ -165,9 +166,15 @@ Outcome Commands::flow() {
     return Outcome::Success;
 }
 
+Commands::Ending Commands::save_file() {
+    if (!options_.save) return {};
+    const auto outcome = run_.files.mnuFileSave_Click(options_.save);
+    return outcome == Outcome::Success ? Ending{} : Finish::of(outcome);
+}
+
 Commands::Ending Commands::write_dump() {
     if (!options_.dump) return {};
-    const auto problem = write_whole(*options_.dump, dump(run_.session, run_.form));
+    const auto problem = run_.host.write_file(*options_.dump, dump(run_.session, run_.form));
     if (!problem) return {};
     return Finish::complain(kFailed,
                             fmt::format(text::kCantWrite, options_.dump->string(), *problem));

@@ -41,6 +41,7 @@ class Commands {
     Ending choose_device();
     Ending open_file();
     Ending operate();
+    Ending save_file();
     Ending write_dump();
     Finish list_devices();
     Finish simulate();

@@ -39,7 +39,6 @@ struct Raw {
     std::vector<std::string> faults;
     std::optional<double> deadline;
     std::string area;  // of erase
-    std::optional<std::string> out;
 };
 
 NamedValue named_value(const std::string& option, const std::string& text) {
@@ -119,24 +118,22 @@ void add_commands(CLI::App& app, Options& options, Raw& raw) {
     command(Command::Blank, "blank", "blank check");
     with_hex(command(Command::Verify, "verify", "compares the device with a file"));
     with_hex(command(Command::Program, "program", "erases, writes and verifies the device"));
-    // Hidden until HEX files can be written; named so that the refusal can say why.
     with_dump(command(Command::Read, "read", "reads the device"))
-        ->add_option("-o", raw.out)
-        ->group("");
+        ->add_option("-o", options.save, "saves what was read as a HEX file")
+        ->type_name("FILE");
     command(Command::EraseChip, "erase", "erases the program memory or the whole chip")
         ->add_option("AREA", raw.area, "pgm or chip")
         ->required()
         ->check(CLI::IsMember({"pgm", "chip"}));
     with_dump(with_hex(command(Command::Load, "load", "loads a file; needs no board")))
-        ->add_option("--save", raw.out)
-        ->group("");
+        ->add_option("--save", options.save, "saves the image as a HEX file")
+        ->type_name("FILE");
     command(Command::Simulate, "simulate", "serves the simulated board on a pseudo-terminal")
         ->add_option("--link", options.link, "a name for the pseudo-terminal")
         ->type_name("PATH");
 }
 
 void take(Options& options, const Raw& raw) {
-    if (raw.out) throw CLI::ValidationError{std::string{text::kNoHexWriter}};
     for (const auto& set : raw.sets) options.sets.push_back(named_value("--set", set));
     for (const auto& given : raw.answers) options.answers.push_back(sound_answer(given));
     if (options.sim_baud.value_or(0) < 0) throw CLI::ValidationError{"--sim-baud", "below 0"};

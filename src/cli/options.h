@@ -51,6 +51,7 @@ struct Options {
     std::vector<Fault> faults;
 
     std::filesystem::path hex;
+    std::optional<std::filesystem::path> save;  // the image as a HEX file
     std::optional<std::filesystem::path> dump;
     std::optional<std::filesystem::path> link;
 

@@ -25,11 +25,9 @@ constexpr std::array<std::string_view, 8> kTextBoxes{
     "Text_ID4", "Text_Calib_Data", "Text_BG",  "Text_OSCCAL_Data",
 };
 // The menu items that carry a check mark; any other is a command.
-constexpr std::array<std::string_view, 4> kCheckedItems{
-    "mnuBlankSkip",
-    "mnuComMode1",
-    "mnuBoardInfomation",
-    "mnuLock",
+constexpr std::array<std::string_view, 6> kCheckedItems{
+    "mnuBlankSkip", "mnuComMode1",     "mnuBoardInfomation",
+    "mnuLock",      "HexUpperAddress", "HexFileCheck",
 };
 // Lists that stand for something else than a value of the operation.
 constexpr std::array<std::string_view, 1> kNoValueLists{"CmbInit"};
@@ -159,6 +157,13 @@ Problem check_sets(Run& run, std::span<const NamedValue> sets) {
     for (const auto& set : sets)
         if (auto problem = check(run, set)) return problem;
     return {};
+}
+
+void apply_reading_sets(Run& run, std::span<const NamedValue> sets) {
+    for (const auto& set : sets) {
+        if (set.name == "HexUpperAddress") run.form.HexUpperAddress.Checked.set(set.value == "1");
+        if (set.name == "HexFileCheck") run.form.HexFileCheck.Checked.set(set.value == "1");
+    }
 }
 
 Problem apply_sets(Run& run, std::span<const NamedValue> sets) {

@@ -9,10 +9,13 @@
 #include <system_error>
 #include <utility>
 
+#include "app/folders.h"
 #include "image/file_names.h"
 #include "image/fill.h"
 #include "image/hex_files_texts.h"
 #include "image/hex_items.h"
+#include "image/hex_writer.h"
+#include "image/hex_zones.h"
 #include "image/text_file.h"
 
 namespace quillon {
@@ -21,13 +24,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A dialog gives whole paths. The name itself where nothing is found: it is refused later. Dots are
-// taken out only where the path still leads to the same file, which a link on its way may prevent.
+// The name itself where nothing is found: it is refused later.
+fs::path as_on_disk(const fs::path& name) {
+    const fs::path found = on_disk(name);
+    return found.empty() ? name : found;
+}
+
+// A dialog gives whole paths. Dots are taken out only where the path still leads to the same file,
+// which a link on its way may prevent.
 fs::path whole_path(const fs::path& name) {
     std::error_code error;
     const fs::path whole = fs::absolute(name, error);
     if (error || name.empty()) return name;
-    const fs::path found = find_ignoring_case(whole).value_or(whole);
+    const fs::path found = as_on_disk(whole);
     const fs::path plain = found.lexically_normal();
     return fs::equivalent(found, plain, error) ? plain : found;
 }
@@ -90,10 +99,15 @@ Token HexFiles::mnuFileDirectOpen(const fs::path& folder) {
 }
 
 void HexFiles::nmuFile_Click(int n) {
-    form_.Combo_device.select(history_.device_index(n));
+    // A file never loads for another device than its entry says.
+    if (!form_.Combo_device.select(history_.device_index(n))) {
+        messages_.ShowMessage(hex_files_text::kNoSuchDevice);
+        session_.LoadResult = "NG";
+        return;
+    }
     const fs::path folder = path_of(history_.folder(n));
     // The entry was lower-cased when it was made.
-    mnuFileDirectOpen(find_ignoring_case(folder).value_or(folder));
+    mnuFileDirectOpen(as_on_disk(folder));
 }
 
 void HexFiles::nmuHistryClear_Click() { history_.clear(); }
@@ -139,9 +153,59 @@ std::optional<std::string> HexFiles::read(const fs::path& path) {
 
 void HexFiles::take_as_current(const fs::path& path) {
     buffer_.mnuPcBufferMemoryClear(selection_);
-    form_.Caption.set(fmt::format("{}  {}", text_of(path.filename()), session_.MainTitle));
+    show_name(path);
     session_.HexFilePath = text_of(path);
     session_.LoadedHexPath = session_.HexFilePath;
+}
+
+void HexFiles::show_name(const fs::path& path) {
+    form_.Caption.set(fmt::format("{}  {}", text_of(path.filename()), session_.MainTitle));
+}
+
+Outcome HexFiles::mnuFileSave_Click(std::optional<fs::path> chosen) {
+    form_.CmbInit.clear();
+    form_.TxtInit.Text.set("");
+    if (selection_.Mcu_Selected_Check() != Token::OK) return Outcome::NoDevice;
+    if (!chosen)
+        chosen = dialogs_.file({.kind = FileDialog::Kind::Save,
+                                .folder = path_of(settings_.text("SAVE_DIR")),
+                                .filter = std::string{hex_files_text::kSaveFilter},
+                                .default_extension = "Hex"});
+    if (!chosen || !may_replace(*chosen)) {
+        messages_.ShowMessage(hex_files_text::kSaveCancelled);
+        return Outcome::Cancelled;
+    }
+    const fs::path path = fs::absolute(*chosen);
+    const auto text = hex_text(session_, form_.Combo_device.Text.get(),
+                               hex_addresses(form_, session_.DeviceName));
+    if (const auto problem = host_.write_file(path, text)) {
+        messages_.ShowMessage(hex_files_text::kNotSaved, *problem);
+        return Outcome::Failed;
+    }
+    take_as_saved(path);
+    return Outcome::Success;
+}
+
+bool HexFiles::may_replace(const fs::path& path) {
+    std::error_code error;
+    if (!fs::exists(path, error)) return true;
+    return dialogs_.box({.title = std::string{hex_files_text::kReplaceTitle},
+                         .text = std::string{hex_files_text::kReplace},
+                         .icon = BoxIcon::Question,
+                         .buttons = BoxButtons::OkCancel,
+                         .name = "replace"}) == BoxAnswer::Ok;
+}
+
+void HexFiles::take_as_saved(const fs::path& path) {
+    session_.HexFilePath = text_of(path);
+    show_name(path);
+    settings_.save("SAVE_DIR", text_of(path.parent_path()));
+    messages_.ShowMessage(text_of(path.filename()) + std::string{hex_files_text::kSaved});
+    // What was written stands where the reader, as it is set, finds something else.
+    if (form_.HexFileCheck.Checked.get() && has_full_addresses(session_.DeviceName) &&
+        hex_addresses(form_, session_.DeviceName) == HexAddresses::Folded &&
+        program_span(session_) > kFoldedProgramBytes)
+        messages_.AddMessage(hex_files_text::kSavedFolded);
 }
 
 // The whole file is read once: its scan and its load see the same text, and nothing is changed for

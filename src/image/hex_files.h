@@ -14,6 +14,7 @@
 #include "app/host.h"
 #include "app/main_form.h"
 #include "app/messages.h"
+#include "app/outcome.h"
 #include "app/session.h"
 #include "app/settings.h"
 #include "app/token.h"
@@ -39,6 +40,11 @@ class HexFiles {
     // The Open command with its direct flag set: the file at hand (HexFilePath) once more, with no
     // dialog; neither folder nor history are saved.
     Token open_directly();
+    // The Save command: asks for a name, and before it replaces a file. A path given is used as if
+    // it had been chosen in the dialog. The file becomes the one at hand once it is written; a save
+    // that is cancelled or fails leaves the file at hand, the caption and the settings as they
+    // were.
+    Outcome mnuFileSave_Click(std::optional<std::filesystem::path> chosen = std::nullopt);
     // Short form: the file of the command line, else a dialog in the given folder. No ";PIC" scan,
     // no history.
     Token mnuFileDirectOpen(const std::filesystem::path& folder);
@@ -56,6 +62,9 @@ class HexFiles {
     std::optional<std::string> read(const std::filesystem::path& path);
     void take_as_current(const std::filesystem::path& path);
     Token open(const std::filesystem::path& path, std::string_view folder);
+    bool may_replace(const std::filesystem::path& path);
+    void take_as_saved(const std::filesystem::path& path);
+    void show_name(const std::filesystem::path& path);
     void select_named_device(std::string_view text);
     Token load(std::string_view text);
 

@@ -15,22 +15,22 @@ namespace {
 constexpr std::string_view kSeparators = "\r\n,";
 constexpr std::string_view kQuoteEnds = "\"\r\n";
 
-std::optional<std::uint8_t> byte_at(std::string_view item, std::size_t position) {
+std::optional<unsigned> word_at(std::string_view item, std::size_t position) {
+    const auto high = hex_byte_at(item, position);
+    const auto low = hex_byte_at(item, position + 2);
+    if (!high || !low) return std::nullopt;
+    return *high * 256U + *low;
+}
+
+}  // namespace
+
+std::optional<std::uint8_t> hex_byte_at(std::string_view item, std::size_t position) {
     if (position + 1 > item.size()) return std::nullopt;
     const auto high = hex_digit(item[position - 1]);
     const auto low = hex_digit(item[position]);
     if (!high || !low) return std::nullopt;
     return static_cast<std::uint8_t>(*high * 16 + *low);
 }
-
-std::optional<unsigned> word_at(std::string_view item, std::size_t position) {
-    const auto high = byte_at(item, position);
-    const auto low = byte_at(item, position + 2);
-    if (!high || !low) return std::nullopt;
-    return *high * 256U + *low;
-}
-
-}  // namespace
 
 std::string_view HexItems::take(std::size_t length) {
     length = std::min(length, rest_.size());
@@ -44,19 +44,19 @@ void HexItems::drop_blanks() {
 }
 
 void HexItems::drop_separator() {
-    if (rest_.starts_with("\r\n"))
-        rest_.remove_prefix(2);
-    else if (!rest_.empty() && kSeparators.find(rest_.front()) != std::string_view::npos)
-        rest_.remove_prefix(1);
+    const bool stands = !rest_.empty() && kSeparators.find(rest_.front()) != std::string_view::npos;
+    line_ended_ = stands && rest_.front() != ',';
+    if (stands) take(rest_.starts_with("\r\n") ? 2 : 1);
 }
 
 std::optional<std::string_view> HexItems::next() {
     if (rest_.empty()) return std::nullopt;
+    if (line_ended_) ++line_;
     drop_blanks();
     if (!rest_.starts_with('"')) {
         const auto item = take(rest_.find_first_of(kSeparators));
         drop_separator();
-        return item;
+        return item.substr(0, item.find_last_not_of(' ') + 1);
     }
     take(1);
     const auto item = take(rest_.find_first_of(kQuoteEnds));
@@ -81,10 +81,6 @@ std::optional<HexRecord> HexRecord::parse(std::string_view item) {
     return record;
 }
 
-std::optional<std::uint8_t> HexRecord::byte(std::size_t position) const {
-    return byte_at(item_, position);
-}
-
 std::optional<char> HexRecord::character(std::size_t position) const {
     if (position > item_.size()) return std::nullopt;
     return item_[position - 1];
@@ -93,20 +89,6 @@ std::optional<char> HexRecord::character(std::size_t position) const {
 bool is_extended_address(std::string_view item) { return item.starts_with(":02000004"); }
 
 std::optional<unsigned> extended_address(std::string_view item) { return word_at(item, kHexData); }
-
-bool lacks_end_record(std::string_view text) {
-    constexpr std::size_t kTypeAt = 7;
-    constexpr std::string_view kEnd = "01";
-    bool records = false;
-    HexItems items{text};
-    while (const auto item = items.next()) {
-        if (!item->starts_with(':')) continue;
-        records = true;
-        if (item->size() >= kTypeAt + kEnd.size() && item->substr(kTypeAt, kEnd.size()) == kEnd)
-            return false;
-    }
-    return records;
-}
 
 void SkippedItems::add(std::size_t item_number) {
     if (numbers_.size() < kListed)

@@ -13,15 +13,18 @@
 
 namespace quillon {
 
-// An item ends at a line end (CR, LF or both) or at a comma. Leading blanks are dropped. A
-// double-quoted item loses its quotes and may hold commas; a quote that isn't closed ends with its
-// line, so that it can't swallow the file. What stands behind a closing quote is an item again.
+// An item ends at a line end (CR, LF or both) or at a comma. Leading blanks and TABs and trailing
+// blanks are dropped. A double-quoted item loses its quotes and may hold commas; a quote that isn't
+// closed ends with its line, so that it can't swallow the file. What stands behind a closing quote
+// is an item again.
 class HexItems {
   public:
     explicit HexItems(std::string_view text) : rest_{text} {}
 
     // Nothing at the end of the text. A line end or comma that ends the text begins no item.
     std::optional<std::string_view> next();
+    // The line in which the last item stands, from 1; 0 before the first.
+    std::size_t line() const { return line_; }
 
   private:
     std::string_view take(std::size_t length);
@@ -29,7 +32,12 @@ class HexItems {
     void drop_separator();
 
     std::string_view rest_;
+    std::size_t line_ = 0;
+    bool line_ended_ = true;
 };
+
+// Two digits at a position of an item, from 1; nothing where it ends before or a digit is bad.
+std::optional<std::uint8_t> hex_byte_at(std::string_view item, std::size_t position);
 
 // A record's fields, found by character position; positions count from 1, as in the format's own
 // description. No field is checked for sense, and the check sum is never read.
@@ -40,12 +48,14 @@ class HexRecord {
     static std::optional<HexRecord> parse(std::string_view item);
 
     bool is_data() const { return type_ == 0; }
+    bool is_end() const { return type_ == 1; }
     // A 16-bit byte address.
     unsigned address() const { return address_; }
     // Characters of the data field, two a byte.
     std::size_t data_characters() const { return std::size_t{2} * count_; }
-    // Two digits at a position; nothing where the line ends before or a digit is bad.
-    std::optional<std::uint8_t> byte(std::size_t position) const;
+    std::optional<std::uint8_t> byte(std::size_t position) const {
+        return hex_byte_at(item_, position);
+    }
     std::optional<char> character(std::size_t position) const;
 
   private:
@@ -62,9 +72,6 @@ inline constexpr std::size_t kHexData = 10;
 bool is_extended_address(std::string_view item);
 // Its 16-bit value; nothing where the digits are bad or missing.
 std::optional<unsigned> extended_address(std::string_view item);
-
-// True for a text of records that holds no end record: it may have been cut off on its way.
-bool lacks_end_record(std::string_view text);
 
 // The items that were no records, by number. A file of millions of them, which is no HEX file at
 // all, must not become a message of millions of numbers: the list stops at kListed.

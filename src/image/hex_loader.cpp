@@ -10,6 +10,7 @@
 
 #include "app/text.h"
 #include "image/fill.h"
+#include "image/hex_check.h"
 #include "image/hex_loader_texts.h"
 #include "image/pic18_loader.h"
 #include "image/word_image_loader.h"
@@ -31,6 +32,11 @@ std::string last_digits(std::int32_t address, int digits) {
 
 }  // namespace
 
+HexAddresses hex_addresses(const MainForm& form, std::string_view DeviceName) {
+    const bool full = form.HexUpperAddress.Checked.get() && has_full_addresses(DeviceName);
+    return full ? HexAddresses::Full : HexAddresses::Folded;
+}
+
 void HexLoader::load(std::string_view text) {
     messages_.ShowMessage(hex_loader_text::kLoading);
     session_.LoadResult.clear();
@@ -38,10 +44,18 @@ void HexLoader::load(std::string_view text) {
         load_pic18_text(text);
     else
         load_words(text);
+    if (form_.HexFileCheck.Checked.get()) report_check(text);
+}
+
+HexAddresses HexLoader::addresses() const { return hex_addresses(form_, session_.DeviceName); }
+
+void HexLoader::report_check(std::string_view text) {
+    const auto findings = describe(check_hex(text, session_, addresses()));
+    if (!findings.empty()) messages_.AddMessage(findings);
 }
 
 void HexLoader::load_words(std::string_view text) {
-    const auto load = load_word_image(text, form_.Combo_device.Text.get(), session_);
+    const auto load = load_word_image(text, form_.Combo_device.Text.get(), session_, addresses());
     if (!load.ok) {
         messages_.ShowMessage(hex_loader_text::kLoadFailed, hex_loader_text::kPerhapsPic18);
         session_.LoadResult = "NG";
@@ -49,7 +63,7 @@ void HexLoader::load_words(std::string_view text) {
     }
     show_config(load);
     show_id_words();
-    report(load, text, hex_loader_text::kLoaded);
+    report(load, hex_loader_text::kLoaded);
 }
 
 void HexLoader::load_pic18_text(std::string_view text) {
@@ -61,7 +75,7 @@ void HexLoader::load_pic18_text(std::string_view text) {
     }
     show_config(load);
     show_pic18_id();
-    report(load, text, pic18_report(load));
+    report(load, pic18_report(load));
 }
 
 // Words from outside are shown as they are; else the catalogue's masks apply.
@@ -92,13 +106,11 @@ std::string HexLoader::pic18_report(const HexLoad& load) const {
                        load.has_eeprom ? percent(session_.EepBytesCat, session_.EepBytes) : 0);
 }
 
-void HexLoader::report(const HexLoad& load, std::string_view text, std::string_view loaded) {
+void HexLoader::report(const HexLoad& load, std::string_view loaded) {
     if (load.skipped.empty())
         messages_.ShowMessage(loaded);
     else
         messages_.ShowMessage(fmt::format(hex_loader_text::kSkipped, load.skipped.list()));
-    // It loads all the same: some tools leave the end record out.
-    if (lacks_end_record(text)) messages_.AddMessage(hex_loader_text::kNoEndRecord);
     session_.LoadResult = "OK";
 }
 

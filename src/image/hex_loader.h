@@ -9,9 +9,14 @@
 #include "app/session.h"
 #include "catalogue/config_model.h"
 #include "image/hex_items.h"
+#include "image/hex_zones.h"
 #include "image/views.h"
 
 namespace quillon {
+
+// How the user wants the files of the device to be read and written: HexUpperAddress, for the parts
+// that have such addresses.
+HexAddresses hex_addresses(const MainForm& form, std::string_view DeviceName);
 
 class HexLoader {
   public:
@@ -26,18 +31,20 @@ class HexLoader {
 
     // Runs the loader of the selected type. LoadResult is "" meanwhile, then "OK" or "NG". Leaves
     // ConfigFromFile set where the text supplied configuration words: the caller clears it once the
-    // panel is refreshed.
+    // panel is refreshed. The file check's findings come last, on a line of their own.
     void load(std::string_view text);
     // Text_ID from the low digits of the eight PIC18 ID bytes.
     void show_pic18_id();
 
   private:
+    HexAddresses addresses() const;
     void load_words(std::string_view text);
     void load_pic18_text(std::string_view text);
     void show_config(const HexLoad& load);
     void show_id_words();
     std::string pic18_report(const HexLoad& load) const;
-    void report(const HexLoad& load, std::string_view text, std::string_view loaded);
+    void report(const HexLoad& load, std::string_view loaded);
+    void report_check(std::string_view text);
 
     Session& session_;
     MainForm& form_;

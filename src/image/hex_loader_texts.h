@@ -13,8 +13,6 @@ inline constexpr std::string_view kPerhapsPic18 =
     "ＰＩＣ１８用のファイルをロードしようとした可能性があります。";
 // Item numbers, joined by "、"
 inline constexpr std::string_view kSkipped = "{}行目はＨＥＸデータでないので読み飛ばしました。";
-inline constexpr std::string_view kNoEndRecord =
-    "redファイルに終了レコードがありません。途中で切れたファイルの可能性があります。";
 // Last code address in five digits, last EEPROM address in four, then whole percents
 inline constexpr std::string_view kLoadedPic18 =
     "ファイルロード完了。\r\n"

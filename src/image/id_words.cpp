@@ -130,6 +130,10 @@ bool is_own_id_address(const DeviceRecord& device, unsigned address) {
     });
 }
 
+bool has_id_with_bit_7(std::string_view device_shown) {
+    return std::ranges::find(kIdWithBit7, device_shown) != kIdWithBit7.end();
+}
+
 void fix_id_words(std::string_view device_shown, Session& session) {
     if (session.PgmType == "12C5")
         fix_each(session, 0x3F, with_upper_ones);
@@ -140,8 +144,7 @@ void fix_id_words(std::string_view device_shown, Session& session) {
             ParityFix(session.CfgIdMem[i], session.CfgIdMem[i + 1]);
         session.CfgIdMem[14] |= 0xC0;
     }
-    if (std::ranges::find(kIdWithBit7, device_shown) != kIdWithBit7.end())
-        fix_each(session, 0x3F, with_bit_7);
+    if (has_id_with_bit_7(device_shown)) fix_each(session, 0x3F, with_bit_7);
 }
 
 }  // namespace quillon

@@ -10,14 +10,12 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "image/hex_zones.h"
+
 namespace quillon {
 
 namespace {
 
-constexpr unsigned kBehindProgram = 0x20;
-constexpr unsigned kId = 0x20;
-constexpr unsigned kConfig = 0x30;
-constexpr unsigned kEeprom = 0xF0;
 // A ninth ID byte has room in the zone but stands for nothing.
 constexpr std::size_t kIdZone = 9;
 constexpr std::uint8_t kBlank = 0xFF;
@@ -36,11 +34,13 @@ class Pic18Image {
     bool has_eeprom() const { return has_eeprom_; }
 
   private:
-    // Calls `store` with address and value of each byte, `step` bytes at a time.
+    // Calls `store` with address and value of each byte, `step` bytes at a time: where one of them
+    // is bad, none is stored.
     template <typename Store>
-    [[nodiscard]] bool each_byte(const HexRecord& record, std::size_t step, Store store);
+    [[nodiscard]] static bool each_byte(const HexRecord& record, std::size_t start,
+                                        std::size_t step, Store store);
 
-    bool place_program(const HexRecord& record);
+    bool store_program(std::size_t address, std::uint8_t byte);
     bool store_id(std::size_t index, std::uint8_t byte);
     bool store_config(std::size_t index, std::uint8_t byte);
     bool store_eeprom(std::size_t index, std::uint8_t byte);
@@ -52,43 +52,52 @@ class Pic18Image {
 };
 
 template <typename Store>
-bool Pic18Image::each_byte(const HexRecord& record, std::size_t step, Store store) {
+bool Pic18Image::each_byte(const HexRecord& record, std::size_t start, std::size_t step,
+                           Store store) {
     const std::size_t bytes = record.data_characters() / 2;
     for (std::size_t at = 0; at < bytes; at += step) {
-        for (std::size_t i = at; i < at + step; ++i) {
-            const auto byte = record.byte(kHexData + 2 * i);
-            if (!byte || !store(record.address() + i, *byte)) return false;
-        }
+        const auto first = record.byte(kHexData + 2 * at);
+        const auto last = record.byte(kHexData + 2 * (at + step - 1));
+        if (!first || !last || !store(start + at, *first)) return false;
+        if (step == 2 && !store(start + at + 1, *last)) return false;
     }
     return true;
 }
 
 bool Pic18Image::place(const HexRecord& record) {
-    if (upper_ < kBehindProgram) return place_program(record);
-    if (upper_ == kId)
-        return each_byte(record, 2, [&](std::size_t i, std::uint8_t b) { return store_id(i, b); });
-    if (upper_ == kConfig)
-        return each_byte(record, 1,
-                         [&](std::size_t i, std::uint8_t b) { return store_config(i, b); });
-    if (upper_ == kEeprom)
-        return each_byte(record, 2,
-                         [&](std::size_t i, std::uint8_t b) { return store_eeprom(i, b); });
+    const auto place = pic18_place(upper_, record.address());
+    const auto each = [&](std::size_t step, auto store) {
+        return each_byte(record, static_cast<std::size_t>(place.index), step,
+                         [&](std::size_t i, std::uint8_t byte) { return (this->*store)(i, byte); });
+    };
+    switch (place.area) {
+        case HexArea::Program:
+            return each(1, &Pic18Image::store_program);
+        case HexArea::Id18:
+            return each(2, &Pic18Image::store_id);
+        case HexArea::Config18:
+            return each(1, &Pic18Image::store_config);
+        case HexArea::Eeprom:
+            return each(2, &Pic18Image::store_eeprom);
+        case HexArea::None:
+        case HexArea::IdRecord:
+        case HexArea::CfgId:
+        case HexArea::FuseBlock:
+            break;
+    }
     return true;
 }
 
-// Of the extended address only bit 0 counts on purpose: 2 folds onto 0 and 3 onto 1.
-bool Pic18Image::place_program(const HexRecord& record) {
+// A word counts as used when either of its bytes is. The highest one counts, whatever the order of
+// the records: a file may not lose its upper code because a lower record came later.
+bool Pic18Image::store_program(std::size_t address, std::uint8_t byte) {
     auto& memory = session_.PgmMem;
-    const std::size_t base = (upper_ & 1U) * 0x10000U;
-    return each_byte(record, 1, [&](std::size_t address, std::uint8_t byte) {
-        const std::size_t place = (base + address) ^ 1U;
-        memory[place] = byte;
-        // The last byte of the word that stands there, not of the highest word so far.
-        const std::size_t word = place & ~std::size_t{1};
-        if (memory[word] < kBlank || memory[word + 1] < kBlank)
-            session_.PgmWordsCat = static_cast<std::int32_t>(word + 1);
-        return true;
-    });
+    const std::size_t place = address ^ 1U;
+    memory[place] = byte;
+    const std::size_t word = place & ~std::size_t{1};
+    if (memory[word] < kBlank || memory[word + 1] < kBlank)
+        session_.PgmWordsCat = std::max(session_.PgmWordsCat, static_cast<std::int32_t>(word + 1));
+    return true;
 }
 
 bool Pic18Image::store_id(std::size_t index, std::uint8_t byte) {
@@ -108,7 +117,7 @@ bool Pic18Image::store_eeprom(std::size_t index, std::uint8_t byte) {
     if (index >= session_.EepMem.size()) return false;
     session_.EepMem[index] = byte;
     if (byte < kBlank) {
-        session_.EepBytesCat = static_cast<std::int32_t>(index);
+        session_.EepBytesCat = std::max(session_.EepBytesCat, static_cast<std::int32_t>(index));
         has_eeprom_ = true;
     }
     return true;

@@ -8,10 +8,12 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <span>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "app/text.h"
@@ -106,10 +108,19 @@ std::string eeprom_text(std::span<const std::uint8_t> cells) {
 }
 
 // The view stands without its file: a full disk must not take the image from the user's sight.
+//
+// The file is written over and then cut, never emptied first: some file systems bring a file that
+// was emptied to the disk before its close returns, which held up a selection for up to 160 ms.
 void write_display_file(std::string_view TempDir, std::string_view name, std::string_view text) {
     if (TempDir.empty()) return;
-    std::ofstream file{path_of(TempDir) / name, std::ios::binary | std::ios::trunc};
+    const std::filesystem::path path = path_of(TempDir) / name;
+    std::ofstream file{path, std::ios::binary | std::ios::in | std::ios::out};
+    if (!file.is_open()) file.open(path, std::ios::binary | std::ios::out);
     file.write(text.data(), static_cast<std::streamsize>(text.size()));
+    file.close();
+    std::error_code error;
+    const auto length = std::filesystem::file_size(path, error);
+    if (!error && length > text.size()) std::filesystem::resize_file(path, text.size(), error);
 }
 
 void load(RichTextBox& box, std::string text) {

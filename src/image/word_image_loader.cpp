@@ -11,26 +11,25 @@
 
 #include "image/fill.h"
 #include "image/fuse_block.h"
+#include "image/hex_zones.h"
 #include "image/id_words.h"
 
 namespace quillon {
 
 namespace {
 
-constexpr unsigned kIdAddress = 0x4000;
-constexpr unsigned kEepromForm1 = 0x4200;
-constexpr unsigned kEepromForm2 = 0x4400;
-constexpr unsigned kBehindEeprom = 0x8200;
-constexpr unsigned kFuseBlock = 0xFF00;
 constexpr unsigned kConfig12bit = 0x1FFE;
 // Configuration words 1 to 7 in CfgIdMem.
 constexpr std::ptrdiff_t kFirstConfig = 14;
 constexpr std::ptrdiff_t kLastConfig = 27;
+constexpr std::size_t kIdBytes = 8;
 
 class WordImage {
   public:
-    explicit WordImage(Session& session) : session_{session} {}
+    WordImage(Session& session, HexAddresses addresses)
+        : session_{session}, addresses_{addresses} {}
 
+    void set_upper(unsigned upper) { upper_ = upper; }
     // False for a fault.
     [[nodiscard]] bool place(const HexRecord& record);
     bool has_config() const { return has_config_; }
@@ -41,14 +40,19 @@ class WordImage {
     template <typename Store>
     [[nodiscard]] bool each_word(const HexRecord& record, Store store);
 
+    HexPlace place_of(const HexRecord& record) const;
     bool place_program(const HexRecord& record);
+    bool place_full_program(const HexRecord& record, std::ptrdiff_t start);
     bool place_config_12bit(const HexRecord& record);
-    bool place_config_area(const HexRecord& record);
-    bool place_eeprom(const HexRecord& record, unsigned base);
+    bool place_id_record(const HexRecord& record);
+    bool place_config_area(const HexRecord& record, std::ptrdiff_t start);
+    bool place_eeprom(const HexRecord& record, std::ptrdiff_t start);
     bool place_fuse_block(const HexRecord& record);
     bool store_config_pair(std::ptrdiff_t index, std::uint8_t high, std::uint8_t low);
 
     Session& session_;
+    HexAddresses addresses_;
+    std::uint32_t upper_ = 0;
     bool has_config_ = false;
 };
 
@@ -62,15 +66,30 @@ bool WordImage::each_word(const HexRecord& record, Store store) {
     return true;
 }
 
+HexPlace WordImage::place_of(const HexRecord& record) const {
+    if (addresses_ == HexAddresses::Folded) return word_image_place(record.address());
+    return full_address_place(upper_ << 16 | record.address());
+}
+
 bool WordImage::place(const HexRecord& record) {
-    const unsigned address = record.address();
-    if (address < kIdAddress) return place_program(record);
-    if (address == kIdAddress) return take_id_record(record, session_);
-    if (address < kEepromForm1) return place_config_area(record);
-    if (address < kEepromForm2) return place_eeprom(record, kEepromForm1);
-    // Only the upper limit is tested: what lies below 0x8000 has a negative index, a fault.
-    if (address < kBehindEeprom) return place_eeprom(record, 0x8000);
-    if (address == kFuseBlock) return place_fuse_block(record);
+    const auto [area, start] = place_of(record);
+    switch (area) {
+        case HexArea::Program:
+            return addresses_ == HexAddresses::Full ? place_full_program(record, start)
+                                                    : place_program(record);
+        case HexArea::IdRecord:
+            return place_id_record(record);
+        case HexArea::CfgId:
+            return place_config_area(record, start);
+        case HexArea::Eeprom:
+            return place_eeprom(record, start);
+        case HexArea::FuseBlock:
+            return place_fuse_block(record);
+        case HexArea::None:
+        case HexArea::Id18:
+        case HexArea::Config18:
+            break;
+    }
     return true;
 }
 
@@ -90,6 +109,19 @@ bool WordImage::place_program(const HexRecord& record) {
     });
 }
 
+// What lies behind the device's program has no place: it isn't folded onto anything else.
+bool WordImage::place_full_program(const HexRecord& record, std::ptrdiff_t start) {
+    auto& words = session_.PgmMem;
+    const auto behind = static_cast<std::ptrdiff_t>(program_span(session_));
+    return each_word(record, [&](std::ptrdiff_t offset, std::uint8_t high, std::uint8_t low) {
+        if (start + offset + 1 >= behind) return true;
+        const auto at = static_cast<std::size_t>(start + offset);
+        words[at] = high;
+        words[at + 1] = low;
+        return true;
+    });
+}
+
 // The last word of the record stands.
 bool WordImage::place_config_12bit(const HexRecord& record) {
     return each_word(record, [&](std::ptrdiff_t, std::uint8_t high, std::uint8_t low) {
@@ -105,8 +137,15 @@ bool WordImage::store_config_pair(std::ptrdiff_t index, std::uint8_t high, std::
     return true;
 }
 
-bool WordImage::place_config_area(const HexRecord& record) {
-    const std::ptrdiff_t start = record.address() - kIdAddress;
+// A full dump goes on behind the ID words: the further words take their places first, so that its
+// configuration isn't lost to the ID rule.
+bool WordImage::place_id_record(const HexRecord& record) {
+    const bool longer = record.data_characters() > 2 * kIdBytes;
+    if (longer && !place_config_area(record, 0)) return false;
+    return take_id_record(record, session_);
+}
+
+bool WordImage::place_config_area(const HexRecord& record, std::ptrdiff_t start) {
     const auto store = [&](std::ptrdiff_t offset, std::uint8_t high, std::uint8_t low) {
         return store_config_pair(start + offset, high, low);
     };
@@ -118,9 +157,9 @@ bool WordImage::place_config_area(const HexRecord& record) {
 }
 
 // A cell is 0x3F and the word's low byte; the high byte isn't even read.
-bool WordImage::place_eeprom(const HexRecord& record, unsigned base) {
+bool WordImage::place_eeprom(const HexRecord& record, std::ptrdiff_t start) {
     auto& cells = session_.EepMem;
-    auto index = static_cast<std::ptrdiff_t>(record.address()) - static_cast<std::ptrdiff_t>(base);
+    auto index = start;
     for (std::size_t i = 0; i + 2 <= record.data_characters(); i += 4, index += 2) {
         const auto low = record.byte(kHexData + i);
         if (!low || index < 0 || index + 1 >= std::ssize(cells)) return false;
@@ -159,9 +198,10 @@ void take_config_words(Session& session) {
 
 }  // namespace
 
-HexLoad load_word_image(std::string_view text, std::string_view device_shown, Session& session) {
+HexLoad load_word_image(std::string_view text, std::string_view device_shown, Session& session,
+                        HexAddresses addresses) {
     HexLoad load;
-    WordImage image{session};
+    WordImage image{session, addresses};
     HexItems items{text};
     session.IdText = "FFFF";
     for (std::size_t number = 1; const auto item = items.next(); ++number) {
@@ -170,8 +210,10 @@ HexLoad load_word_image(std::string_view text, std::string_view device_shown, Se
             continue;
         }
         if (is_extended_address(*item)) {
-            // Read and thrown away; its digits must be digits all the same.
-            if (!extended_address(*item)) return load;
+            // Of no use to a file that is folded; its digits must be digits all the same.
+            const auto upper = extended_address(*item);
+            if (!upper) return load;
+            image.set_upper(*upper);
             continue;
         }
         const auto record = HexRecord::parse(*item);

@@ -6,14 +6,16 @@
 
 #include "app/session.h"
 #include "image/hex_items.h"
+#include "image/hex_zones.h"
 
 namespace quillon {
 
-// For every type but "18F". Extended addresses fold into the 16-bit space on purpose, and records
-// behind an end record are loaded. A record from 0x4400 to 0x7FFF has no place and is a fault: that
-// is how a file for a PIC18 is caught. After the last record the ID words are fixed, configuration
-// word 1 masked as the catalogue asks, and ConfigWord 1 and 2 taken from CfgIdMem.
-// `device_shown` is the device in Combo_device.
-HexLoad load_word_image(std::string_view text, std::string_view device_shown, Session& session);
+// For every type but "18F". Unless asked for by their full address, extended addresses fold into
+// the 16-bit space on purpose, and a record from 0x4400 to 0x7FFF has no place and is a fault: that
+// is how a file for a PIC18 is caught. Records behind an end record are loaded. After the last
+// record the ID words are fixed, configuration word 1 masked as the catalogue asks, and ConfigWord
+// 1 and 2 taken from CfgIdMem. `device_shown` is the device in Combo_device.
+HexLoad load_word_image(std::string_view text, std::string_view device_shown, Session& session,
+                        HexAddresses addresses = HexAddresses::Folded);
 
 }  // namespace quillon

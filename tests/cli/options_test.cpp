@@ -97,8 +97,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BadLine{{"--port", "sim", "--sim-baud", "-1", "blank"}, "--sim-baud"},
                     BadLine{{"--socket", "s.json", "blank"}, "--port sim"},
                     BadLine{{"--fault", "drop:1", "--port", "COM1", "blank"}, "--port sim"},
-                    BadLine{{"read", "-o", "out.hex"}, "not available yet"},
-                    BadLine{{"load", "in.hex", "--save", "out.hex"}, "not available yet"}));
+                    BadLine{{"read", "-o"}, "-o"}, BadLine{{"load", "a.hex", "--save"}, "--save"}));
 
 }  // namespace
 }  // namespace quillon::cli

@@ -85,6 +85,7 @@ struct FilesBench {
                             (message.extra.empty() ? "" : "|" + message.extra));
         });
         dialogs.power_questions.clear();
+        form.HexFileCheck.Checked.set(true);
     }
 
     // Opens a file of that content as if chosen in the dialog.

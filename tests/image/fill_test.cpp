@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <string>
 
 #include "image/image_support.h"
 
@@ -97,11 +98,14 @@ TEST(FillProgramZeros, clears_every_byte_but_the_parity_bits_of_EPROM2) {
         const bool parity = std::string_view{type} == "EPROM2";
         EXPECT_EQ(bytes_of(session->PgmMem, 0, 4), parity ? "80008000AA" : "00000000AA") << type;
     }
-    for (const auto* type : {"10F2", "18F_01"}) {
-        auto session = device(type, "PIC", 2);
-        FillProgramOnes(*session);
-        FillProgramZeros(*session);
-        EXPECT_EQ(bytes_of(session->PgmMem, 0, 3), "00000000") << type;
+    for (const auto& group : {std::span<const char* const>{k12bit}, {kPic18}}) {
+        for (const auto* type : group) {
+            auto session = device(type, "PIC", 2);
+            session->PgmMem[4] = 0xAA;
+            FillProgramOnes(*session);
+            FillProgramZeros(*session);
+            EXPECT_EQ(bytes_of(session->PgmMem, 0, 4), "00000000AA") << type;
+        }
     }
 }
 
@@ -123,30 +127,60 @@ TEST(FillEepromOnes, fills_cells_of_the_types_that_have_them) {
 }
 
 TEST(FillEepromOnes, fills_two_bytes_a_cell_of_a_PIC18_and_sets_its_used_size_back) {
-    auto session = device("18F_00", "PIC18F2550", 16384, 2);
-    session->EepBytesCat = 1;
-    FillEepromOnes(*session);
-    EXPECT_EQ(bytes_of(session->EepMem, 0, 4), "FFFFFFFF00");
-    EXPECT_EQ(session->EepBytesCat, 2);
-    session->EepBytesCat = 1;
-    FillEepromZeros(*session);
-    EXPECT_EQ(bytes_of(session->EepMem, 0, 3), "00000000");
-    EXPECT_EQ(session->EepBytesCat, 2);
+    for (const auto* type : kPic18) {
+        auto session = device(type, "PIC18", 16384, 2);
+        session->EepBytesCat = 1;
+        FillEepromOnes(*session);
+        EXPECT_EQ(bytes_of(session->EepMem, 0, 4), "FFFFFFFF00") << type;
+        EXPECT_EQ(session->EepBytesCat, 2) << type;
+        session->EepBytesCat = 1;
+        FillEepromZeros(*session);
+        EXPECT_EQ(bytes_of(session->EepMem, 0, 3), "00000000") << type;
+        EXPECT_EQ(session->EepBytesCat, 2) << type;
+    }
+}
+
+TEST(FillEeprom, leaves_the_used_sizes_of_all_types_but_PIC18) {
+    for (const auto& group : {std::span<const char* const>{k12bit}, {k14bit}}) {
+        for (const auto* type : group) {
+            auto session = device(type, "PIC", 8, 2);
+            session->PgmWordsCat = 5;
+            session->EepBytesCat = 1;
+            for (const auto fill :
+                 {FillProgramOnes, FillProgramZeros, FillEepromOnes, FillEepromZeros})
+                fill(*session);
+            EXPECT_EQ(session->PgmWordsCat, 5) << type;
+            EXPECT_EQ(session->EepBytesCat, 1) << type;
+        }
+    }
 }
 
 TEST(FillIdOnes, covers_sixteen_bytes_of_12_bit_parts_and_thirty_four_of_14_bit_ones) {
-    auto narrow = device("10F2", "PIC10F200", 256);
-    narrow->CfgIdMem.fill(0x55);
-    FillIdOnes(*narrow);
-    EXPECT_EQ(bytes_of(narrow->CfgIdMem, 0, 17), "0FFF0FFF0FFF0FFF0FFF0FFF0FFF0FFF5555");
-    FillIdZeros(*narrow);
-    EXPECT_EQ(bytes_of(narrow->CfgIdMem, 14, 17), "00005555");
-
-    auto wide = device("FLASH8", "PIC16F877A", 8192);
-    wide->CfgIdMem.fill(0x55);
-    FillIdOnes(*wide);
-    EXPECT_EQ(bytes_of(wide->CfgIdMem, 0, 1), "3FFF");
-    EXPECT_EQ(bytes_of(wide->CfgIdMem, 32, 35), "3FFF5555");
+    for (const auto* type : k12bit) {
+        auto session = device(type, "PIC", 256);
+        session->CfgIdMem.fill(0x55);
+        session->ConfigWord.fill(0x1234);
+        FillIdOnes(*session);
+        EXPECT_EQ(bytes_of(session->CfgIdMem, 0, 17), "0FFF0FFF0FFF0FFF0FFF0FFF0FFF0FFF5555")
+            << type;
+        FillIdZeros(*session);
+        EXPECT_EQ(bytes_of(session->CfgIdMem, 0, 17), "000000000000000000000000000000005555")
+            << type;
+        EXPECT_EQ(session->ConfigWord[1], 0x1234U) << type;
+    }
+    for (const auto* type : k14bit) {
+        if (std::string_view{type} == "EPROM2") continue;  // its parity has a test of its own
+        auto session = device(type, "PIC", 8192);
+        session->CfgIdMem.fill(0x55);
+        session->ConfigWord.fill(0x1234);
+        FillIdOnes(*session);
+        std::string ones;
+        for (int word = 0; word < 17; ++word) ones += "3FFF";
+        EXPECT_EQ(bytes_of(session->CfgIdMem, 0, 35), ones + "5555") << type;
+        FillIdZeros(*session);
+        EXPECT_EQ(bytes_of(session->CfgIdMem, 0, 35), std::string(64, '0') + "3FFF5555") << type;
+        EXPECT_EQ(session->ConfigWord[1], 0x1234U) << type;
+    }
 }
 
 TEST(FillIdZeros, ends_one_word_before_the_fill_with_ones) {
@@ -245,6 +279,19 @@ TEST(ProgramCheckSum, adds_words_modulo_10000_in_four_digits) {
     EXPECT_EQ(ProgramCheckSum(*session), "000A");
     session->PgmMem[16384] = 0xFF;  // behind the device
     EXPECT_EQ(ProgramCheckSum(*session), "000A");
+}
+
+TEST(ProgramCheckSum, of_a_blank_14_bit_image_is_3FFF_times_its_words) {
+    for (const std::uint32_t words : {0U, 1U, 4U, 1024U, 2048U, 3072U, 8192U}) {
+        auto session = device("FLASH4", "PIC", static_cast<std::int32_t>(words), 8);
+        FillProgramOnes(*session);
+        EXPECT_EQ(ProgramCheckSum(*session), hex(0x3FFFU * words & 0xFFFFU, 4)) << words;
+        // Neither EEPROM nor configuration enters it.
+        session->EepMem.fill(0x12);
+        session->CfgIdMem.fill(0x34);
+        session->ConfigWord.fill(0x56);
+        EXPECT_EQ(ProgramCheckSum(*session), hex(0x3FFFU * words & 0xFFFFU, 4)) << words;
+    }
 }
 
 TEST(ProgramCheckSum, reads_PIC18_pairs_in_the_same_order_as_all_others) {

@@ -171,7 +171,8 @@ TEST(mnuFileOpen_Click, fails_for_a_truncated_file_and_one_with_bad_digits) {
     FilesBench bench;
     for (const auto& text : {kWord + ":10000200FF", kWord + ":04000200FG00FFFF00\n"}) {
         EXPECT_EQ(bench.open(text), Token::NG);
-        EXPECT_EQ(bench.shown.back(),
+        ASSERT_EQ(bench.shown.size(), 4U);
+        EXPECT_EQ(bench.shown[2],
                   "ファイルをロードできませんでした。"
                   "|ＰＩＣ１８用のファイルをロードしようとした可能性があります。");
         EXPECT_EQ(bench.session.LoadResult, "NG");
@@ -186,7 +187,9 @@ TEST(mnuFileOpen_Click, fails_for_a_PIC18_file_on_a_14_bit_device) {
     EXPECT_EQ(bench.open(upper_address(0) + data(0, {1, 2}) + data(0x4400, {1, 2})), Token::NG);
     EXPECT_EQ(bench.form.LabelCmt.Caption.get(),
               "ファイルをロードできませんでした。 "
-              "ＰＩＣ１８用のファイルをロードしようとした可能性があります。");
+              "ＰＩＣ１８用のファイルをロードしようとした可能性があります。\r\n"
+              "ファイル検査：デバイスの範囲外のデータが1バイト（最初は3行目）、"
+              "終了レコードがありません（途中で切れたファイルの可能性があります） ");
 }
 
 TEST(mnuFileOpen_Click, takes_an_empty_file_as_a_blank_image) {
@@ -216,6 +219,12 @@ TEST(mnuFileOpen_Click, selects_a_PIC18_before_it_chooses_the_loader) {
     EXPECT_EQ(bench.session.IdText, "FFFFFFFF");
 }
 
+TEST(mnuFileOpen_Click, takes_a_name_with_blanks_behind_it) {
+    FilesBench bench;
+    bench.open(";PIC16F84A  \r\n" + kWord);
+    EXPECT_EQ(bench.session.DeviceName, "PIC16F84A");
+}
+
 TEST(mnuFileOpen_Click, takes_the_last_of_several_names) {
     FilesBench bench;
     bench.open("x;PIC16F877A\n" + kWord + " code ;PIC18F2550, ;PIC16F84A\n; end\n");
@@ -223,7 +232,7 @@ TEST(mnuFileOpen_Click, takes_the_last_of_several_names) {
 }
 
 TEST(mnuFileOpen_Click, keeps_its_device_for_a_name_that_the_list_does_not_hold) {
-    for (const auto* name : {"PIC99F1", "PIC16F84", "PIC16F84A ", "PIC16F84A with words"}) {
+    for (const auto* name : {"PIC99F1", "PIC16F84", "PIC16F84A\t", "PIC16F84A with words"}) {
         FilesBench bench;
         EXPECT_EQ(bench.open(std::string{";"} + name + "\n" + kWord), Token::OK);
         EXPECT_EQ(bench.session.DeviceName, "PIC16F877A");

@@ -30,8 +30,21 @@ TEST(HexItems, end_at_a_comma_so_that_a_comment_with_one_counts_twice) {
     EXPECT_EQ(items_of(";one, two\n:00"), (Items{";one", "two", ":00"}));
 }
 
-TEST(HexItems, lose_leading_blanks_and_keep_the_trailing_ones) {
-    EXPECT_EQ(items_of("  \t:00  \n, :01"), (Items{":00  ", "", ":01"}));
+TEST(HexItems, lose_leading_blanks_and_TABs_and_trailing_blanks) {
+    EXPECT_EQ(items_of("  \t:00  \n, :01 , a b \t"), (Items{":00", "", ":01", "a b \t"}));
+    EXPECT_EQ(items_of("\" a \""), Items{" a "});
+}
+
+TEST(HexItems, take_a_final_end_of_file_sign_as_text) {
+    EXPECT_EQ(items_of("a\r\n\x1A"), (Items{"a", "\x1A"}));
+}
+
+TEST(HexItems, know_their_line) {
+    HexItems items{"a, b\r\n\"c\nd\"\re,\n\nf"};
+    EXPECT_EQ(items.line(), 0U);
+    std::vector<std::size_t> lines;
+    while (items.next()) lines.push_back(items.line());
+    EXPECT_EQ(lines, (std::vector<std::size_t>{1, 1, 2, 3, 4, 4, 5, 6}));
 }
 
 TEST(HexItems, count_empty_lines_but_not_the_end_of_the_text) {

@@ -59,6 +59,29 @@ TEST(HexLoader, names_the_items_that_it_skipped) {
     }
 }
 
+TEST(HexLoader, tells_the_file_checks_findings_last_and_only_where_they_are_wanted) {
+    const auto text = "; head\n" + data(0, {1, 2}) + ":020002000102F8\n" + test::kEndRecord;
+    for (const auto* device : {"PIC16F877A", "PIC18F2550"}) {
+        Bench bench{device};
+        bench.load(text);
+        ASSERT_EQ(bench.shown.size(), 3U);
+        EXPECT_EQ(bench.shown[1], "1行目はＨＥＸデータでないので読み飛ばしました。");
+        EXPECT_EQ(bench.shown[2],
+                  "red ファイル検査：チェックサムの合わないレコードが1件（最初は3行目）");
+        bench.form.HexFileCheck.Checked.set(false);
+        bench.load(text);
+        EXPECT_EQ(bench.shown.size(), 2U);
+        EXPECT_EQ(bench.session.LoadResult, "OK");
+    }
+}
+
+TEST(HexLoader, tells_the_findings_of_a_file_that_does_not_load_too) {
+    Bench bench;
+    bench.load(data(0x5000, {1, 2}));
+    ASSERT_EQ(bench.shown.size(), 3U);
+    EXPECT_TRUE(bench.shown[2].starts_with("red ファイル検査：デバイスの範囲外のデータが1バイト"));
+}
+
 TEST(HexLoader, warns_of_a_file_that_may_have_been_cut_off) {
     Bench bench;
     bench.load(data(0, {0x34, 0x12}));
@@ -66,7 +89,7 @@ TEST(HexLoader, warns_of_a_file_that_may_have_been_cut_off) {
         bench.shown,
         (Shown{
             "ファイルロード中..........", "ファイルロード完了",
-            "red ファイルに終了レコードがありません。途中で切れたファイルの可能性があります。"}));
+            "red ファイル検査：終了レコードがありません（途中で切れたファイルの可能性があります）"}));
     EXPECT_EQ(bench.form.LabelCmt.ForeColor.get(), Colour::Red);
     EXPECT_EQ(bench.session.LoadResult, "OK");
     EXPECT_EQ(bench.session.PgmMem[0], 0x12);
@@ -74,6 +97,7 @@ TEST(HexLoader, warns_of_a_file_that_may_have_been_cut_off) {
 
 TEST(HexLoader, tells_a_fault_of_a_word_image_in_two_texts) {
     Bench bench;
+    bench.form.HexFileCheck.Checked.set(false);
     bench.load(data(0, {0x34, 0x12}) + data(0x5000, {1, 2}));
     EXPECT_EQ(bench.shown,
               (Shown{"ファイルロード中..........",
@@ -85,6 +109,7 @@ TEST(HexLoader, tells_a_fault_of_a_word_image_in_two_texts) {
 
 TEST(HexLoader, tells_a_fault_of_a_PIC18_file_in_one) {
     Bench bench{"PIC18F2550"};
+    bench.form.HexFileCheck.Checked.set(false);
     bench.load(data(0, {0x34, 0x12}) + ":zz\n");
     EXPECT_EQ(bench.shown,
               (Shown{"ファイルロード中..........", "ファイルをロードできませんでした。"}));

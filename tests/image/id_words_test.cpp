@@ -69,11 +69,11 @@ TEST(IdRecord, keeps_the_case_of_its_digits_in_the_text) {
               "aBcF 000A000B000C000F");
 }
 
-TEST(IdRecord, takes_the_ID_alone_from_a_record_that_runs_on) {
+TEST(IdRecord, that_runs_on_keeps_its_rule_for_the_ID_words) {
     auto session = device("FLASH8", "PIC16F877A", 8192);
     const auto load = load_word_image(data(0x4000, test::Bytes(16, 0x11)), "", *session);
-    EXPECT_TRUE(load.ok && !load.has_config);
-    EXPECT_EQ(bytes_of(session->CfgIdMem, 0, 15), "00010001000100010000000000000000");
+    EXPECT_TRUE(load.ok && load.has_config);
+    EXPECT_EQ(bytes_of(session->CfgIdMem, 0, 15), "00010001000100011111111111111111");
 }
 
 TEST(IdRecord, of_three_words_takes_a_digit_of_its_check_sum_for_the_fourth) {

@@ -165,10 +165,24 @@ TEST(Pic18Loader, counts_no_byte_that_is_blank) {
     EXPECT_EQ(session->PgmWordsCat, 16);  // one buffer, for a file with nothing
 }
 
-TEST(Pic18Loader, takes_the_used_program_from_the_last_record_that_has_any) {
+TEST(Pic18Loader, takes_the_highest_byte_that_is_not_blank_whatever_the_order_of_the_records) {
     auto session = pic18();
-    ASSERT_TRUE(load_pic18(data(0x1000, {1, 2}) + data(0, {1, 2}), *session).ok);
-    EXPECT_EQ(session->PgmWordsCat, 16);
+    const auto text = data(0x1000, {1, 2}) + data(0, {1, 2}) + upper_address(0xF0) +
+                      data(0x10, {1, 2}) + data(0, {1, 2});
+    ASSERT_TRUE(load_pic18(text, *session).ok);
+    EXPECT_EQ(session->PgmWordsCat, 2064);
+    EXPECT_EQ(session->EepBytesCat, 0x12);
+}
+
+TEST(Pic18Loader, leaves_an_ID_or_EEPROM_pair_whose_second_byte_is_bad_as_it_was) {
+    for (const unsigned upper : {0x20U, 0xF0U}) {
+        auto session = pic18();
+        EXPECT_FALSE(load_pic18(upper_address(upper) + ":040000000102031G\n", *session).ok);
+        if (upper == 0x20)
+            EXPECT_EQ(bytes_of(session->IdBytes18, 0, 3), "0102FFFF");
+        else
+            EXPECT_EQ(bytes_of(session->EepMem, 0, 3), "0102FFFF");
+    }
 }
 
 TEST(Pic18Loader, ends_the_used_sizes_at_the_devices_own) {

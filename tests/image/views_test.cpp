@@ -110,6 +110,55 @@ TEST(ShowProgramMemory, shows_the_parity_bits_of_each_word_when_asked) {
               "000000: ---0 ---1 ---3 ---2 ---2 ---2 ---2 ---2 " + dots(16));
 }
 
+TEST(ShowProgramMemory, shows_every_word_of_a_blank_image_as_its_type_erases_it) {
+    struct Row {
+        const char* type;
+        const char* word;
+    };
+    for (const auto& [type, word] : {
+             Row{"12C5", "0FFF"},   Row{"10F2", "0FFF"},   Row{"5F18", "0FFF"},
+             Row{"5F28", "0FFF"},   Row{"5X18", "0FFF"},   Row{"5X28", "0FFF"},
+             Row{"12F6", "3FFF"},   Row{"12C6", "3FFF"},   Row{"EPROM", "3FFF"},
+             Row{"EPROM2", "7FFF"}, Row{"FLASH0", "3FFF"}, Row{"FLASH1", "3FFF"},
+             Row{"FLASH2", "3FFF"}, Row{"FLASH4", "3FFF"}, Row{"FLASH4.9", "3FFF"},
+             Row{"FLASH8", "3FFF"}, Row{"LDR412", "3FFF"}, Row{"LDR412A", "3FFF"},
+             Row{"18F_00", "FFFF"}, Row{"18F_01", "FFFF"}, Row{"18C_00", "FFFF"},
+             Row{"18C_01", "FFFF"},
+         }) {
+        Bench bench{device(type, "PIC", 16)};
+        FillProgramOnes(*bench.session);
+        bench.views.ShowProgramMemory();
+        std::string words;
+        for (int i = 0; i < 8; ++i) words += std::string{word} + " ";
+        ASSERT_EQ(bench.program_lines().size(), 2U) << type;
+        for (const auto& line : bench.program_lines())
+            EXPECT_EQ(line.substr(8), words + dots(16)) << type;
+        EXPECT_EQ(bench.folder.read("pgmmemory_temp.txt"), bench.form.RichTxtPgmMem.Text.get());
+    }
+}
+
+TEST(ShowProgramMemory, of_a_zeroed_EPROM2_shows_the_odd_parity_bit_alone) {
+    Bench bench{device("EPROM2", "PIC16C710", 8)};
+    FillProgramZeros(*bench.session);
+    bench.views.ShowProgramMemory();
+    EXPECT_EQ(bench.program_lines().at(0),
+              "000000: 8000 8000 8000 8000 8000 8000 8000 8000 " + dots(16));
+    bench.form.Check_Parity_Disp.Checked.set(true);
+    bench.views.ShowProgramMemory();
+    EXPECT_EQ(bench.program_lines().at(0),
+              "000000: ---2 ---2 ---2 ---2 ---2 ---2 ---2 ---2 " + dots(16));
+    EXPECT_EQ(bench.folder.read("pgmmemory_temp.txt"), bench.form.RichTxtPgmMem.Text.get());
+}
+
+TEST(ShowProgramMemory, of_parity_keeps_the_character_column_of_the_words) {
+    Bench bench{device("EPROM2", "PIC16C710", 8)};
+    bench.form.Check_Parity_Disp.Checked.set(true);
+    bench.session->PgmMem[1] = 'A';
+    bench.views.ShowProgramMemory();
+    EXPECT_EQ(bench.program_lines().at(0),
+              "000000: ---0 ---0 ---0 ---0 ---0 ---0 ---0 ---0 ･A" + dots(14));
+}
+
 TEST(ShowProgramMemory, writes_its_display_file_as_it_shows_it) {
     Bench bench{device("FLASH8", "PIC16F877A", 8192)};
     FillProgramOnes(*bench.session);

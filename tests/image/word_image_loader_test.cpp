@@ -220,6 +220,51 @@ TEST(WordImageLoader, keeps_the_words_of_a_record_before_its_bad_digit) {
     EXPECT_EQ(bytes_of(session->PgmMem, 0, 3), "12343FFF");
 }
 
+TEST(WordImageLoader, takes_the_words_behind_the_ID_words_of_a_longer_record) {
+    auto session = flash();
+    Bytes dump(20, 0x00);
+    dump[0] = 0x05;
+    dump[14] = 0x3A;
+    dump[15] = 0xFF;
+    dump[16] = 0x21;
+    const auto result = load(*session, data(0x4000, dump));
+    ASSERT_TRUE(result.ok && result.has_config);
+    EXPECT_EQ(bytes_of(session->CfgIdMem, 0, 7), "0005000000000000");
+    EXPECT_EQ(session->ConfigWord[1], 0x3F3AU);
+    EXPECT_EQ(session->ConfigWord[2], 0x0021U);
+    EXPECT_EQ(session->IdText, "5000");
+}
+
+TEST(WordImageLoader, places_an_enhanced_part_by_full_address_where_it_is_asked_to) {
+    auto session = device("FLASH8", "PIC16F1938", 16384, 256);
+    FillProgramOnes(*session);
+    FillEepromOnes(*session);
+    FillIdOnes(*session);
+    const auto text = data(0, {0x34, 0x12}) + data(0x4000, {0x78, 0x16}) +
+                      data(0x7FFE, {0xBC, 0x2A, 0x11, 0x11}) + data(0x8000, {0x22, 0x22}) +
+                      upper_address(1) + data(0, {1, 0, 2, 0, 3, 0, 4, 0}) +
+                      data(0x000E, {0xA4, 0x0F, 0xFF, 0x1E}) + data(0xE000, {0x5A, 0x00}) +
+                      data(0xE800, {1, 2}) + upper_address(2) + data(0, {9, 9});
+    const auto result = load_word_image(text, session->DeviceName, *session, HexAddresses::Full);
+    ASSERT_TRUE(result.ok && result.has_config);
+    EXPECT_EQ(bytes_of(session->PgmMem, 0, 1), "1234");
+    EXPECT_EQ(bytes_of(session->PgmMem, 0x4000, 0x4001), "1678");
+    EXPECT_EQ(bytes_of(session->PgmMem, 0x7FFE, 0x8001), "2ABC0000");
+    EXPECT_EQ(bytes_of(session->CfgIdMem, 0, 7), "0001000200030004");
+    EXPECT_EQ(session->IdText, "1234");
+    EXPECT_EQ(session->ConfigWord[1], 0x0FA4U);
+    EXPECT_EQ(session->ConfigWord[2], 0x1EFFU);
+    EXPECT_EQ(bytes_of(session->EepMem, 0, 3), "3F5A3FFF");
+}
+
+TEST(WordImageLoader, folds_an_enhanced_part_unless_it_is_asked) {
+    auto session = device("FLASH8", "PIC16F1938", 16384, 256);
+    FillProgramOnes(*session);
+    EXPECT_TRUE(load(*session, upper_address(1) + data(0x000E, {0xA4, 0x0F})).ok);
+    EXPECT_EQ(bytes_of(session->PgmMem, 0x0E, 0x0F), "0FA4");
+    EXPECT_FALSE(load(*session, data(0x5000, {1, 2})).ok);
+}
+
 TEST(WordImageLoader, applies_the_catalogues_masks_to_word_1) {
     auto session = flash();
     session->ConfigMask[1] = 0x0FF0;

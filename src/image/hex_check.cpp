@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+// One pass over the records: sums, places, and a shadow of what was written where.
+#include "image/hex_check.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "image/fill.h"
+#include "image/hex_check_texts.h"
+#include "image/hex_items.h"
+#include "image/id_words.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr unsigned kConfig12bit = 0x1FFE;
+constexpr unsigned kBehindFirst64K = 2;
+// Four ID words, and the words behind them up to the last that a saved file holds.
+constexpr std::ptrdiff_t kCfgIdBytes = 32;
+constexpr std::ptrdiff_t kId18Bytes = 8;
+constexpr std::ptrdiff_t kConfig18Bytes = 2 * kConfigWords;
+
+// The bytes written to one area; a place of -1 was not.
+class Shadow {
+  public:
+    // False where another value stands there already.
+    bool put(std::size_t index, std::uint8_t byte) {
+        if (index >= bytes_.size())
+            bytes_.resize(std::max(index + 1, 2 * bytes_.size()), kUnwritten);
+        const auto before = bytes_[index];
+        bytes_[index] = byte;
+        return before == kUnwritten || before == byte;
+    }
+
+  private:
+    static constexpr std::int16_t kUnwritten = -1;
+    std::vector<std::int16_t> bytes_;
+};
+
+class Checker {
+  public:
+    Checker(const DeviceRecord& device, HexAddresses addresses)
+        : device_{device},
+          pic18_{is_pic18_flash(device.PgmType)},
+          full_{!pic18_ && addresses == HexAddresses::Full},
+          may_fold_{!pic18_ && !full_ && has_full_addresses(device.DeviceName)} {}
+
+    void take(std::string_view item, std::size_t line);
+    HexCheck result() const;
+
+  private:
+    void take_data(const HexRecord& record, std::size_t line);
+    HexPlace place_of(const HexRecord& record) const;
+    bool is_folded(const HexRecord& record) const;
+    bool is_outside(const HexRecord& record, HexPlace place) const;
+    bool is_own_word_12bit(const HexRecord& record) const;
+    std::ptrdiff_t program_bytes() const { return std::ptrdiff_t{2} * device_.PgmWords; }
+
+    const DeviceRecord& device_;
+    const bool pic18_;
+    const bool full_;
+    const bool may_fold_;  // the part's own addresses lie above 64 K, but aren't asked for
+    std::uint32_t upper_ = 0;
+    bool records_ = false;
+    bool ended_ = false;
+    std::array<Shadow, 8> written_;  // by HexArea
+    HexCheck check_;
+};
+
+// All bytes of a record, its check sum included, sum up to 0.
+bool sum_is_right(std::string_view item) {
+    const auto count = hex_byte_at(item, 2);
+    if (!count) return false;
+    unsigned sum = 0;
+    for (std::size_t at = 2; at <= kHexData + std::size_t{2} * *count; at += 2) {
+        const auto byte = hex_byte_at(item, at);
+        if (!byte) return false;
+        sum += *byte;
+    }
+    return sum % 0x100 == 0;
+}
+
+void Checker::take(std::string_view item, std::size_t line) {
+    if (!item.starts_with(':')) return;
+    records_ = true;
+    if (!sum_is_right(item)) check_.bad_sums.add(line);
+    if (is_extended_address(item)) {
+        upper_ = extended_address(item).value_or(upper_);
+        return;
+    }
+    const auto record = HexRecord::parse(item);
+    if (!record) return;
+    ended_ = ended_ || record->is_end();
+    if (record->is_data()) take_data(*record, line);
+}
+
+void Checker::take_data(const HexRecord& record, std::size_t line) {
+    if (is_folded(record)) check_.folded.add(line);
+    auto [area, index] = place_of(record);
+    if (area == HexArea::IdRecord) area = HexArea::CfgId;
+    const bool cells = area == HexArea::Eeprom && !pic18_;
+    for (std::size_t at = 0; 2 * at < record.data_characters(); ++at, ++index) {
+        const auto byte = record.byte(kHexData + 2 * at);
+        if (!byte) return;
+        if (cells && at % 2 != 0) continue;  // the upper half of a cell stands for nothing
+        if (is_outside(record, {area, index})) check_.outside.add(line);
+        if (area == HexArea::None || index < 0) continue;
+        if (!written_[static_cast<std::size_t>(area)].put(static_cast<std::size_t>(index), *byte))
+            check_.contradicting.add(line);
+    }
+}
+
+HexPlace Checker::place_of(const HexRecord& record) const {
+    if (pic18_) return pic18_place(upper_, record.address());
+    if (full_) return full_address_place(upper_ << 16 | record.address());
+    return word_image_place(record.address());
+}
+
+// Above 64 K, or program that the zones of the smaller parts take for something else.
+bool Checker::is_folded(const HexRecord& record) const {
+    if (!may_fold_) return false;
+    const auto place = word_image_place(record.address());
+    return upper_ != 0 ||
+           (place.area != HexArea::Program && std::ptrdiff_t{record.address()} < program_bytes());
+}
+
+// `place` is one byte's.
+bool Checker::is_outside(const HexRecord& record, HexPlace place) const {
+    const std::ptrdiff_t cell = pic18_ ? 1 : 2;
+    if (pic18_ && place.area == HexArea::Program && upper_ >= kBehindFirst64K) return true;
+    if (!pic18_ && !full_ && upper_ != 0) return !may_fold_;
+    switch (place.area) {
+        case HexArea::Program:
+            return place.index >= program_bytes() && !is_own_word_12bit(record);
+        case HexArea::Eeprom:
+            return place.index < 0 || place.index >= cell * device_.EepBytes;
+        case HexArea::CfgId:
+            return place.index >= kCfgIdBytes;
+        case HexArea::Id18:
+            return place.index >= kId18Bytes;
+        case HexArea::Config18:
+            return place.index >= kConfig18Bytes;
+        case HexArea::FuseBlock:
+            return false;
+        case HexArea::None:
+        case HexArea::IdRecord:
+            break;
+    }
+    return true;
+}
+
+// ID and configuration of the 12-bit parts stand in the program's address space.
+bool Checker::is_own_word_12bit(const HexRecord& record) const {
+    return is_12bit(device_.PgmType) &&
+           (record.address() == kConfig12bit || is_own_id_address(device_, record.address()));
+}
+
+HexCheck Checker::result() const {
+    auto check = check_;
+    check.no_end = records_ && !ended_;
+    return check;
+}
+
+}  // namespace
+
+HexCheck check_hex(std::string_view text, const DeviceRecord& device, HexAddresses addresses) {
+    Checker checker{device, addresses};
+    HexItems items{text};
+    while (const auto item = items.next()) checker.take(*item, items.line());
+    return checker.result();
+}
+
+std::string describe(const HexCheck& check) {
+    std::vector<std::string> parts;
+    const auto tell = [&parts](const Findings& found, std::string_view form) {
+        if (found.count != 0)
+            parts.push_back(fmt::format(fmt::runtime(form), found.count, found.first_line));
+    };
+    tell(check.bad_sums, hex_check_text::kBadSums);
+    tell(check.outside, hex_check_text::kOutside);
+    tell(check.contradicting, hex_check_text::kContradicting);
+    tell(check.folded, hex_check_text::kFolded);
+    if (check.no_end) parts.emplace_back(hex_check_text::kNoEnd);
+    if (parts.empty()) return {};
+    return fmt::format("{}{}", hex_check_text::kHead, fmt::join(parts, hex_check_text::kJoin));
+}
+
+}  // namespace quillon

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// The file check: what a careful user wants to know of a HEX file and the loaders don't judge.
+//
+// It reads the text on its own and changes nothing: a file loads the same with and without it.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "app/session.h"
+#include "image/hex_zones.h"
+
+namespace quillon {
+
+// How many, and the line of the first, from 1.
+struct Findings {
+    std::size_t count = 0;
+    std::size_t first_line = 0;
+
+    void add(std::size_t line) {
+        if (count++ == 0) first_line = line;
+    }
+};
+
+struct HexCheck {
+    Findings bad_sums;       // records whose check sum is wrong or missing
+    Findings outside;        // data bytes that have no place in the device
+    Findings contradicting;  // data bytes written once more, with another value
+    Findings folded;         // records of a full address that was folded onto a low one
+    bool no_end = false;     // records, but no end record: it may have been cut off on its way
+};
+
+// Judges the text as the loader of the selected device places it.
+HexCheck check_hex(std::string_view text, const DeviceRecord& device, HexAddresses addresses);
+
+// The findings in one line for the message area; empty where there are none.
+std::string describe(const HexCheck& check);
+
+}  // namespace quillon

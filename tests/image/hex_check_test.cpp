@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// The file check: what it finds, what it lets pass, and that it names the first line.
+#include "image/hex_check.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "image/hex_writer.h"
+#include "image/image_support.h"
+
+namespace quillon {
+
+using test::Bytes;
+using test::data;
+using test::device;
+using test::kEndRecord;
+using test::upper_address;
+
+namespace {
+
+HexCheck check(const Session& session, const std::string& text,
+               HexAddresses addresses = HexAddresses::Folded) {
+    return check_hex(text, session, addresses);
+}
+
+bool same(const Findings& found, std::size_t count, std::size_t first_line) {
+    return found.count == count && found.first_line == first_line;
+}
+
+const auto kFlash = device("FLASH8", "PIC16F877A", 8192, 256);
+const auto kSmall = device("FLASH1", "PIC16F84A", 1024, 64);
+const auto kBaseline = device("10F2", "PIC10F200", 256);
+const auto kPic18 = device("18F_00", "PIC18F2550", 16384, 256);
+const auto kEnhanced = device("FLASH8", "PIC16F1938", 16384, 256);
+
+}  // namespace
+
+TEST(check_hex, finds_nothing_in_a_sound_file) {
+    const auto text = upper_address(0) + data(0, {1, 2, 3, 4}) + data(0x400E, {1, 2}) +
+                      data(0x4200, {1, 0}) + data(0x8000, {1, 0}) + kEndRecord;
+    EXPECT_EQ(describe(check(*kFlash, text)), "");
+    EXPECT_EQ(describe(check(*kFlash, "")), "");
+    EXPECT_EQ(describe(check(*kFlash, "; a comment\r\n")), "");
+}
+
+TEST(check_hex, counts_records_with_a_wrong_or_missing_check_sum) {
+    const auto found =
+        check(*kFlash, "; head\r\n" + data(0, {1, 2}) + ":020002000102F8\r\n" +
+                           ":02000400010\r\n:0200060001\r\n:020000040000FB\r\n" + kEndRecord)
+            .bad_sums;
+    EXPECT_TRUE(same(found, 4, 3)) << found.count << " " << found.first_line;
+}
+
+TEST(check_hex, numbers_lines_and_not_items) {
+    const auto text = "; one, two, three\r\n\r\n; \"\r\n:020002000102F8\r\n" + kEndRecord;
+    EXPECT_EQ(check(*kFlash, text).bad_sums.first_line, 4U);
+    EXPECT_EQ(check(*kFlash, ";\n;\r;\r\n:020002000102F8").bad_sums.first_line, 4U);
+}
+
+TEST(check_hex, counts_bytes_outside_the_device) {
+    struct Case {
+        const Session* session;
+        std::string text;
+        std::size_t bytes;
+    };
+    const Case cases[] = {
+        {kSmall.get(), data(0x07FC, {1, 2, 3, 4, 5, 6}), 2},
+        {kSmall.get(), data(0x4200 + 0x7E, {1, 0, 2, 0}), 1},
+        {kSmall.get(), data(0x8000 + 0x80, {1, 0}), 1},
+        {kSmall.get(), data(0x8200, {1, 2}), 2},
+        {kSmall.get(), data(0x5000, {1, 2}), 1},
+        {kSmall.get(), data(0x401E, {1, 2}), 0},
+        {kSmall.get(), data(0x4020, {1, 2}), 2},
+        {kSmall.get(), upper_address(1) + data(0, {1, 2}), 2},
+        {kBaseline.get(), data(0x01FE, {1, 2}), 0},
+        {kBaseline.get(), data(0x0200, {1, 2}), 2},
+        {kBaseline.get(), data(0x0400, {1, 0, 2, 0, 3, 0, 4, 0}), 0},  // its ID words
+        {kBaseline.get(), data(0x1FFE, {1, 0}), 0},                    // its configuration
+        {kPic18.get(), data(0x7FFE, {1, 2, 3, 4}), 2},
+        {kPic18.get(), upper_address(1) + data(0, {1, 2}), 2},
+        {kPic18.get(), upper_address(2) + data(0, {1, 2}), 2},
+        {kPic18.get(), upper_address(0x20) + data(0, Bytes(8, 1)), 0},
+        {kPic18.get(), upper_address(0x20) + data(8, {1, 2}), 2},
+        {kPic18.get(), upper_address(0x30) + data(0, Bytes(14, 1)), 0},
+        {kPic18.get(), upper_address(0x30) + data(14, {1, 2}), 2},
+        {kPic18.get(), upper_address(0xF0) + data(0xFE, {1, 2, 3, 4}), 2},
+        {kPic18.get(), upper_address(0x50) + data(0, {1, 2}), 2},
+    };
+    for (const auto& [session, text, bytes] : cases)
+        EXPECT_EQ(check(*session, text).outside.count, bytes) << text;
+}
+
+TEST(check_hex, counts_bytes_written_again_with_another_value) {
+    const auto again = check(*kFlash, data(0, {1, 2, 3, 4}) + data(2, {3, 5}) + data(0, {9}));
+    EXPECT_TRUE(same(again.contradicting, 2, 2)) << again.contradicting.count;
+    EXPECT_EQ(check(*kFlash, data(0, {1, 2}) + data(0, {1, 2})).contradicting.count, 0U);
+    // Both EEPROM forms stand for the same cells.
+    EXPECT_EQ(check(*kFlash, data(0x4200, {1, 0}) + data(0x8000, {2, 0})).contradicting.count, 1U);
+    // A PIC18's upper 2 falls onto its upper 0.
+    EXPECT_EQ(
+        check(*kPic18, data(0, {1, 2}) + upper_address(2) + data(0, {1, 3})).contradicting.count,
+        1U);
+}
+
+TEST(check_hex, notices_that_the_end_record_is_missing) {
+    EXPECT_TRUE(check(*kFlash, data(0, {1, 2})).no_end);
+    EXPECT_FALSE(check(*kFlash, data(0, {1, 2}) + kEndRecord + data(2, {1, 2})).no_end);
+    EXPECT_FALSE(check(*kFlash, "; nothing\r\n").no_end);
+}
+
+TEST(check_hex, tells_records_that_were_folded_and_the_option_that_places_them) {
+    const auto text = data(0, {1, 2}) + upper_address(1) + data(0x000E, {1, 2}) +
+                      data(0xE000, {1, 0}) + kEndRecord;
+    const auto found = check(*kEnhanced, text);
+    EXPECT_TRUE(same(found.folded, 2, 3)) << found.folded.count;
+    EXPECT_NE(describe(found).find("HexUpperAddress"), std::string::npos);
+    EXPECT_EQ(describe(check(*kEnhanced, text, HexAddresses::Full)), "");
+    EXPECT_EQ(check(*kFlash, text).folded.count, 0U);  // has no such addresses
+}
+
+TEST(check_hex, tells_program_that_the_smaller_parts_zones_take_for_something_else) {
+    for (const unsigned address : {0x4000U, 0x400EU, 0x4200U, 0x7FF0U})
+        EXPECT_EQ(check(*kEnhanced, data(address, {1, 2})).folded.count, 1U) << address;
+    EXPECT_EQ(check(*kEnhanced, data(0x3FF0, {1, 2})).folded.count, 0U);
+    EXPECT_EQ(check(*kEnhanced, data(0x7FF0, {1, 2}), HexAddresses::Full).outside.count, 0U);
+    EXPECT_EQ(check(*kEnhanced, data(0x8000, {1, 2}), HexAddresses::Full).outside.count, 2U);
+}
+
+TEST(check_hex, has_nothing_to_say_of_a_file_that_was_saved) {
+    for (const auto* session : {kFlash.get(), kSmall.get(), kBaseline.get(), kPic18.get()}) {
+        auto own =
+            device(session->PgmType, session->DeviceName, session->PgmWords, session->EepBytes);
+        const auto text = hex_text(*own, own->DeviceName);
+        EXPECT_EQ(describe(check(*own, text)), "") << own->DeviceName;
+    }
+}
+
+TEST(check_hex, survives_records_of_any_kind) {
+    for (const auto* text : {":", ":1", ":10", ":FF000000", ":0200000", ":02000004", ":0200000400",
+                             ":02000004GGGG", ":zz", "::::", ":FFFFFF00FF"})
+        EXPECT_EQ(check(*kFlash, text).bad_sums.count, 1U) << text;
+}
+
+TEST(describe, puts_all_findings_in_one_line) {
+    HexCheck found;
+    found.bad_sums = {3, 12};
+    found.outside = {16, 40};
+    found.contradicting = {2, 41};
+    found.folded = {5, 50};
+    found.no_end = true;
+    EXPECT_EQ(describe(found),
+              "redファイル検査：チェックサムの合わないレコードが3件（最初は12行目）"
+              "、デバイスの範囲外のデータが16バイト（最初は40行目）"
+              "、異なる値で二重に書かれたデータが2バイト（最初は41行目）"
+              "、上位アドレスのレコード5件（最初は50行目）を下位アドレスに折り返しました"
+              "（オプションの HexUpperAddress で本来の位置に置けます）"
+              "、終了レコードがありません（途中で切れたファイルの可能性があります）");
+}
+
+}  // namespace quillon
