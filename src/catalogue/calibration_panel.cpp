@@ -70,10 +70,11 @@ void fill(ComboBox& combo, ComboList list) {
 
 }  // namespace
 
-const CalibrationPanel kPanel16F1939{.family = "16F1939"};
+// The parts of these two hold no calibration that a user could keep or give up.
+const CalibrationPanel kPanel16F1939{.family = "16F1939", .user_decides = false};
+const CalibrationPanel kPanel16F7X7{.family = "16F7X7", .user_decides = false};
 const CalibrationPanel kPanel16F88X{.family = "16F88X", .combos = kCombos88X};
 const CalibrationPanel kPanel16F91X{.family = "16F91X", .combos = kCombos91X};
-const CalibrationPanel kPanel16F7X7{.family = "16F7X7"};
 const CalibrationPanel kPanel16F6XX{
     .family = "16F6XX", .combos = kCombos6XX, .three_bit_por = kThreeBitPor6XX};
 const CalibrationPanel kPanel1XF63X{.family = "1XF63X", .combos = kCombos63X};
@@ -123,11 +124,9 @@ void show_panel(const CalibrationPanel& panel, std::string_view DeviceName, Main
         fill(form.*combo, three_bits && list == TwoBits ? ThreeBits : list);
     for (auto* id : {&form.Text_ID1, &form.Text_ID2, &form.Text_ID3, &form.Text_ID4})
         id->Text.set("3FFF");
-    if (panel.user_decides) {
-        // Checked is the safe state: a part's factory calibration can't be had again.
-        form.Chk_12F_CalibData_Select.Visible.set(true);
-        form.Chk_12F_CalibData_Select.Checked.set(true);
-    }
+    if (panel.user_decides) form.Chk_12F_CalibData_Select.Visible.set(true);
+    // Checked is the safe state: a part's factory calibration can't be had again.
+    form.Chk_12F_CalibData_Select.Checked.set(true);
     lock_calibration(form);
 }
 

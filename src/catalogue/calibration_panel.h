@@ -35,7 +35,7 @@ struct CalibrationPanel {
     std::span<const CalibrationCombo> combos = {};
     // Siblings whose Combo_POR_91X has three bits and not two.
     std::span<const std::string_view> three_bit_por = {};
-    // The chip erase keeps or clears calibration by Chk_12F_CalibData_Select.
+    // The chip erase keeps or clears calibration by Chk_12F_CalibData_Select, which is shown then.
     bool user_decides = true;
 };
 

@@ -78,8 +78,10 @@ bool Catalogue::scan_names(LineReader reader) {
     return true;
 }
 
-// A by-product that nothing reads: where it can't be written, start-up goes on.
+// A by-product that nothing reads: where it can't be written, start-up goes on. Without a work
+// folder it would land wherever the program was started.
 void Catalogue::write_device_list() const {
+    if (session_.TempDir.empty()) return;
     std::ofstream file{session_.TempDir + "Support_PIC_List.txt", std::ios::binary};
     for (const auto& name : form_.Combo_device.Items.get()) file << name << '\n';
 }

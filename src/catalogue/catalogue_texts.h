@@ -58,6 +58,11 @@ inline constexpr std::string_view kPowerQuestion =
 inline constexpr std::string_view kConfigRadix =
     "コンフィギュレーションデータ表示。クリックでの１６ or "
     "２進数表示を切り替えます。変更は左側のデバイス設定で行います。";
-inline constexpr std::string_view kGridHeading = "ｺﾝﾌｨｸﾞ{}";
+
+// The heading row of a word's grid: the columns' titles, each behind the "^" that centres it and
+// cut by "|"
+inline constexpr std::string_view kGridFormat =
+    "^ｺﾝﾌｨｸﾞ"
+    "{}|^FFFF";
 
 }  // namespace quillon::catalogue_text

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 #include "app/text.h"
@@ -44,6 +45,18 @@ class OptionSearch {
     std::size_t at_ = 0;
 };
 
+// Writes the columns' titles into the heading row. A window centres headings by itself, so the "^"
+// that asks for it goes.
+void show_format(Grid& grid, std::string_view format) {
+    for (std::size_t column = 0; column < std::tuple_size_v<Grid::Row>; ++column) {
+        const std::size_t end = format.find('|');
+        std::string_view title = format.substr(0, end);
+        if (title.starts_with('^')) title.remove_prefix(1);
+        grid.set_cell(0, column, std::string{title});
+        format = end == std::string_view::npos ? std::string_view{} : format.substr(end + 1);
+    }
+}
+
 // The first `count` characters of a UTF-8 text.
 std::string first_characters(const std::string& text, std::size_t count) {
     std::size_t end = 0;
@@ -75,8 +88,7 @@ void ConfigModel::ResetConfigGrids() {
         grid.clear();
         grid.CursorRow.set(0);
         grid.CursorColumn.set(0);
-        grid.set_cell(0, 0, fmt::format(catalogue_text::kGridHeading, n));
-        grid.set_cell(0, 1, "FFFF");
+        show_format(grid, fmt::format(catalogue_text::kGridFormat, n));
         grid.set_redraw(true);
     }
 }
@@ -175,15 +187,18 @@ void ConfigModel::show_options(int n) {
     for (std::size_t row = 1; row < grid.rows(); ++row) {
         const std::string name = grid.cell(row, 0);
         if (name.empty()) continue;
-        std::uint32_t mask = 0;
+        // Of the field row in work; the last one's stand where no option matches.
+        std::uint32_t CfgRowMask = 0;
+        std::uint32_t CfgRowValue = 0;
         const FieldOption* const standing = search.find([&](const FieldOption& candidate) {
             if (candidate.name != name) return false;
-            mask = candidate.mask;
-            return (word & candidate.mask) == candidate.value;
+            CfgRowMask = candidate.mask;
+            CfgRowValue = candidate.value;
+            return (word & CfgRowMask) == CfgRowValue;
         });
         if (standing != nullptr)
             grid.set_cell(row, 1, standing->option);
-        else if (name == "CP" && (word & mask) != mask)
+        else if (name == "CP" && (word & CfgRowMask) != CfgRowMask)
             protect_mixed_ = true;
     }
 }

@@ -15,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStringList>
 #include <QTabWidget>
@@ -47,6 +48,15 @@ void paint_ground(QWidget& widget, Colour colour, QPalette::ColorRole back,
     own.setColor(back, wanted.back);
     own.setColor(text, wanted.text);
     widget.setPalette(own);
+}
+
+// Replaces the view's text. What a verify adds under the image is what the user looks for then: the
+// first added line comes to the top.
+void show_view(QPlainTextEdit& view, std::string_view former, std::string_view text) {
+    view.setPlainText(q(text));
+    const bool added = !former.empty() && text.starts_with(former);
+    if (added)
+        view.verticalScrollBar()->setValue(static_cast<int>(std::ranges::count(former, '\n')));
 }
 
 QTableWidgetItem& item_at(QTableWidget& table, int row, int column) {
@@ -103,6 +113,8 @@ void Bindings::bind_common(Control& control, QWidget& widget) {
 void Bindings::bind(Label& control, QLabel& widget) {
     bind_common(control, widget);
     widget.setTextFormat(Qt::PlainText);
+    const int below = overhang(widget.font());
+    widget.setContentsMargins(0, below, 0, below);
     follow(control.Caption, [&widget](const std::string& text) { widget.setText(caption(text)); });
 }
 
@@ -145,7 +157,10 @@ void Bindings::bind(TextBox& control, QLineEdit& widget) {
 void Bindings::bind(RichTextBox& control, QPlainTextEdit& widget) {
     bind_common(control, widget);
     widget.setReadOnly(true);
-    follow(control.Text, [&widget](const std::string& text) { widget.setPlainText(q(text)); });
+    follow(control.Text, [&widget, former = std::string{}](const std::string& text) mutable {
+        show_view(widget, former, text);
+        former = text;
+    });
     follow(control.Redraw, [&widget](bool on) { widget.setUpdatesEnabled(on); });
 }
 
@@ -220,21 +235,30 @@ void Bindings::bind(Grid& control, QTableWidget& widget) {
 
 void Bindings::bind(TabSet& control, QTabWidget& widget) {
     bind_common(control, widget);
-    follow(control.TabVisible,
-           [&control, &widget](const std::array<bool, 10>&) { show_tabs(control, widget); });
-    follow(control.Tab, [&control, &widget](int) { show_tabs(control, widget); });
-    follow(control.Redraw, [&widget](bool on) { widget.setUpdatesEnabled(on); });
+    // A selection hides all tabs and shows the device's again, one by one: each would lay out anew.
+    const auto show = [&control, &widget] {
+        if (control.Redraw.get()) show_tabs(control, widget);
+    };
+    follow(control.TabVisible, [show](const std::array<bool, 10>&) { show(); });
+    follow(control.Tab, [show](int) { show(); });
+    follow(control.Redraw, [show, &widget](bool on) {
+        show();
+        widget.setUpdatesEnabled(on);
+    });
     QObject::connect(&widget, &QTabWidget::currentChanged, &widget,
                      [&control](int tab) { control.Tab.set(tab); });
 }
 
 void Bindings::bind(ProgressBar& control, QProgressBar& widget) {
     bind_common(control, widget);
-    follow(control.Max,
-           [&control, &widget](int most) { widget.setRange(control.Min.get(), most); });
-    follow(control.Min,
-           [&control, &widget](int least) { widget.setRange(least, control.Max.get()); });
-    follow(control.Value, [&widget](int value) { widget.setValue(value); });
+    // The widget forgets a value that a new range leaves out; the control doesn't tell it again.
+    const auto show = [&control, &widget](int) {
+        widget.setRange(control.Min.get(), control.Max.get());
+        widget.setValue(control.Value.get());
+    };
+    follow(control.Max, show);
+    follow(control.Min, show);
+    follow(control.Value, show);
 }
 
 void Bindings::bind(Shape& control, QWidget& widget) { bind_common(control, widget); }

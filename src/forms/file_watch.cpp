@@ -27,6 +27,9 @@ FileWatch::FileWatch(QWidget* parent) : QWidget{parent} {
     reload_ = new QPushButton{q(form_text::kReload), this};
     reload_->setObjectName("reload");
     auto* later = new QPushButton{q(form_text::kLater), this};
+    later->setObjectName("reload_later");
+    reload_->setToolTip(q(form_text::kReloadTip));
+    later->setToolTip(q(form_text::kLaterTip));
     for (auto* button : {reload_, later}) button->setAutoDefault(false);
     auto* row = new QHBoxLayout{this};
     row->setContentsMargins(10, 4, 4, 4);
@@ -49,7 +52,7 @@ FileWatch::FileWatch(QWidget* parent) : QWidget{parent} {
     connect(&quiet_, &QTimer::timeout, this, [this] { look(); });
     connect(&watcher_, &QFileSystemWatcher::fileChanged, this, [this] { quiet_.start(); });
     connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this] { quiet_.start(); });
-    connect(later, &QPushButton::clicked, this, [this] { watch(path_); });
+    connect(later, &QPushButton::clicked, this, &QWidget::hide);
     connect(reload_, &QPushButton::clicked, this, [this] {
         if (on_reload) on_reload();
     });
@@ -63,28 +66,50 @@ void FileWatch::watch(const QString& path) {
     if (!watched.isEmpty()) watcher_.removePaths(watched);
     path_ = path;
     if (path.isEmpty()) return;
-    const QFileInfo file{path};
-    time_ = file.lastModified();
-    size_ = file.size();
-    watcher_.addPath(file.absolutePath());
-    if (file.exists()) watcher_.addPath(path);
+    loaded_ = told_ = state();
+    follow();
+}
+
+void FileWatch::set_busy(bool busy) {
+    busy_ = busy;
+    if (!busy_ && !path_.isEmpty() && !quiet_.isActive()) look();
+}
+
+FileWatch::State FileWatch::state() const {
+    const QFileInfo file{path_};
+    if (!file.exists()) return {};
+    return {.exists = true, .time = file.lastModified(), .size = file.size()};
+}
+
+// Watches what there is: a path drops out when its file or folder goes.
+void FileWatch::follow() {
+    if (QFileInfo::exists(path_) && !watcher_.files().contains(path_)) watcher_.addPath(path_);
+    QString folder = QFileInfo{path_}.absolutePath();
+    while (!QFileInfo::exists(folder)) {
+        const QString above = QFileInfo{folder}.absolutePath();
+        if (above == folder) return;
+        folder = above;
+    }
+    if (!watcher_.directories().contains(folder)) watcher_.addPath(folder);
 }
 
 void FileWatch::look() {
-    const QFileInfo file{path_};
-    if (!file.exists()) return offer(false);
-    if (!watcher_.files().contains(path_)) watcher_.addPath(path_);  // it has been replaced
-    if (file.lastModified() != time_ || file.size() != size_)
-        offer(true);
-    else
+    if (busy_) return;
+    follow();
+    const State now = state();
+    if (now == told_) return;
+    told_ = now;
+    if (now == loaded_)
         hide();
+    else
+        offer(now);
 }
 
-void FileWatch::offer(bool exists) {
+void FileWatch::offer(const State& now) {
     const std::string name = utf8(QFileInfo{path_}.fileName());
-    text_->setText(q(exists ? fmt::format(form_text::kFileChanged, name)
-                            : fmt::format(form_text::kFileGone, name)));
-    reload_->setVisible(exists);
+    text_->setText(q(now.exists ? fmt::format(form_text::kFileChanged, name)
+                                : fmt::format(form_text::kFileGone, name)));
+    reload_->setVisible(now.exists);
     show();
 }
 

@@ -28,8 +28,11 @@ QToolButton* tool(QWidget* parent, std::string_view tip, Qt::ArrowType arrow) {
 
 }  // namespace
 
-FindBar::FindBar(QWidget* parent)
-    : QWidget{parent}, text_{new QLineEdit{this}}, verdict_{new QLabel{this}} {
+FindBar::FindBar(View view, QWidget* parent)
+    : QWidget{parent},
+      view_{std::move(view)},
+      text_{new QLineEdit{this}},
+      verdict_{new QLabel{this}} {
     setObjectName("find_bar");
     text_->setObjectName("find_text");
     text_->setClearButtonEnabled(true);
@@ -54,12 +57,11 @@ FindBar::FindBar(QWidget* parent)
     hide();
 }
 
-void FindBar::open(QPlainTextEdit& view) {
-    view_ = &view;
-    const QString selected = view.textCursor().selectedText();
+void FindBar::open() {
+    const QString selected = view_().textCursor().selectedText();
     if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator))
         text_->setText(selected);
-    show_found(true);
+    show_verdict(Verdict::Found);
     show();
     text_->setFocus(Qt::ShortcutFocusReason);
     text_->selectAll();
@@ -69,37 +71,47 @@ bool FindBar::find_next() { return find(false, false); }
 bool FindBar::find_previous() { return find(true, false); }
 
 bool FindBar::find(bool backward, bool from_selection_start) {
-    if (view_ == nullptr || text_->text().isEmpty()) {
-        show_found(true);
-        return false;
-    }
+    show_verdict(Verdict::Found);
+    if (text_->text().isEmpty()) return false;
+    QPlainTextEdit& view = view_();
     const auto direction = backward ? QTextDocument::FindFlags{QTextDocument::FindBackward}
                                     : QTextDocument::FindFlags{};
-    const QTextCursor standing = view_->textCursor();
-    QTextCursor from = standing;
+    QTextCursor from = view.textCursor();
     // While the text grows, the place that matched so far may match the longer text too.
-    if (from_selection_start) from.setPosition(standing.selectionStart());
-    QTextCursor hit = view_->document()->find(text_->text(), from, direction);
+    if (from_selection_start) from.setPosition(from.selectionStart());
+    QTextCursor hit = view.document()->find(text_->text(), from, direction);
     if (hit.isNull()) {
         from.movePosition(backward ? QTextCursor::End : QTextCursor::Start);
-        hit = view_->document()->find(text_->text(), from, direction);
+        hit = view.document()->find(text_->text(), from, direction);
+        show_verdict(hit.isNull() ? Verdict::NotFound
+                     : backward   ? Verdict::FromBottom
+                                  : Verdict::FromTop);
     }
-    if (!hit.isNull()) view_->setTextCursor(hit);
-    show_found(!hit.isNull());
+    if (!hit.isNull()) view.setTextCursor(hit);
     return !hit.isNull();
 }
 
-void FindBar::show_found(bool found) {
+void FindBar::show_verdict(Verdict verdict) {
     QPalette own;
-    if (!found) own.setColor(QPalette::Text, text_colour(Colour::Red, palette()));
+    if (verdict == Verdict::NotFound)
+        own.setColor(QPalette::Text, text_colour(Colour::Red, palette()));
     text_->setPalette(own);
-    verdict_->setText(found ? QString{} : q(form_text::kNotFound));
+    switch (verdict) {
+        case Verdict::Found:
+            return verdict_->clear();
+        case Verdict::FromTop:
+            return verdict_->setText(q(form_text::kFromTop));
+        case Verdict::FromBottom:
+            return verdict_->setText(q(form_text::kFromBottom));
+        case Verdict::NotFound:
+            return verdict_->setText(q(form_text::kNotFound));
+    }
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
     hide();
-    if (view_ != nullptr) view_->setFocus(Qt::OtherFocusReason);
+    view_().setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace quillon

@@ -10,7 +10,9 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QScreen>
 #include <QTimer>
@@ -22,6 +24,7 @@
 #include "forms/frmMain_texts.h"
 #include "forms/main_header.h"
 #include "forms/main_menus.h"
+#include "forms/memory_panel.h"
 
 namespace quillon {
 
@@ -71,6 +74,7 @@ void frmMain::command(const std::function<void()>& act) {
     if (busy_) return;
     busy_ = true;
     menus_->set_busy(true);
+    file_watch_->set_busy(true);
     focus_asked_.clear();
     const LostFocus focus{focusWidget()};
     try {
@@ -81,6 +85,7 @@ void frmMain::command(const std::function<void()>& act) {
     }
     menus_->set_busy(false);
     busy_ = false;
+    file_watch_->set_busy(false);
     // The control that the command asked for may have been disabled at that time.
     if (focus_asked_.empty())
         focus.give_back();
@@ -96,14 +101,30 @@ void frmMain::load(const std::function<void()>& act) {
         const std::string former = run_.session.HexFilePath;
         run_.session.LoadResult.clear();
         act();
-        if (run_.session.LoadResult.empty() && run_.session.HexFilePath == former) return;
-        file_in_buffer_ = run_.session.LoadResult == "OK";
+        const bool loaded = run_.session.LoadResult == "OK";
+        const bool same = run_.session.HexFilePath == former;
+        if (run_.session.LoadResult.empty() && same) return;
+        file_in_buffer_ = loaded;
+        // Another file that was refused leaves the one at hand, and an offer to reload it, as it
+        // is.
+        if (!loaded && same) return;
+        header_->take_file(q(run_.session.HexFilePath));
+        file_watch_->watch(q(run_.session.HexFilePath));
+    });
+}
+
+// The file at hand is then what the buffer holds: nothing to be offered for reload.
+void frmMain::save() {
+    command([this] {
+        if (run_.files.mnuFileSave_Click() != Outcome::Success) return;
+        file_in_buffer_ = true;
+        header_->take_file(q(run_.session.HexFilePath));
         file_watch_->watch(q(run_.session.HexFilePath));
     });
 }
 
 void frmMain::show_facts() {
-    header_->show_file(q(run_.session.HexFilePath), file_in_buffer_);
+    header_->show_file(file_in_buffer_);
     show_counters();
 }
 
@@ -174,6 +195,25 @@ void frmMain::focus_on(std::string name) {
     if (widget == nullptr) return;
     focus_asked_ = std::move(name);
     widget->setFocus(Qt::OtherFocusReason);
+}
+
+// From the box that has the focus; from the memory view that had it last where none has.
+void frmMain::copy() const {
+    if (auto* line = qobject_cast<QLineEdit*>(focusWidget()))
+        line->copy();
+    else if (auto* text = qobject_cast<QPlainTextEdit*>(focusWidget()))
+        text->copy();
+    else
+        memory_->view().copy();
+}
+
+void frmMain::select_all() const {
+    if (auto* line = qobject_cast<QLineEdit*>(focusWidget()))
+        line->selectAll();
+    else if (auto* text = qobject_cast<QPlainTextEdit*>(focusWidget()))
+        text->selectAll();
+    else
+        memory_->view().selectAll();
 }
 
 }  // namespace quillon

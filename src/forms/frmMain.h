@@ -47,6 +47,7 @@ class frmMain : public QMainWindow {
     void command(const std::function<void()>& act);
     // The same for an act that may load a file: its name is shown and its changes are watched.
     void load(const std::function<void()>& act);
+    void save();
     bool busy() const { return busy_; }
     // Name, date and counters as the session tells them now.
     void show_facts();
@@ -60,6 +61,7 @@ class frmMain : public QMainWindow {
 
   private:
     void hide_what_is_not_there();
+    void limit_entries();
     void make_layout();
     void make_status_bar();
     void connect_buttons();
@@ -71,6 +73,8 @@ class frmMain : public QMainWindow {
     void place();
     void keep_place();
     void focus_on(std::string name);
+    void copy() const;
+    void select_all() const;
     void show_counters();
 
     Run& run_;

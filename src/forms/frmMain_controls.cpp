@@ -42,6 +42,7 @@ frmMain::frmMain(Run& run, Wishes wishes)
     setObjectName("frmMain");
     setAcceptDrops(true);
     hide_what_is_not_there();
+    limit_entries();
     make_layout();
     menus_ = std::make_unique<MainMenus>(*menuBar(), run_.form, bindings_);
     make_status_bar();
@@ -61,10 +62,20 @@ frmMain::~frmMain() = default;
 // Entries whose function this version hasn't got: an entry that does nothing would mislead.
 void frmMain::hide_what_is_not_there() {
     auto& form = run_.form;
-    for (Control* control : std::initializer_list<Control*>{
-             &form.mnuAsmC, &form.mnuFileSave, &form.Cmd_save, &form.mnuFirmwareUpdate,
-             &form.Cmd_Extend_Program, &form.Command1, &form.Command2})
+    for (Control* control :
+         std::initializer_list<Control*>{&form.mnuAsmC, &form.mnuFirmwareUpdate,
+                                         &form.Cmd_Extend_Program, &form.Command1, &form.Command2})
         control->Visible.set(false);
+}
+
+// Digits that the values have: what is typed beyond them would be dropped without a word.
+void frmMain::limit_entries() {
+    auto& form = run_.form;
+    for (auto* id : {&form.Text_ID1, &form.Text_ID2, &form.Text_ID3, &form.Text_ID4})
+        id->MaxLength.set(4);
+    form.Text_OSCCAL_Data.MaxLength.set(3);
+    form.Text_Calib_Data.MaxLength.set(2);
+    form.Text_BG.MaxLength.set(1);
 }
 
 void frmMain::make_layout() {
@@ -110,6 +121,8 @@ void frmMain::make_status_bar() {
     counters_ = new QLabel{bar};
     counters_->setObjectName("counters");
     counters_->setToolTip(q(form_text::kCountersTip));
+    auto* protect_mask = new QLabel{bar};
+    protect_mask->setToolTip(q(form_text::kProtectMaskTip));
     auto* catalogue = new QLabel{bar};
     auto* program = new QLabel{bar};
     board_label_ = new QPushButton{bar};
@@ -117,14 +130,14 @@ void frmMain::make_status_bar() {
     board_label_->setToolTip(q(form_text::kBoardTip));
     QPalette faint;
     faint.setColor(QPalette::WindowText, caption_colour(palette()));
-    for (auto* version : {catalogue, program}) {
-        version->setPalette(faint);
-        version->setContentsMargins(0, 0, 10, 0);
-    }
     bar->addWidget(counters_, 1);
-    bar->addPermanentWidget(catalogue);
-    bar->addPermanentWidget(program);
+    for (auto* fact : {protect_mask, catalogue, program}) {
+        fact->setPalette(faint);
+        fact->setIndent(5);
+        bar->addPermanentWidget(fact);
+    }
     bar->addPermanentWidget(board_label_);
+    bindings_.bind(run_.form.Label_Debug, *protect_mask);
     bindings_.bind(run_.form.Label_Ver, *catalogue);
     bindings_.bind(run_.form.Lbl_PcVersion, *program);
     bindings_.bind(run_.form.Label_FirmwareVersion, *board_label_);
@@ -147,6 +160,7 @@ void frmMain::connect_buttons() {
     on_click(info_->Check_Parity_Disp, [this] { run_.views.ShowProgramMemory(); });
     connect(header_->Cmd_open, &QPushButton::clicked, this,
             [this] { load([this] { run_.files.mnuFileOpen_Click(); }); });
+    connect(header_->Cmd_save, &QPushButton::clicked, this, [this] { save(); });
     on_click(info_->Chk_12F_CalibData_Select,
              [this] { run_.selection.Chk_12F_CalibData_Select_Click(); });
     file_watch_->on_reload = [this] { load([this] { run_.files.open_directly(); }); };
@@ -166,6 +180,7 @@ void frmMain::connect_menus() {
     auto& form = run_.form;
     auto& menu = run_.menu;
     menus_->start(form.mnuFileOpen, [this] { load([this] { run_.files.mnuFileOpen_Click(); }); });
+    menus_->start(form.mnuFileSave, [this] { save(); });
     for (int n = 1; n <= 5; ++n)
         menus_->start(form.nmuFile[static_cast<std::size_t>(n - 1)],
                       [this, n] { load([this, n] { run_.files.nmuFile_Click(n); }); });
@@ -194,6 +209,8 @@ void frmMain::connect_menus() {
     // Modes and documents: these may be asked for while an operation waits for the board.
     menus_->start(form.mnuComMode1, [&menu] { menu.mnuComMode1_Click(); });
     menus_->start(form.mnuBlankSkip, [&menu] { menu.mnuBlankSkip_Click(); });
+    menus_->start(form.HexFileCheck, [&menu] { menu.HexFileCheck_Click(); });
+    menus_->start(form.HexUpperAddress, [&menu] { menu.HexUpperAddress_Click(); });
     menus_->start(form.mnuLock, [&menu] { menu.mnuLock_Click(); });
     menus_->start(form.mnuBoardInfomation, [&menu] { menu.mnuBoardInfomation_Click(); });
     menus_->start(form.mnuFrmmainHight, [&menu] { menu.mnuFrmmainHight_Click(); });
@@ -202,7 +219,8 @@ void frmMain::connect_menus() {
 }
 
 void frmMain::connect_own_entries() {
-    connect(menus_->copy, &QAction::triggered, this, [this] { memory_->copy(); });
+    connect(menus_->copy, &QAction::triggered, this, [this] { copy(); });
+    connect(menus_->select_all, &QAction::triggered, this, [this] { select_all(); });
     connect(menus_->find, &QAction::triggered, this, [this] { memory_->open_find(); });
     connect(menus_->find_next, &QAction::triggered, this, [this] { memory_->find_next(); });
     connect(menus_->find_previous, &QAction::triggered, this, [this] { memory_->find_previous(); });
@@ -223,6 +241,10 @@ void frmMain::connect_form() {
         menuBar()->setEnabled(on);
         statusBar()->setEnabled(on);
     });
+    // Start-up's waiting text goes with the selection; without one it would stand for ever.
+    bindings_.keep(form.Enabled.observe([this](bool on) {
+        if (on && run_.session.DeviceName.empty()) run_.form.RichTxtPgmMem.Text.set("");
+    }));
     bindings_.follow(form.WaitCursor, [this](bool wait) {
         if (wait)
             setCursor(Qt::WaitCursor);
@@ -245,13 +267,12 @@ void frmMain::connect_form() {
     bindings_.keep(run_.messages.shown.connect([this](const ShownMessage&) { show_counters(); }));
 }
 
+// As the eye goes: the head, the configuration, the views, the big buttons. What stands between two
+// of these follows in the order in which its panel was made.
 void frmMain::order_focus() {
-    const std::initializer_list<QWidget*> order{
-        header_->Combo_device,      header_->Cmd_open,           header_->Cmd_save,
-        header_->Command_com,       operation_->Command_blank,   operation_->Command_read,
-        operation_->Command_Verify, operation_->Command_program, operation_->Cmd_Extend_Program};
     QWidget* former = nullptr;
-    for (auto* widget : order) {
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             header_->Combo_device, header_->Cmd_open, header_->Cmd_save, header_->Command_com}) {
         if (former != nullptr) setTabOrder(former, widget);
         former = widget;
     }

@@ -13,6 +13,7 @@ inline constexpr std::string_view kDeviceMenu = "デバイス(&D)";
 inline constexpr std::string_view kOptionMenu = "オプション(&O)";
 inline constexpr std::string_view kHelpMenu = "ヘルプ(&H)";
 inline constexpr std::string_view kCopy = "コピー(&C)\tCtrl+C";
+inline constexpr std::string_view kSelectAll = "すべて選択(&A)\tCtrl+A";
 inline constexpr std::string_view kFindMenu = "検索(&F)...";
 inline constexpr std::string_view kFindNextMenu = "次を検索(&N)";
 inline constexpr std::string_view kFindPreviousMenu = "前を検索(&P)";
@@ -31,6 +32,8 @@ inline constexpr std::string_view kConfigTab = "CFG";
 inline constexpr std::string_view kId = "ID";
 inline constexpr std::string_view kConfig1 = "CFG1";
 inline constexpr std::string_view kConfig2 = "CFG2";
+// In the view while no device is selected
+inline constexpr std::string_view kNoDevice = "デバイスを選択してください";
 inline constexpr std::string_view kProgramMemory = "プログラムメモリ";
 inline constexpr std::string_view kEepromMemory = "ＥＥＰＲＯＭデータメモリ";
 inline constexpr std::string_view kCheckSum = "チェックサム";
@@ -47,11 +50,13 @@ inline constexpr std::string_view kFindPlaceholder = "検索する文字列 (例
 inline constexpr std::string_view kFindNext = "次を検索 (F3)";
 inline constexpr std::string_view kFindPrevious = "前を検索 (Shift+F3)";
 inline constexpr std::string_view kNotFound = "見つかりません";
+inline constexpr std::string_view kFromTop = "先頭へ戻りました";
+inline constexpr std::string_view kFromBottom = "末尾へ戻りました";
 
 // A file that has changed
 inline constexpr std::string_view kFileChanged = "{} が変更されました。";
 inline constexpr std::string_view kFileGone = "{} が見つかりません。";
-inline constexpr std::string_view kReload = "再ロード";
+inline constexpr std::string_view kReload = "再ロード(&L)";
 inline constexpr std::string_view kLater = "閉じる";
 
 // Tooltips
@@ -69,6 +74,10 @@ inline constexpr std::string_view kExtendTip = "領域ごとの操作を行い�
 inline constexpr std::string_view kBoardTip = "クリックでライターを検索します";
 inline constexpr std::string_view kConfigTextTip =
     "クリックでコンフィギュレーションデータの説明を表示します";
+inline constexpr std::string_view kReloadTip =
+    "変更されたHEXファイルを読み込み直します。バッファメモリの内容は失われます";
+inline constexpr std::string_view kLaterTip = "読み込み直さずに、この表示を閉じます";
+inline constexpr std::string_view kProtectMaskTip = "コードプロテクトビットのマスク値";
 inline constexpr std::string_view kCheckSumTip = "プログラムメモリ全ワードの和の下位16ビット";
 
 }  // namespace quillon::form_text

@@ -138,6 +138,7 @@ QWidget* InfoPanel::make_information(MainForm& form, Bindings& bindings) {
     area->setObjectName(q(tabs.name));
     auto* layout = bare<QVBoxLayout>(area, 6);
     layout->addWidget(make_calibration(form, bindings, area));
+    layout->addWidget(make_choices(form, bindings, area));
 
     auto* parity = new QWidget{area};
     auto* parity_row = bare<QHBoxLayout>(parity);
@@ -188,17 +189,33 @@ QWidget* InfoPanel::make_calibration(MainForm& form, Bindings& bindings, QWidget
         bindings.bind(*control, *button);
         value_row->addWidget(button);
     }
+    value_row->addStretch();  // where the wide label is hidden, the boxes stay at the left
     layout->addWidget(values);
 
-    Chk_12F_CalibData_Select = new QCheckBox{rows};
-    bindings.bind(form.Chk_12F_CalibData_Select, *Chk_12F_CalibData_Select);
-    layout->addWidget(Chk_12F_CalibData_Select);
-    auto* use_file = new QCheckBox{rows};
-    bindings.bind(form.Chk_UseFileData, *use_file);
-    layout->addWidget(use_file);
     show_with_tabs(rows, form.SSTab_MCU_Information, {kCalibrationTab, kOsccal5FTab, kOsccal10FTab},
                    bindings);
     return rows;
+}
+
+// Not rows of a tab: the parts whose calibration stands in combos have the first box too, and no
+// tab.
+QWidget* InfoPanel::make_choices(MainForm& form, Bindings& bindings, QWidget* parent) {
+    auto* choices = new QWidget{parent};
+    auto* layout = bare<QVBoxLayout>(choices);
+    Chk_12F_CalibData_Select = new QCheckBox{choices};
+    auto* use_file = new QCheckBox{choices};
+    bindings.bind(form.Chk_12F_CalibData_Select, *Chk_12F_CalibData_Select);
+    bindings.bind(form.Chk_UseFileData, *use_file);
+    layout->addWidget(Chk_12F_CalibData_Select);
+    layout->addWidget(use_file);
+    // With both boxes hidden it would leave a gap.
+    const auto show = [choices, &form](bool) {
+        choices->setVisible(form.Chk_12F_CalibData_Select.Visible.get() ||
+                            form.Chk_UseFileData.Visible.get());
+    };
+    bindings.follow(form.Chk_12F_CalibData_Select.Visible, show);
+    bindings.follow(form.Chk_UseFileData.Visible, show);
+    return choices;
 }
 
 QWidget* InfoPanel::make_whole_words(MainForm& form, Bindings& bindings) {

@@ -24,6 +24,7 @@ class InfoPanel : public QWidget {
     QWidget* make_identity(MainForm& form, Bindings& bindings);
     QWidget* make_information(MainForm& form, Bindings& bindings);
     QWidget* make_calibration(MainForm& form, Bindings& bindings, QWidget* parent);
+    QWidget* make_choices(MainForm& form, Bindings& bindings, QWidget* parent);
     QWidget* make_whole_words(MainForm& form, Bindings& bindings);
 };
 

@@ -2,7 +2,6 @@
 // The head of frmMain: the device list, the file buttons, the file at hand with its date.
 #include "forms/main_header.h"
 
-#include <QDateTime>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -44,7 +43,7 @@ MainHeader::MainHeader(MainForm& form, Bindings& bindings, QWidget* parent)
     row->addWidget(Cmd_save);
     row->addWidget(file_, 1);
     row->addWidget(Command_com);
-    show_file({}, false);
+    show_file(false);
 }
 
 QPushButton* MainHeader::button(Button& control, Bindings& bindings, std::string_view tip) {
@@ -55,20 +54,20 @@ QPushButton* MainHeader::button(Button& control, Bindings& bindings, std::string
     return result;
 }
 
-void MainHeader::show_file(const QString& path, bool in_buffer) {
-    const QFileInfo file{path};
-    QString name;
-    if (path.isEmpty()) {
-        name = q(form_text::kNoFile);
-    } else {
-        name = file.fileName();
-        if (file.exists()) name += "   " + file.lastModified().toString("yyyy-MM-dd HH:mm");
-        if (!in_buffer) name += q(form_text::kNotInBuffer);
-    }
+void MainHeader::take_file(const QString& path) {
+    path_ = path;
+    date_ = QFileInfo{path}.lastModified();
+}
+
+void MainHeader::show_file(bool in_buffer) {
+    const bool loaded = !path_.isEmpty();
+    QString name = loaded ? QFileInfo{path_}.fileName() : q(form_text::kNoFile);
+    if (loaded && date_.isValid()) name += "   " + date_.toString("yyyy-MM-dd HH:mm");
+    if (loaded && !in_buffer) name += q(form_text::kNotInBuffer);
     file_text_ = name;
-    file_->setToolTip(path);
+    file_->setToolTip(path_);
     QPalette own;
-    if (path.isEmpty() || !in_buffer) own.setColor(QPalette::WindowText, caption_colour(palette()));
+    if (!loaded || !in_buffer) own.setColor(QPalette::WindowText, caption_colour(palette()));
     file_->setPalette(own);
     show_elided();
 }

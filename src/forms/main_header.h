@@ -2,6 +2,7 @@
 // The head of frmMain: the device list, the file buttons, the file at hand with its date.
 #pragma once
 
+#include <QDateTime>
 #include <QFrame>
 #include <QString>
 
@@ -19,9 +20,11 @@ class MainHeader : public QFrame {
   public:
     MainHeader(MainForm& form, Bindings& bindings, QWidget* parent = nullptr);
 
-    // Name and date of the loaded file; `in_buffer` is false once something else has taken its
-    // place in the image.
-    void show_file(const QString& path, bool in_buffer);
+    // A file has been loaded: its date is the one of now, whatever becomes of the file later.
+    void take_file(const QString& path);
+    // Shows its name and date; `in_buffer` is false once something else has taken its place in the
+    // image.
+    void show_file(bool in_buffer);
 
     DeviceBox* Combo_device;
     QPushButton* Cmd_open;
@@ -36,6 +39,8 @@ class MainHeader : public QFrame {
     void show_elided();
 
     QLabel* file_;
+    QString path_;
+    QDateTime date_;
     QString file_text_;
 };
 

@@ -38,8 +38,10 @@ QAction* MainMenus::entry(QMenu& menu, MenuItem& control, const QKeySequence& ke
     return action;
 }
 
-QAction* MainMenus::own_entry(QMenu& menu, std::string_view text, const QKeySequence& key) {
+QAction* MainMenus::own_entry(QMenu& menu, std::string_view name, std::string_view text,
+                              const QKeySequence& key) {
     auto* action = menu.addAction(q(text));
+    action->setObjectName(q(name));
     action->setShortcut(key);
     return action;
 }
@@ -73,14 +75,16 @@ void MainMenus::make_tools(MainForm& form) {
 
 void MainMenus::make_edit() {
     auto* edit = menu(form_text::kEditMenu, "edit_menu");
-    copy = own_entry(*edit, form_text::kCopy);
+    copy = own_entry(*edit, "copy", form_text::kCopy);
+    select_all = own_entry(*edit, "select_all", form_text::kSelectAll);
     edit->addSeparator();
-    find = own_entry(*edit, form_text::kFindMenu, QKeySequence::Find);
-    find_next = own_entry(*edit, form_text::kFindNextMenu, Qt::Key_F3);
-    find_previous =
-        own_entry(*edit, form_text::kFindPreviousMenu, QKeySequence{Qt::SHIFT | Qt::Key_F3});
+    find = own_entry(*edit, "find", form_text::kFindMenu, QKeySequence::Find);
+    find_next = own_entry(*edit, "find_next", form_text::kFindNextMenu, Qt::Key_F3);
+    find_previous = own_entry(*edit, "find_previous", form_text::kFindPreviousMenu,
+                              QKeySequence{Qt::SHIFT | Qt::Key_F3});
     edit->addSeparator();
-    search_device = own_entry(*edit, form_text::kSearchDevice, QKeySequence{Qt::CTRL | Qt::Key_D});
+    search_device = own_entry(*edit, "search_device", form_text::kSearchDevice,
+                              QKeySequence{Qt::CTRL | Qt::Key_D});
 }
 
 void MainMenus::make_buffer(MainForm& form) {
@@ -92,7 +96,7 @@ void MainMenus::make_buffer(MainForm& form) {
 
 void MainMenus::make_device(MainForm& form) {
     auto* device = menu(form_text::kDeviceMenu, "device_menu");
-    search_board = own_entry(*device, form_text::kSearchBoard);
+    search_board = own_entry(*device, "search_board", form_text::kSearchBoard);
     device->addSeparator();
     entry(*device, form.mnuPgmErase);
     entry(*device, form.mnuChipErase);
@@ -107,10 +111,14 @@ void MainMenus::make_options(MainForm& form) {
     entry(*options, form.mnuBlankSkip)->setCheckable(true);
     entry(*options, form.mnuLock)->setCheckable(true);
     options->addSeparator();
+    entry(*options, form.HexFileCheck)->setCheckable(true);
+    entry(*options, form.HexUpperAddress)->setCheckable(true);
+    options->addSeparator();
     entry(*options, form.mnuBoardInfomation)->setCheckable(true);
     entry(*options, form.mnuFrmmainHight);
     for (MenuItem* control :
-         {&form.mnuComMode1, &form.mnuBlankSkip, &form.mnuLock, &form.mnuBoardInfomation}) {
+         {&form.mnuComMode1, &form.mnuBlankSkip, &form.mnuLock, &form.HexFileCheck,
+          &form.HexUpperAddress, &form.mnuBoardInfomation}) {
         auto* action = bar_.findChild<QAction*>(q(control->name));
         action->setChecked(control->Checked.get());
     }
@@ -121,10 +129,10 @@ void MainMenus::make_help(MainForm& form) {
     auto* help = menu(form_text::kHelpMenu, "help_menu");
     entry(*help, form.mnuHelp, Qt::Key_F1);
     entry(*help, form.mnuBoardAmend);
-    socket_pins = own_entry(*help, form_text::kSocketPins);
+    socket_pins = own_entry(*help, "socket_pins", form_text::kSocketPins);
     help->addSeparator();
     entry(*help, form.mnuFirmwareUpdate);
-    about = own_entry(*help, form_text::kAbout);
+    about = own_entry(*help, "about", form_text::kAbout);
 }
 
 void MainMenus::start(const MenuItem& control, Act act) {

@@ -26,6 +26,7 @@ class MainMenus {
 
     // Entries of the window's own, without a control.
     QAction* copy = nullptr;
+    QAction* select_all = nullptr;
     QAction* find = nullptr;
     QAction* find_next = nullptr;
     QAction* find_previous = nullptr;
@@ -40,7 +41,8 @@ class MainMenus {
   private:
     QMenu* menu(std::string_view title, std::string_view name);
     QAction* entry(QMenu& menu, MenuItem& control, const QKeySequence& key = {});
-    QAction* own_entry(QMenu& menu, std::string_view text, const QKeySequence& key = {});
+    QAction* own_entry(QMenu& menu, std::string_view name, std::string_view text,
+                       const QKeySequence& key = {});
     void make_file(MainForm& form);
     void make_tools(MainForm& form);
     void make_edit();

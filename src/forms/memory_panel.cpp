@@ -42,7 +42,8 @@ MemoryPanel::MemoryPanel(MainForm& form, Bindings& bindings, QWidget* parent) : 
     program_ = make_view(form.RichTxtPgmMem, bindings, form_text::kProgramMemory);
     eeprom_ = make_view(form.rText_EepromMem, bindings, form_text::kEepromMemory);
     last_used_ = program_;
-    find_ = new FindBar{this};
+    program_->setPlaceholderText(q(form_text::kNoDevice));
+    find_ = new FindBar{[this]() -> QPlainTextEdit& { return view(); }, this};
 
     auto* program_title = new QLabel{q(form_text::kProgramMemory), this};
     auto* program_size = new QLabel{this};
@@ -90,7 +91,7 @@ QPlainTextEdit& MemoryPanel::view() const {
     return last_used_->isVisibleTo(this) ? *last_used_ : *program_;
 }
 
-void MemoryPanel::open_find() { find_->open(view()); }
+void MemoryPanel::open_find() { find_->open(); }
 
 void MemoryPanel::find_next() {
     if (find_->isVisible())
@@ -105,8 +106,6 @@ void MemoryPanel::find_previous() {
     else
         open_find();
 }
-
-void MemoryPanel::copy() { view().copy(); }
 
 bool MemoryPanel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) last_used_ = watched == eeprom_ ? eeprom_ : program_;

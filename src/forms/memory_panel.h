@@ -21,7 +21,6 @@ class MemoryPanel : public QWidget {
     void open_find();
     void find_next();
     void find_previous();
-    void copy();
     QPlainTextEdit& view() const;
 
   protected:

@@ -106,6 +106,8 @@ std::optional<std::filesystem::path> QtDialogs::file(const FileDialog& dialog) {
     shown.setObjectName("file_dialog");
     const bool save = dialog.kind == FileDialog::Kind::Save;
     shown.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    // The Save command asks itself before it replaces a file.
+    shown.setOption(QFileDialog::DontConfirmOverwrite);
     shown.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     shown.setDirectory(q(dialog.folder.string()));
     shown.setNameFilter(qt_filter(dialog.filter));

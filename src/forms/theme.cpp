@@ -5,6 +5,7 @@
 #include "forms/theme.h"
 
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
@@ -98,6 +99,12 @@ QFont fixed_font(const QFont& desktop) {
     font.setFixedPitch(true);
     font.setKerning(false);
     return font;
+}
+
+int overhang(const QFont& font) {
+    const QFontMetrics metrics{font};
+    return std::max(
+        0, metrics.tightBoundingRect(QStringLiteral("gjpqy_")).bottom() + 1 - metrics.descent());
 }
 
 }  // namespace quillon

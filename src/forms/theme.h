@@ -35,6 +35,10 @@ QFont window_font(const QFont& desktop);
 // The typeface of the memory views: a half-width character takes half of a full-width one.
 QFont fixed_font(const QFont& desktop);
 
+// Pixels by which the typeface's letters hang below the descent that it tells of: a label of that
+// height would cut them off.
+int overhang(const QFont& font);
+
 // Relative luminance contrast of two colours, 1 to 21.
 double contrast(const QColor& first, const QColor& second);
 

@@ -132,12 +132,16 @@ TEST(calibration_panel, locks_its_fields_while_the_box_is_checked) {
     }
 }
 
-TEST(calibration_panel, of_12F683_leaves_nothing_to_decide) {
-    MainForm form;
-    form.Chk_12F_CalibData_Select.Visible.set(false);
-    show_panel(kPanel12F683, "PIC12F683", form);
-    EXPECT_FALSE(form.Chk_12F_CalibData_Select.Visible.get());
-    EXPECT_EQ(form.Text_ID1.Text.get(), "3FFF");
+TEST(calibration_panel, of_families_with_nothing_to_decide_shows_no_box_and_stays_locked) {
+    for (const auto* panel : {&kPanel12F683, &kPanel16F1939, &kPanel16F7X7}) {
+        MainForm form;
+        form.Chk_12F_CalibData_Select.Visible.set(false);
+        form.Chk_12F_CalibData_Select.Checked.set(false);
+        show_panel(*panel, "PIC", form);
+        EXPECT_FALSE(form.Chk_12F_CalibData_Select.Visible.get()) << panel->family;
+        EXPECT_FALSE(form.Combo_BOR_91X.Enabled.get()) << panel->family;
+        EXPECT_EQ(form.Text_ID1.Text.get(), "3FFF") << panel->family;
+    }
 }
 
 }  // namespace

@@ -278,6 +278,34 @@ TEST(ShowConfigWords, applies_the_fixed_bits_unless_the_word_came_from_outside) 
     EXPECT_EQ(bench.form.HFGrid(1).cell(0, 1), "0x0FF0");
 }
 
+TEST(ShowConfigWords, takes_the_mask_of_the_row_itself_and_not_of_the_field_before) {
+    Loaded bench{
+        "CONFIG1 0x3FFF 0 0 0x3FFF\n"
+        "CFG1 A OFF 0x0003 0x0000\nCFG1 A ON 0x0003 0x0003\n"
+        "CFG1 CP ON 0x0300 0x0000\nCFG1 CP OFF 0x0300 0x0300\n"};
+    bench.session.ConfigFromFile = true;
+    bench.session.ConfigWord[1] = 0x0301;  // A matches nothing, CP is off
+    bench.config.ShowConfigWords();
+    EXPECT_EQ(bench.grid(1), (Rows{"A=", "CP=OFF"}));
+    EXPECT_FALSE(bench.config.ProtectMixed());
+    bench.session.ConfigWord[1] = 0x0103;
+    bench.config.ShowConfigWords();
+    EXPECT_EQ(bench.grid(1), (Rows{"A=ON", "CP=OFF"})) << "the cell stays as it was";
+    EXPECT_TRUE(bench.config.ProtectMixed());
+}
+
+TEST(ShowConfigWords, forgets_a_mixed_protection_at_the_next_number) {
+    Loaded bench{kFlashRows};
+    bench.session.ConfigFromFile = true;
+    bench.session.ConfigWord[1] = 0x1FFF;
+    bench.config.ShowConfigWords();
+    ASSERT_TRUE(bench.config.ProtectMixed());
+    bench.session.ConfigFromFile = false;
+    bench.session.ConfigWord[1] = 0x3FFF;
+    bench.config.ShowConfigWords();
+    EXPECT_FALSE(bench.config.ProtectMixed());
+}
+
 TEST(ShowConfigWords, tells_a_protection_that_is_no_option) {
     Loaded bench{kFlashRows};
     bench.session.ConfigFromFile = true;

@@ -85,6 +85,23 @@ TEST_P(damaged_row, is_told_with_its_number_and_text_and_the_rest_is_kept) {
     for (int n = 1; n <= 7; ++n) EXPECT_TRUE(bench.grid(n).empty());
 }
 
+TEST_P(damaged_row, leaves_the_next_device_selectable_with_nothing_of_it) {
+    Bench bench{block("PIC16F1", std::string{"PGM_TYPE FLASH4\n"} + GetParam().line + "\n") +
+                block("PIC16F2", kFlashRows)};
+    bench.select("PIC16F1");
+    EXPECT_EQ(bench.dialogs.boxes.size(), 1U);
+    bench.dialogs.boxes.clear();
+    ASSERT_TRUE(bench.select("PIC16F2"));
+    EXPECT_TRUE(bench.dialogs.boxes.empty());
+    EXPECT_FALSE(bench.session.CatError);
+    EXPECT_EQ(bench.session.DeviceName, "PIC16F2");
+    EXPECT_EQ(bench.session.PgmWords, 0x2000);
+    EXPECT_EQ(bench.session.ConfigWord[1], 0x3FFFU);
+    EXPECT_EQ(bench.grid(1), (std::vector<std::string>{"FOSC=RC", "CP=OFF"}));
+    for (int n = 2; n <= 7; ++n) EXPECT_TRUE(bench.grid(n).empty());
+    EXPECT_EQ(bench.form.LblCheckSUM.Caption.get(), "E000");
+}
+
 constexpr const char* kBadValue = "値を読み取れません。";
 constexpr const char* kNoValue = "値がありません。";
 constexpr const char* kBadSize = "大きさが扱える範囲を超えています。";

@@ -73,6 +73,17 @@ TEST(LoadDeviceList, goes_on_where_the_names_cannot_be_written) {
     EXPECT_FALSE(bench.session.CatError);
 }
 
+TEST(LoadDeviceList, writes_no_names_where_there_is_no_work_folder) {
+    Bench bench{block("PIC1", "")};
+    bench.session.TempDir.clear();
+    const auto here = std::filesystem::current_path();
+    std::filesystem::current_path(bench.folder.path());
+    bench.catalogue.LoadDeviceList();
+    std::filesystem::current_path(here);
+    EXPECT_EQ(bench.form.Combo_device.Items.get(), Names{"PIC1"});
+    EXPECT_FALSE(std::filesystem::exists(bench.folder / "Support_PIC_List.txt"));
+}
+
 TEST(LoadDeviceList, starts_from_an_empty_list) {
     Bench bench{block("PIC1", "")};
     bench.catalogue.LoadDeviceList();

@@ -112,6 +112,25 @@ TEST(LoadDeviceRecord, shows_the_jumper_of_JP2_alone) {
     }
 }
 
+TEST(LoadDeviceRecord, shows_no_socket_and_no_jumper_for_a_word_that_the_board_does_not_have) {
+    Loaded bench{"PACKAGE 28\nJP2 NON\nPACKAGE 44\nJP2 3-4\n"};
+    EXPECT_EQ(bench.session.PackageKey, "44");
+    EXPECT_EQ(bench.session.Jp2Key, "3-4");
+    for (const auto* shape : {&bench.board.Shape_8P, &bench.board.Shape_18P, &bench.board.Shape_28P,
+                              &bench.board.Shape_28AP, &bench.board.Shape_40P,
+                              &bench.board.Shape_12, &bench.board.Shape_23})
+        EXPECT_FALSE(shape->Visible.get()) << shape->name;
+    EXPECT_FALSE(bench.board.Label_sel.Visible.get());
+}
+
+TEST(LoadDeviceRecord, keeps_the_board_s_drawing_for_a_block_without_the_keys) {
+    Bench bench{block("PIC1", "PACKAGE 18\nJP2 1-2\n") + block("PIC2", "PGM_TYPE FLASH4\n")};
+    bench.load("PIC1");
+    bench.load("PIC2");
+    EXPECT_TRUE(bench.board.Shape_18P.Visible.get());
+    EXPECT_TRUE(bench.board.Shape_12.Visible.get());
+}
+
 TEST(LoadDeviceRecord, counts_words_from_the_highest_address) {
     Loaded hexadecimal{"PGM_SIZE_WORD 0x3FF\n"};
     EXPECT_EQ(hexadecimal.session.PgmWords, 1024);

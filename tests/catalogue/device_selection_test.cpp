@@ -87,6 +87,24 @@ TEST(Combo_device_Click, loads_the_device_and_blanks_the_image) {
     EXPECT_TRUE(bench.dialogs.boxes.empty());
 }
 
+TEST(Combo_device_Click, computes_every_word_from_its_options_and_shows_it_in_the_heading) {
+    std::string rows;
+    for (int n = 1; n <= 7; ++n) {
+        const auto digit = std::to_string(n);
+        rows += "CONFIG" + digit + " 0x000" + digit + " 0 0 0xFFFF\nCFG" + digit +
+                " F A 0xFFFF 0x000" + digit + "\nCFG" + digit + " F B 0xFFFF 0xFFFF\n";
+    }
+    Bench bench{typed("PIC18F1", "18F_01", rows)};
+    bench.select("PIC18F1");
+    for (std::size_t n = 1; n <= 7; ++n) {
+        const int word = static_cast<int>(n);
+        EXPECT_EQ(bench.grid(word), Texts{"F=A"}) << n;
+        EXPECT_EQ(bench.form.HFGrid(word).cell(0, 1), "0x000" + std::to_string(n));
+        EXPECT_EQ(bench.session.CfgIdMem[13 + 2 * n], n);
+        EXPECT_EQ(bench.session.CfgBytes18[2 * n - 2], n);
+    }
+}
+
 TEST(Combo_device_Click, resets_the_image_for_the_same_device_too) {
     Bench bench{block("PIC1", kFlashRows)};
     bench.select("PIC1");
@@ -151,6 +169,26 @@ TEST(Combo_device_Click, shows_the_comment_where_the_firmware_suffices) {
     EXPECT_EQ(bench.shown(), " hello there ");
     EXPECT_EQ(bench.form.LabelCmt.ForeColor.get(), Colour::Black);
     EXPECT_TRUE(bench.session.FirmChecked);
+}
+
+TEST(Combo_device_Click, takes_the_device_in_spite_of_a_firmware_that_is_too_old) {
+    Firmware bench;
+    bench.session.WriterFound = true;
+    bench.session.FirmwareText = "ZQ-LDR412A V6.00";
+    EXPECT_TRUE(bench.shown().starts_with("指定したＰＩＣマイコンは"));
+    EXPECT_EQ(bench.session.DeviceName, "PIC1");
+    EXPECT_EQ(bench.session.PgmType, "FLASH4");
+    EXPECT_TRUE(bench.form.Command_program.Enabled.get());
+    EXPECT_TRUE(bench.dialogs.boxes.empty());
+}
+
+TEST(Combo_device_Click, reads_six_characters_of_the_version_from_the_thirteenth_on) {
+    Firmware bench;
+    bench.session.WriterFound = true;
+    bench.session.FirmwareText = "9.99 9.99 99  6.76 ";  // the 13th to 18th: "  6.76"
+    EXPECT_EQ(bench.shown(), " hello there ");
+    bench.session.FirmwareText = "9.99 9.99 99   6.76";  // one blank more: "   6.7"
+    EXPECT_TRUE(bench.shown().starts_with("指定したＰＩＣマイコンは"));
 }
 
 TEST(Combo_device_Click, compares_the_version_at_both_sides_of_the_edge) {

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
@@ -107,6 +108,40 @@ TEST(Bindings, a_large_text_is_shown_whole_within_a_blink) {
 #endif
     EXPECT_EQ(widget->blockCount(), 8193);
     EXPECT_TRUE(widget->isReadOnly());
+}
+
+TEST(Bindings, a_text_that_grows_is_shown_from_its_first_new_line_and_any_other_from_the_top) {
+    Bench bench;
+    RichTextBox control{bench.form, "RichTxtPgmMem"};
+    auto* widget = new QPlainTextEdit{&bench.parent};
+    bench.bindings.bind(control, *widget);
+    widget->resize(300, 120);
+    bench.parent.show();
+    std::string image;
+    for (int line = 0; line < 100; ++line) image += "image\n";
+    control.Text.set(image);
+    EXPECT_EQ(widget->verticalScrollBar()->value(), 0);
+    std::string list;
+    for (int line = 0; line < 100; ++line) list += "Error\r\n";
+    control.Text.set(image + list);
+    EXPECT_EQ(widget->verticalScrollBar()->value(), 100);
+    control.Text.set("other");
+    EXPECT_EQ(widget->verticalScrollBar()->value(), 0);
+    // From nothing nothing grows.
+    control.Text.set("");
+    control.Text.set(image);
+    EXPECT_EQ(widget->verticalScrollBar()->value(), 0);
+}
+
+TEST(Bindings, a_label_has_room_for_what_hangs_below_its_line) {
+    Bench bench;
+    Label control{bench.form, "Lbl_div", "ID_Dev"};
+    auto* widget = new QLabel{&bench.parent};
+    bench.bindings.bind(control, *widget);
+    const QFontMetrics metrics{widget->font()};
+    const int below = metrics.tightBoundingRect("gjpqy_").bottom() + 1;
+    EXPECT_GE(widget->sizeHint().height(), metrics.ascent() + below);
+    EXPECT_EQ(overhang(widget->font()), std::max(0, below - metrics.descent()));
 }
 
 TEST(Bindings, a_check_box_goes_both_ways) {
@@ -224,6 +259,26 @@ TEST(Bindings, a_tab_set_goes_both_ways_and_hides_tabs) {
     EXPECT_EQ(control.Tab.get(), 0);
 }
 
+TEST(Bindings, a_tab_set_shows_what_changed_without_drawing_once_it_draws_again) {
+    Bench bench;
+    TabSet control{bench.form, "SSTab_Config"};
+    control.TabVisible.set({true, true, true});
+    auto* widget = new QTabWidget{&bench.parent};
+    for (int tab = 0; tab < 3; ++tab) widget->addTab(new QWidget, QString::number(tab));
+    bench.bindings.bind(control, *widget);
+    control.Redraw.set(false);
+    control.Tab.set(1);
+    for (std::size_t tab = 0; tab < 3; ++tab) control.show_tab(tab, false);
+    control.show_tab(1, true);
+    EXPECT_TRUE(widget->isTabVisible(0));
+    control.Redraw.set(true);
+    EXPECT_FALSE(widget->isTabVisible(0));
+    EXPECT_TRUE(widget->isTabVisible(1));
+    EXPECT_FALSE(widget->isTabVisible(2));
+    EXPECT_EQ(widget->currentIndex(), 1);
+    EXPECT_EQ(control.Tab.get(), 1);
+}
+
 TEST(Bindings, hiding_the_tabs_for_a_new_device_moves_no_tab_by_itself) {
     Bench bench;
     TabSet control{bench.form, "SSTab_Config"};
@@ -249,6 +304,10 @@ TEST(Bindings, a_progress_bar_follows_its_range_and_value) {
     EXPECT_EQ(widget->maximum(), 8192);
     EXPECT_EQ(widget->value(), 4096);
     EXPECT_FALSE(widget->isHidden());
+    // A range that leaves the value out for a moment doesn't lose it.
+    control.Max.set(256);
+    control.Max.set(8192);
+    EXPECT_EQ(widget->value(), 4096);
 }
 
 TEST(Bindings, a_shape_is_shown_and_hidden) {

@@ -3,16 +3,19 @@
 // [SUFFIX]
 //
 // The run is the program's own, with the simulated board in the same process, so that what is shown
-// is what a user sees. The states: empty, loaded, while programming, after a failure, each small
-// form.
+// is what a user sees. The states: empty, loaded, while programming, after a failure, with the list
+// of a failed verify, with the two bars that come up at times, each small form.
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 
 #include "app/start_up.h"
@@ -147,9 +150,28 @@ void main_window(Stage& stage, Shots& shots) {
     });
     closer.start(100);
     stage.program();
-    closer.stop();
-    stage.socket.board().clear_faults();
     shots.take(*stage.window, "failure");
+    stage.socket.board().clear_faults();
+    stage.socket.board().target() = blank_target(facts_of(stage.run->session));
+    stage.window->findChild<QPushButton*>("Command_Verify")->click();
+    closer.stop();
+    shots.take(*stage.window, "mismatches");
+}
+
+// The search line with a text that isn't there, and the offer to load a changed file.
+void bars(Stage& stage, Shots& shots) {
+    const auto copy = stage.folder.path() / "blinker.hex";
+    std::filesystem::copy_file(std::filesystem::path{QUILLON_EXAMPLES} / "blinker.hex", copy);
+    stage.window->load([&] { stage.run->files.mnuFileOpen_Click(copy); });
+    std::ofstream{copy, std::ios::app} << "\n";
+    QTest::qWait(500);
+    stage.window->findChild<QAction*>("find")->trigger();
+    auto* text = stage.window->findChild<QLineEdit*>("find_text");
+    text->setText("3FFE");
+    QTest::keyClick(text, Qt::Key_Return);
+    shots.take(*stage.window, "bars");
+    QTest::keyClick(text, Qt::Key_Escape);
+    stage.window->findChild<QPushButton*>("reload_later")->click();
 }
 
 void devices(Stage& stage, Shots& shots) {
@@ -202,6 +224,7 @@ int main(int argc, char** argv) {
     Shots shots{folder, arguments.value(3)};
     Stage stage;
     main_window(stage, shots);
+    bars(stage, shots);
     devices(stage, shots);
     small_forms(stage, shots);
     return 0;
