@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// What the targets of the HEX reader share: devices to load for, and what must hold of an image.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "app/session.h"
+#include "image/fill.h"
+#include "image/hex_check.h"
+#include "image/hex_items.h"
+#include "image/hex_writer.h"
+
+namespace quillon::fuzz {
+
+struct Device {
+    std::string_view PgmType;
+    std::string_view DeviceName;
+    std::int32_t words;
+    std::int32_t cells;
+    HexAddresses addresses = HexAddresses::Folded;
+};
+
+inline void require(bool holds) {
+    if (!holds) std::abort();
+}
+
+inline void choose(Session& session, const Device& device) {
+    session.PgmType = device.PgmType;
+    session.DeviceName = device.DeviceName;
+    session.PgmWords = session.PgmWordsCat = device.words;
+    session.EepBytes = session.EepBytesCat = device.cells;
+    session.WriteBufBytes = 32;
+    session.ConfigMask.fill(0x3FFF);
+    FillProgramOnes(session);
+    FillEepromOnes(session);
+    FillIdOnes(session);
+}
+
+// The file check counts no more than there is.
+inline void check_findings(std::string_view text, const Session& session, HexAddresses addresses) {
+    const auto found = check_hex(text, session, addresses);
+    const auto lines = 1 + static_cast<std::size_t>(std::ranges::count(text, '\n') +
+                                                    std::ranges::count(text, '\r'));
+    for (const auto& findings :
+         {found.bad_sums, found.outside, found.contradicting, found.folded}) {
+        require(findings.count <= text.size());
+        require((findings.count == 0) == (findings.first_line == 0));
+        require(findings.first_line <= lines);
+    }
+    require(describe(found).empty() == (found.bad_sums.count + found.outside.count +
+                                                found.contradicting.count + found.folded.count ==
+                                            0 &&
+                                        !found.no_end));
+}
+
+// Program and EEPROM as a saved file holds them: a PIC18's cell takes one byte, others two.
+struct Content {
+    explicit Content(const Session& session) {
+        const bool pic18 = is_pic18_flash(session.PgmType);
+        const auto program_bytes = static_cast<std::ptrdiff_t>(program_span(session));
+        const auto eeprom_bytes = std::ptrdiff_t{pic18 ? 1 : 2} * session.EepBytes;
+        program.assign(session.PgmMem.begin(), session.PgmMem.begin() + program_bytes);
+        eeprom.assign(session.EepMem.begin(), session.EepMem.begin() + eeprom_bytes);
+    }
+    std::vector<std::uint8_t> program;
+    std::vector<std::uint8_t> eeprom;
+    bool operator==(const Content&) const = default;
+};
+
+}  // namespace quillon::fuzz
