@@ -2,13 +2,17 @@
 // How long the user waits for a device, a file and a view.
 #include <benchmark/benchmark.h>
 
-#include <array>
-#include <fstream>
+#include <cstdlib>
+#include <filesystem>
 #include <string>
 
-#include "app/text.h"
 #include "bench_run.h"
 #include "image/fill.h"
+#include "image/hex_check.h"
+#include "image/hex_writer.h"
+#include "image/pic18_loader.h"
+#include "image/text_file.h"
+#include "platform/qt_host.h"
 
 namespace quillon::bench {
 
@@ -36,20 +40,17 @@ struct Core {
     BenchRun bench{host, port};
 };
 
-// Every word of an 8K-word part, sixteen bytes a record.
-std::string full_hex_file() {
-    std::string text;
-    for (unsigned address = 0; address < 0x4000; address += 16) {
-        std::string record = "10" + hex(address, 4) + "00";
-        unsigned sum = 0x10 + address / 256 + address % 256;
-        for (unsigned i = 0; i < 16; ++i) {
-            const unsigned byte = i % 2 == 1 ? (address / 16) & 0x3F : (address + i) & 0xFF;
-            record += hex(byte, 2);
-            sum += byte;
-        }
-        text += ":" + record + hex((0x100 - sum % 256) % 256, 2) + "\r\n";
-    }
-    return text + ":00000001FF\r\n";
+// A file of the device with every word in use, saved into the run's folder.
+std::filesystem::path full_file(Core& core, std::string_view device) {
+    auto& run = core.bench.run;
+    run.form.Combo_device.select(device);
+    const unsigned high = is_pic18(run.session.PgmType) ? 0xFF : 0x3F;
+    auto& program = run.session.PgmMem;
+    for (std::size_t i = 0; i < program_span(run.session); ++i)
+        program[i] = static_cast<std::uint8_t>(i % 2 == 0 ? (i / 7) & high : i + i / 256);
+    const auto file = core.bench.folder / "full.hex";
+    run.files.mnuFileSave_Click(file);
+    return file;
 }
 
 void select_device(benchmark::State& state, const std::string& name) {
@@ -78,16 +79,66 @@ void select_slowest_of_all(benchmark::State& state) {
 }
 BENCHMARK(select_slowest_of_all)->Unit(benchmark::kMillisecond)->Iterations(5);
 
-// The whole Open sequence: device selected anew, comment scan, load, views, history.
-void open_full_8K_words(benchmark::State& state) {
+// The whole Open sequence: device selected anew, comment scan, load, file check, views, history.
+void open_full(benchmark::State& state, const std::string& device) {
     Core core;
     auto& run = core.bench.run;
-    run.form.Combo_device.select(std::string_view{"PIC16F877A"});
-    const auto file = core.bench.folder.write("full.hex", full_hex_file());
+    const auto file = full_file(core, device);
+    run.form.HexFileCheck.Checked.set(true);
     for (auto _ : state) run.files.mnuFileOpen_Click(file);
     if (run.session.LoadResult != "OK") state.SkipWithError("not loaded");
 }
-BENCHMARK(open_full_8K_words)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(open_full, 8K_words, "PIC16F877A")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(open_full, 128_KB, "PIC18F8722")->Unit(benchmark::kMillisecond);
+
+// Reading the file and placing its records.
+void load_full_128_KB(benchmark::State& state) {
+    Core core;
+    const auto file = full_file(core, "PIC18F8722");
+    bool ok = true;
+    for (auto _ : state)
+        ok = load_pic18(read_text_file(file, core.host).text, core.bench.run.session).ok && ok;
+    if (!ok) state.SkipWithError("not loaded");
+}
+BENCHMARK(load_full_128_KB)->Unit(benchmark::kMillisecond);
+
+void check_full_128_KB(benchmark::State& state) {
+    Core core;
+    const auto text = read_text_file(full_file(core, "PIC18F8722"), core.host).text;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(check_hex(text, core.bench.run.session, HexAddresses::Folded));
+}
+BENCHMARK(check_full_128_KB)->Unit(benchmark::kMillisecond);
+
+// The Save command on the host's own files: flushed to the disk and renamed.
+void save_full_128_KB(benchmark::State& state) {
+    Core core;
+    const auto file = full_file(core, "PIC18F8722");
+    QtHost disk{QtHost::Interface::CommandLine};
+    auto& session = core.bench.run.session;
+    for (auto _ : state)
+        if (disk.write_file(file, hex_text(session, session.DeviceName)))
+            state.SkipWithError("not saved");
+}
+BENCHMARK(save_full_128_KB)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void make_text_of_full_128_KB(benchmark::State& state) {
+    Core core;
+    full_file(core, "PIC18F8722");
+    auto& session = core.bench.run.session;
+    for (auto _ : state) benchmark::DoNotOptimize(hex_text(session, session.DeviceName));
+}
+BENCHMARK(make_text_of_full_128_KB)->Unit(benchmark::kMillisecond);
+
+// For comparison: another program, its start included, that reads the same file and no more.
+void srec_cat_reads_full_128_KB(benchmark::State& state) {
+    Core core;
+    const auto command = "srec_cat --disable-sequence-warnings '" +
+                         full_file(core, "PIC18F8722").string() + "' -intel -o /dev/null -intel";
+    for (auto _ : state)
+        if (std::system(command.c_str()) != 0) state.SkipWithError("no srec_cat");
+}
+BENCHMARK(srec_cat_reads_full_128_KB)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void show_program_memory(benchmark::State& state, const std::string& name) {
     Core core;

@@ -60,14 +60,18 @@ inline void check_findings(std::string_view text, const Session& session, HexAdd
                                         !found.no_end));
 }
 
-// Program and EEPROM as a saved file holds them: a PIC18's cell takes one byte, others two.
+// Program and EEPROM data as a saved file holds them: a PIC18's cell is one byte, any other's the
+// second of two.
 struct Content {
     explicit Content(const Session& session) {
-        const bool pic18 = is_pic18_flash(session.PgmType);
+        const std::size_t step = is_pic18_flash(session.PgmType) ? 1 : 2;
         const auto program_bytes = static_cast<std::ptrdiff_t>(program_span(session));
-        const auto eeprom_bytes = std::ptrdiff_t{pic18 ? 1 : 2} * session.EepBytes;
         program.assign(session.PgmMem.begin(), session.PgmMem.begin() + program_bytes);
-        eeprom.assign(session.EepMem.begin(), session.EepMem.begin() + eeprom_bytes);
+        // A record at an odd address leaves parity bits that no word has.
+        if (session.PgmType == "EPROM2")
+            for (std::size_t i = 0; i < program.size(); i += 2) program[i] &= 0x3F;
+        for (std::int32_t cell = 1; cell <= session.EepBytes; ++cell)
+            eeprom.push_back(session.EepMem[step * static_cast<std::size_t>(cell) - 1]);
     }
     std::vector<std::uint8_t> program;
     std::vector<std::uint8_t> eeprom;

@@ -66,11 +66,17 @@ class Shots {
   public:
     Shots(QDir folder, QString suffix) : folder_{std::move(folder)}, suffix_{std::move(suffix)} {}
 
+    bool all_written() const { return all_written_; }
+
     void take(QWidget& widget, const char* name) {
         QApplication::processEvents();
         const QString path = folder_.filePath(QString{name} + suffix_ + ".png");
-        if (!widget.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));
-        std::printf("%s\n", qPrintable(path));
+        if (widget.grab().save(path)) {
+            std::printf("%s\n", qPrintable(path));
+        } else {
+            std::fprintf(stderr, "not written: %s\n", qPrintable(path));
+            all_written_ = false;
+        }
     }
     // Takes the form that comes up next, and closes it.
     void take_next_modal(const char* name) {
@@ -84,6 +90,7 @@ class Shots {
 
   private:
     QDir folder_;
+    bool all_written_ = true;
     QString suffix_;
 };
 
@@ -219,7 +226,8 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon{":/icons/quillon.png"});
     QApplication::setFont(window_font(QApplication::font()));
     if (arguments.value(2) == "dark") QApplication::setPalette(dark_palette());
-    QDir folder{arguments.at(1)};
+    // Whole: start-up makes the work folder the current one.
+    const QDir folder{QDir{arguments.at(1)}.absolutePath()};
     folder.mkpath(".");
     Shots shots{folder, arguments.value(3)};
     Stage stage;
@@ -227,5 +235,5 @@ int main(int argc, char** argv) {
     bars(stage, shots);
     devices(stage, shots);
     small_forms(stage, shots);
-    return 0;
+    return shots.all_written() ? 0 : 1;
 }
