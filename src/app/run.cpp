@@ -15,6 +15,7 @@ Run::Run(SettingsStore& store, Host& host_, SerialPort& port_, Dialogs& dialogs_
       option{option_form, session, settings, port, dialogs, messages},
       device_select{device_select_form, session, form},
       views{session, form, host},
+      id_entry{session, form, views},
       catalogue{session, form, board, host, dialogs},
       config{session, form, messages, views, catalogue},
       buffer{session, form, views, config},

@@ -21,6 +21,7 @@
 #include "engine/flows.h"
 #include "families/context.h"
 #include "image/hex_files.h"
+#include "image/id_entry.h"
 #include "image/views.h"
 #include "link/link.h"
 #include "link/serial_port.h"
@@ -51,6 +52,7 @@ struct Run {
     OptionDialog option;
     DeviceSelectDialog device_select;
     MemoryViews views;
+    IdEntry id_entry;
     Catalogue catalogue;
     ConfigModel config;
     BufferCommands buffer;

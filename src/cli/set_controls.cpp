@@ -10,7 +10,7 @@
 
 #include "app/text.h"
 #include "cli/cli_texts.h"
-#include "cli/set_image.h"
+#include "cli/set_config.h"
 #include "image/fill.h"
 
 namespace quillon::cli {
@@ -106,12 +106,13 @@ struct Apply {
     Problem operator()(TextBox* box) const {
         constexpr std::string_view kId = "Text_ID";
         if (set.name == kId)
-            return set_id_digits(run, set.value) ? Problem{} : bad(set, "an ID of this device");
+            return run.id_entry.take_digits(set.value) ? Problem{}
+                                                       : bad(set, "an ID of this device");
         if (set.name.starts_with(kId)) {
             if (!has_four_word_id(run.session.DeviceName))
                 return bad(set, "of use: this device takes its ID by Text_ID");
             const int n = set.name.back() - '0';
-            return set_id_word(run, n, set.value) ? Problem{} : bad(set, "an ID word");
+            return run.id_entry.take_word(n, set.value) ? Problem{} : bad(set, "an ID word");
         }
         const auto limit = box->MaxLength.get();
         if (limit != 0 && set.value.size() > limit)

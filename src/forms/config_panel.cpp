@@ -138,17 +138,29 @@ void ConfigPanel::make_grids(Bindings& bindings) {
     connect(tabs_, &QTabWidget::currentChanged, this, [this] { close_option_list(); });
 }
 
+// What the headings show is the words as they stand.
+void ConfigPanel::change(const std::function<void()>& act) {
+    const auto words = [this] {
+        std::array<std::string, 7> shown;
+        for (std::size_t n = 0; n < shown.size(); ++n) shown[n] = form_.HFGrids[n].cell(0, 1);
+        return shown;
+    };
+    const auto former = words();
+    act();
+    if (on_change && words() != former) on_change();
+}
+
 void ConfigPanel::make_option_list(Bindings& bindings) {
     options_->hide();
     free_entry_->hide();
     bindings.bind(form_.CmbInit, *options_);
     bindings.bind(form_.TxtInit, *free_entry_);
-    form_.CmbInit.Click = [&config = config_] { config.CmbInit_Click(); };
+    form_.CmbInit.Click = [this] { change([this] { config_.CmbInit_Click(); }); };
     static_cast<OptionList*>(options_)->on_left = [this] { close_option_list(); };
     free_entry_->setValidator(new HexValidator{free_entry_});
     free_entry_->setAcceptDrops(false);
     connect(free_entry_, &QLineEdit::returnPressed, this,
-            [this] { bindings_.act([this] { config_.TxtInit_Done(); }); });
+            [this] { bindings_.act([this] { change([this] { config_.TxtInit_Done(); }); }); });
     bindings.keep(form_.CmbInit.Visible.observe([this](bool shown) {
         if (!shown)
             return grids_.at(static_cast<std::size_t>(form_.SSTab_Config.Tab.get()))

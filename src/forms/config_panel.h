@@ -35,12 +35,15 @@ class ConfigPanel : public QWidget {
     ConfigPanel(MainForm& form, ConfigModel& config, const Catalogue& catalogue, Bindings& bindings,
                 QWidget* parent = nullptr);
 
+    std::function<void()> on_change;  // the user has changed a word
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void make_grids(Bindings& bindings);
     void make_option_list(Bindings& bindings);
+    void change(const std::function<void()>& act);
     void make_texts(Bindings& bindings);
     void show_help_tips(int n);
     void place_over_cell(QWidget& widget);

@@ -77,6 +77,7 @@ void frmMain::command(const std::function<void()>& act) {
     file_watch_->set_busy(true);
     focus_asked_.clear();
     const LostFocus focus{focusWidget()};
+    run_.id_entry.drop_unfinished();
     try {
         wishes_.frame(act);
     } catch (const Abandoned&) {

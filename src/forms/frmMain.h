@@ -66,6 +66,7 @@ class frmMain : public QMainWindow {
     void make_status_bar();
     void connect_buttons();
     void connect_menus();
+    void connect_entries();
     void connect_own_entries();
     void connect_form();
     void order_focus();
@@ -97,6 +98,8 @@ class frmMain : public QMainWindow {
     frmBoard* board_ = nullptr;
     frmIndex* index_ = nullptr;
     frmAbout* about_ = nullptr;
+    // Goes with this class, before the boxes do: one that is destroyed loses the focus, and tells.
+    QObject entries_;
 };
 
 // Forms keep their places in twips, fifteen to a pixel of the unscaled desktop.

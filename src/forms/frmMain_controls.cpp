@@ -52,6 +52,7 @@ frmMain::frmMain(Run& run, Wishes wishes)
     connect_buttons();
     connect_menus();
     connect_own_entries();
+    connect_entries();
     connect_form();
     order_focus();
     show_facts();
@@ -216,6 +217,32 @@ void frmMain::connect_menus() {
     menus_->start(form.mnuFrmmainHight, [&menu] { menu.mnuFrmmainHight_Click(); });
     menus_->start(form.mnuHelp, [&menu] { menu.mnuHelp_Click(); });
     menus_->start(form.mnuBoardAmend, [&menu] { menu.mnuBoardAmend_Click(); });
+}
+
+// An ID counts once it is complete; what is left unfinished gives way to the image's. With a
+// changed ID or configuration the buffer is no longer what the file holds.
+void frmMain::connect_entries() {
+    const auto changed = [this] {
+        file_in_buffer_ = false;
+        show_facts();
+    };
+    config_->on_change = changed;
+    const auto connect_box = [this, changed](TextBox& control, auto take) {
+        auto* box = findChild<QLineEdit*>(q(control.name));
+        connect(box, &QLineEdit::textEdited, &entries_, [take, changed](const QString& text) {
+            if (take(utf8(text))) changed();
+        });
+        connect(box, &QLineEdit::editingFinished, &entries_, [this] {
+            if (!busy_) run_.id_entry.drop_unfinished();
+        });
+    };
+    auto& form = run_.form;
+    auto& ids = run_.id_entry;
+    connect_box(form.Text_ID, [&ids](const std::string& text) { return ids.take_digits(text); });
+    int n = 0;
+    for (auto* word : {&form.Text_ID1, &form.Text_ID2, &form.Text_ID3, &form.Text_ID4})
+        connect_box(*word,
+                    [&ids, n = ++n](const std::string& text) { return ids.take_word(n, text); });
 }
 
 void frmMain::connect_own_entries() {

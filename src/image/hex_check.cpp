@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <tuple>
 #include <vector>
 
 #include "image/fill.h"
 #include "image/hex_check_texts.h"
-#include "image/hex_items.h"
 #include "image/id_words.h"
 
 namespace quillon {
@@ -22,6 +22,7 @@ constexpr unsigned kConfig12bit = 0x1FFE;
 constexpr unsigned kBehindFirst64K = 2;
 // Four ID words, and the words behind them up to the last that a saved file holds.
 constexpr std::ptrdiff_t kCfgIdBytes = 32;
+constexpr std::ptrdiff_t kEepromBytes = std::tuple_size_v<decltype(MemoryImage::EepMem)>;
 constexpr std::ptrdiff_t kId18Bytes = 8;
 constexpr std::ptrdiff_t kConfig18Bytes = 2 * kConfigWords;
 
@@ -57,7 +58,8 @@ class Checker {
     void take_data(const HexRecord& record, std::size_t line);
     HexPlace place_of(const HexRecord& record) const;
     bool is_folded(const HexRecord& record) const;
-    bool is_outside(const HexRecord& record, HexPlace place) const;
+    bool is_outside(const HexRecord& record, HexPlace place, bool blank) const;
+    bool is_blank(const HexRecord& record, std::size_t at) const;
     bool is_own_word_12bit(const HexRecord& record) const;
     std::ptrdiff_t program_bytes() const { return std::ptrdiff_t{2} * device_.PgmWords; }
 
@@ -66,7 +68,6 @@ class Checker {
     const bool full_;
     const bool may_fold_;  // the part's own addresses lie above 64 K, but aren't asked for
     std::uint32_t upper_ = 0;
-    bool records_ = false;
     bool ended_ = false;
     std::array<Shadow, 8> written_;  // by HexArea
     HexCheck check_;
@@ -87,7 +88,6 @@ bool sum_is_right(std::string_view item) {
 
 void Checker::take(std::string_view item, std::size_t line) {
     if (!item.starts_with(':')) return;
-    records_ = true;
     if (!sum_is_right(item)) check_.bad_sums.add(line);
     if (is_extended_address(item)) {
         upper_ = extended_address(item).value_or(upper_);
@@ -100,7 +100,8 @@ void Checker::take(std::string_view item, std::size_t line) {
 }
 
 void Checker::take_data(const HexRecord& record, std::size_t line) {
-    if (is_folded(record)) check_.folded.add(line);
+    const bool folded = is_folded(record);
+    if (folded) check_.folded.add(line);
     auto [area, index] = place_of(record);
     if (area == HexArea::IdRecord) area = HexArea::CfgId;
     const bool cells = area == HexArea::Eeprom && !pic18_;
@@ -108,7 +109,9 @@ void Checker::take_data(const HexRecord& record, std::size_t line) {
         const auto byte = record.byte(kHexData + 2 * at);
         if (!byte) return;
         if (cells && at % 2 != 0) continue;  // the upper half of a cell stands for nothing
-        if (is_outside(record, {area, index})) check_.outside.add(line);
+        // What was folded has a place in the device, and is told as such.
+        if (!folded && is_outside(record, {area, index}, is_blank(record, at)))
+            check_.outside.add(line);
         if (area == HexArea::None || index < 0) continue;
         if (!written_[static_cast<std::size_t>(area)].put(static_cast<std::size_t>(index), *byte))
             check_.contradicting.add(line);
@@ -129,16 +132,18 @@ bool Checker::is_folded(const HexRecord& record) const {
            (place.area != HexArea::Program && std::ptrdiff_t{record.address()} < program_bytes());
 }
 
-// `place` is one byte's.
-bool Checker::is_outside(const HexRecord& record, HexPlace place) const {
+// `place` is one byte's. Blank padding behind the device is no data: nothing is lost with it. It
+// counts where it is folded onto something else, or where it makes the loader stop.
+bool Checker::is_outside(const HexRecord& record, HexPlace place, bool blank) const {
     const std::ptrdiff_t cell = pic18_ ? 1 : 2;
     if (pic18_ && place.area == HexArea::Program && upper_ >= kBehindFirst64K) return true;
-    if (!pic18_ && !full_ && upper_ != 0) return !may_fold_;
+    if (!pic18_ && !full_ && upper_ != 0) return true;
     switch (place.area) {
         case HexArea::Program:
-            return place.index >= program_bytes() && !is_own_word_12bit(record);
+            return !blank && place.index >= program_bytes() && !is_own_word_12bit(record);
         case HexArea::Eeprom:
-            return place.index < 0 || place.index >= cell * device_.EepBytes;
+            if (place.index < 0 || place.index >= kEepromBytes) return true;
+            return !blank && place.index >= cell * device_.EepBytes;
         case HexArea::CfgId:
             return place.index >= kCfgIdBytes;
         case HexArea::Id18:
@@ -151,7 +156,19 @@ bool Checker::is_outside(const HexRecord& record, HexPlace place) const {
         case HexArea::IdRecord:
             break;
     }
-    return true;
+    return !blank;
+}
+
+// Whether byte `at` of the record belongs to a unit that reads as erased: a PIC18's byte, a cell's
+// lower half, a word with ones in all bits that the core has.
+bool Checker::is_blank(const HexRecord& record, std::size_t at) const {
+    if (pic18_) return record.byte(kHexData + 2 * at) == 0xFF;
+    const std::size_t word = kHexData + 2 * (at & ~std::size_t{1});
+    const unsigned upper_bits = is_12bit(device_.PgmType) ? 0x0F : 0x3F;
+    // The upper half of a blank cell is written as ones or as a zero.
+    const bool cell = place_of(record).area == HexArea::Eeprom;
+    const auto high = record.byte(word + 2).value_or(0xFF);
+    return record.byte(word) == 0xFF && (cell || (high & upper_bits) == upper_bits);
 }
 
 // ID and configuration of the 12-bit parts stand in the program's address space.
@@ -162,7 +179,7 @@ bool Checker::is_own_word_12bit(const HexRecord& record) const {
 
 HexCheck Checker::result() const {
     auto check = check_;
-    check.no_end = records_ && !ended_;
+    check.no_end = !ended_;
     return check;
 }
 
@@ -175,13 +192,14 @@ HexCheck check_hex(std::string_view text, const DeviceRecord& device, HexAddress
     return checker.result();
 }
 
-std::string describe(const HexCheck& check) {
+std::string describe(const HexCheck& check, const Findings& sums_as_data) {
     std::vector<std::string> parts;
     const auto tell = [&parts](const Findings& found, std::string_view form) {
         if (found.count != 0)
             parts.push_back(fmt::format(fmt::runtime(form), found.count, found.first_line));
     };
     tell(check.bad_sums, hex_check_text::kBadSums);
+    tell(sums_as_data, hex_check_text::kSumsAsData);
     tell(check.outside, hex_check_text::kOutside);
     tell(check.contradicting, hex_check_text::kContradicting);
     tell(check.folded, hex_check_text::kFolded);

@@ -9,32 +9,24 @@
 #include <string_view>
 
 #include "app/session.h"
+#include "image/hex_items.h"
 #include "image/hex_zones.h"
 
 namespace quillon {
 
-// How many, and the line of the first, from 1.
-struct Findings {
-    std::size_t count = 0;
-    std::size_t first_line = 0;
-
-    void add(std::size_t line) {
-        if (count++ == 0) first_line = line;
-    }
-};
-
 struct HexCheck {
     Findings bad_sums;       // records whose check sum is wrong or missing
-    Findings outside;        // data bytes that have no place in the device
+    Findings outside;        // data bytes that have no place in the device; padding is none
     Findings contradicting;  // data bytes written once more, with another value
     Findings folded;         // records of a full address that was folded onto a low one
-    bool no_end = false;     // records, but no end record: it may have been cut off on its way
+    bool no_end = false;     // no end record: the file may have been cut off on its way
 };
 
 // Judges the text as the loader of the selected device places it.
 HexCheck check_hex(std::string_view text, const DeviceRecord& device, HexAddresses addresses);
 
-// The findings in one line for the message area; empty where there are none.
-std::string describe(const HexCheck& check);
+// The findings in one line for the message area; empty where there are none. `sums_as_data` is what
+// the loader noted.
+std::string describe(const HexCheck& check, const Findings& sums_as_data = {});
 
 }  // namespace quillon

@@ -30,6 +30,15 @@ fs::path as_on_disk(const fs::path& name) {
     return found.empty() ? name : found;
 }
 
+// What runs on for megabytes is no device's name, and must not become a box of that size.
+std::string shown_name(std::string_view name) {
+    constexpr std::size_t kMost = 64;
+    if (name.size() <= kMost) return std::string{name};
+    std::size_t end = kMost;
+    while (end > 0 && (name[end] & 0xC0) == 0x80) --end;  // a character stays whole
+    return std::string{name.substr(0, end)} + "…";
+}
+
 // A dialog gives whole paths. Dots are taken out only where the path still leads to the same file,
 // which a link on its way may prevent.
 fs::path whole_path(const fs::path& name) {
@@ -99,15 +108,29 @@ Token HexFiles::mnuFileDirectOpen(const fs::path& folder) {
 }
 
 void HexFiles::nmuFile_Click(int n) {
-    // A file never loads for another device than its entry says.
-    if (!form_.Combo_device.select(history_.device_index(n))) {
+    if (!select_device_of(n)) {
         messages_.ShowMessage(hex_files_text::kNoSuchDevice);
         session_.LoadResult = "NG";
         return;
     }
     const fs::path folder = path_of(history_.folder(n));
-    // The entry was lower-cased when it was made.
+    // The entry was lower-cased when it was made. The file that the program was started with is not
+    // what the user asks for here.
+    session_.CommandLine.clear();
     mnuFileDirectOpen(as_on_disk(folder));
+}
+
+// By the place in the list, as it was saved. A file never loads for another device than its entry
+// shows: where the list has changed since, the device is found by its name.
+bool HexFiles::select_device_of(int entry) {
+    const auto name = history_.device_name(entry);
+    const auto& devices = form_.Combo_device.Items.get();
+    const auto at = std::ranges::find(devices, name);
+    const int index = history_.device_index(entry);
+    const bool as_saved = index >= 0 && std::cmp_less(index, devices.size()) &&
+                          (name.empty() || devices[static_cast<std::size_t>(index)] == name);
+    if (as_saved) return form_.Combo_device.select(index);
+    return at != devices.end() && form_.Combo_device.select(static_cast<int>(at - devices.begin()));
 }
 
 void HexFiles::nmuHistryClear_Click() { history_.clear(); }
@@ -147,6 +170,9 @@ std::optional<std::string> HexFiles::read(const fs::path& path) {
         case TextFile::Problem::NotText:
             refuse(hex_files_text::kNotText);
             break;
+        case TextFile::Problem::Changing:
+            refuse(hex_files_text::kChanging);
+            break;
     }
     return std::nullopt;
 }
@@ -175,7 +201,9 @@ Outcome HexFiles::mnuFileSave_Click(std::optional<fs::path> chosen) {
         messages_.ShowMessage(hex_files_text::kSaveCancelled);
         return Outcome::Cancelled;
     }
-    const fs::path path = fs::absolute(*chosen);
+    std::error_code error;
+    const fs::path whole = fs::absolute(*chosen, error);
+    const fs::path path = error ? *chosen : whole;
     const auto text = hex_text(session_, form_.Combo_device.Text.get(),
                                hex_addresses(form_, session_.DeviceName));
     if (const auto problem = host_.write_file(path, text)) {
@@ -230,7 +258,7 @@ void HexFiles::select_named_device(std::string_view text) {
     const auto at = std::ranges::find(devices, name);
     if (at == devices.end()) {
         dialogs_.box({.title = std::string{hex_files_text::kBoxTitle},
-                      .text = fmt::format(hex_files_text::kUnknownDevice, name),
+                      .text = fmt::format(hex_files_text::kUnknownDevice, shown_name(name)),
                       .icon = BoxIcon::Information});
         return;
     }

@@ -66,6 +66,7 @@ class HexFiles {
     void take_as_saved(const std::filesystem::path& path);
     void show_name(const std::filesystem::path& path);
     void select_named_device(std::string_view text);
+    bool select_device_of(int entry);
     Token load(std::string_view text);
 
     Session& session_;

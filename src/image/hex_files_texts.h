@@ -15,9 +15,12 @@ inline constexpr std::string_view kSaveCancelled = "ファイル保存をキャ�
 inline constexpr std::string_view kSaved = "ファイル保存完了。 ";  // behind the file's name
 inline constexpr std::string_view kNotSaved = "redファイルを保存できませんでした。";
 inline constexpr std::string_view kSavedFolded =
-    "red8Kワードを超えるプログラムを読み戻すには、オプションの HexUpperAddress が必要です。";
+    "red8Kワードを超えるプログラムを読み戻すには、"
+    "オプション「HEXファイルの上位アドレスを使う」(HexUpperAddress)が必要です。";
 inline constexpr std::string_view kNotOpened = "ファイルをオープンできませんでした。";
 inline constexpr std::string_view kNotText = "テキスト形式のＨＥＸファイルではありません。";
+inline constexpr std::string_view kChanging =
+    "読み込み中にファイルの大きさが変わりました。書き込みが終わってから開いてください。";
 inline constexpr std::string_view kTooLarge = "ＨＥＸファイルとしてはサイズが大きすぎます。";
 inline constexpr std::string_view kUnknownDevice =
     "HEXファイル内に、サポート外のデバイス名({})が設定されています。\r\n"

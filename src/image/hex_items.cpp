@@ -6,14 +6,18 @@
 
 #include <algorithm>
 
-#include "app/text.h"
-
 namespace quillon {
 
 namespace {
 
 constexpr std::string_view kSeparators = "\r\n,";
 constexpr std::string_view kQuoteEnds = "\"\r\n";
+
+// The first separator, or the text's end. One look at each character: items are most of a load.
+std::size_t end_of_item(std::string_view text) {
+    const auto is_separator = [](char c) { return c == '\n' || c == '\r' || c == ','; };
+    return static_cast<std::size_t>(std::ranges::find_if(text, is_separator) - text.begin());
+}
 
 std::optional<unsigned> word_at(std::string_view item, std::size_t position) {
     const auto high = hex_byte_at(item, position);
@@ -23,14 +27,6 @@ std::optional<unsigned> word_at(std::string_view item, std::size_t position) {
 }
 
 }  // namespace
-
-std::optional<std::uint8_t> hex_byte_at(std::string_view item, std::size_t position) {
-    if (position + 1 > item.size()) return std::nullopt;
-    const auto high = hex_digit(item[position - 1]);
-    const auto low = hex_digit(item[position]);
-    if (!high || !low) return std::nullopt;
-    return static_cast<std::uint8_t>(*high * 16 + *low);
-}
 
 std::string_view HexItems::take(std::size_t length) {
     length = std::min(length, rest_.size());
@@ -54,7 +50,7 @@ std::optional<std::string_view> HexItems::next() {
     if (line_ended_) ++line_;
     drop_blanks();
     if (!rest_.starts_with('"')) {
-        const auto item = take(rest_.find_first_of(kSeparators));
+        const auto item = take(end_of_item(rest_));
         drop_separator();
         return item.substr(0, item.find_last_not_of(' ') + 1);
     }

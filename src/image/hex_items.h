@@ -4,6 +4,7 @@
 // Nothing here keeps a copy: items and records look into the text they came from.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -36,8 +37,27 @@ class HexItems {
     bool line_ended_ = true;
 };
 
+// By character: the value of a hexadecimal digit of either case, -1 for any other.
+inline constexpr auto kHexValues = [] {
+    std::array<std::int8_t, 256> values{};
+    values.fill(-1);
+    for (int i = 0; i < 10; ++i)
+        values[static_cast<std::size_t>('0' + i)] = static_cast<std::int8_t>(i);
+    for (int i = 10; i < 16; ++i) {
+        values[static_cast<std::size_t>('A' + i - 10)] = static_cast<std::int8_t>(i);
+        values[static_cast<std::size_t>('a' + i - 10)] = static_cast<std::int8_t>(i);
+    }
+    return values;
+}();
+
 // Two digits at a position of an item, from 1; nothing where it ends before or a digit is bad.
-std::optional<std::uint8_t> hex_byte_at(std::string_view item, std::size_t position);
+inline std::optional<std::uint8_t> hex_byte_at(std::string_view item, std::size_t position) {
+    if (position + 1 > item.size()) return std::nullopt;
+    const int high = kHexValues[static_cast<std::uint8_t>(item[position - 1])];
+    const int low = kHexValues[static_cast<std::uint8_t>(item[position])];
+    if ((high | low) < 0) return std::nullopt;
+    return static_cast<std::uint8_t>(high * 16 + low);
+}
 
 // A record's fields, found by character position; positions count from 1, as in the format's own
 // description. No field is checked for sense, and the check sum is never read.
@@ -89,12 +109,24 @@ class SkippedItems {
     bool more_ = false;
 };
 
+// How many, and the line of the first, from 1.
+struct Findings {
+    std::size_t count = 0;
+    std::size_t first_line = 0;
+
+    void add(std::size_t line) {
+        if (count++ == 0) first_line = line;
+    }
+};
+
 // What a loader came to. A fault stops it; what had been placed before stays.
 struct [[nodiscard]] HexLoad {
     bool ok = false;
     SkippedItems skipped{};
     bool has_config = false;  // the file supplied configuration words
     bool has_eeprom = false;  // PIC18: it supplied EEPROM data other than blank cells
+    // Records of an odd byte count whose check sum was read, and placed, as the byte behind them.
+    Findings sums_as_data{};
 };
 
 }  // namespace quillon

@@ -40,42 +40,41 @@ HexAddresses hex_addresses(const MainForm& form, std::string_view DeviceName) {
 void HexLoader::load(std::string_view text) {
     messages_.ShowMessage(hex_loader_text::kLoading);
     session_.LoadResult.clear();
-    if (is_pic18_flash(session_.PgmType))
-        load_pic18_text(text);
-    else
-        load_words(text);
-    if (form_.HexFileCheck.Checked.get()) report_check(text);
+    const auto load = is_pic18_flash(session_.PgmType) ? load_pic18_text(text) : load_words(text);
+    if (form_.HexFileCheck.Checked.get()) report_check(text, load);
 }
 
 HexAddresses HexLoader::addresses() const { return hex_addresses(form_, session_.DeviceName); }
 
-void HexLoader::report_check(std::string_view text) {
-    const auto findings = describe(check_hex(text, session_, addresses()));
+void HexLoader::report_check(std::string_view text, const HexLoad& load) {
+    const auto findings = describe(check_hex(text, session_, addresses()), load.sums_as_data);
     if (!findings.empty()) messages_.AddMessage(findings);
 }
 
-void HexLoader::load_words(std::string_view text) {
-    const auto load = load_word_image(text, form_.Combo_device.Text.get(), session_, addresses());
+HexLoad HexLoader::load_words(std::string_view text) {
+    auto load = load_word_image(text, form_.Combo_device.Text.get(), session_, addresses());
     if (!load.ok) {
         messages_.ShowMessage(hex_loader_text::kLoadFailed, hex_loader_text::kPerhapsPic18);
         session_.LoadResult = "NG";
-        return;
+        return load;
     }
     show_config(load);
     show_id_words();
     report(load, hex_loader_text::kLoaded);
+    return load;
 }
 
-void HexLoader::load_pic18_text(std::string_view text) {
-    const auto load = load_pic18(text, session_);
+HexLoad HexLoader::load_pic18_text(std::string_view text) {
+    auto load = load_pic18(text, session_);
     if (!load.ok) {
         messages_.ShowMessage(hex_loader_text::kLoadFailed);
         session_.LoadResult = "NG";
-        return;
+        return load;
     }
     show_config(load);
     show_pic18_id();
     report(load, pic18_report(load));
+    return load;
 }
 
 // Words from outside are shown as they are; else the catalogue's masks apply.

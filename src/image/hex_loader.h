@@ -38,13 +38,13 @@ class HexLoader {
 
   private:
     HexAddresses addresses() const;
-    void load_words(std::string_view text);
-    void load_pic18_text(std::string_view text);
+    HexLoad load_words(std::string_view text);
+    HexLoad load_pic18_text(std::string_view text);
     void show_config(const HexLoad& load);
     void show_id_words();
     std::string pic18_report(const HexLoad& load) const;
     void report(const HexLoad& load, std::string_view loaded);
-    void report_check(std::string_view text);
+    void report_check(std::string_view text, const HexLoad& load);
 
     Session& session_;
     MainForm& form_;

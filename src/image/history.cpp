@@ -14,6 +14,8 @@ namespace quillon {
 
 namespace {
 
+constexpr std::string_view kBetween = "    ";  // 4 blanks
+
 // Entries count from 1, as their settings do.
 std::string folder_key(std::size_t entry) { return fmt::format("OPEN_DIR{}", entry + 1); }
 std::string device_key(std::size_t entry) { return fmt::format("OPEN_Device{}", entry + 1); }
@@ -21,7 +23,7 @@ std::string device_key(std::size_t entry) { return fmt::format("OPEN_Device{}", 
 }  // namespace
 
 void FileHistory::add(std::string_view folder, std::string_view DeviceName, int device_index) {
-    const auto entry = fmt::format("{}    {}", lower(folder), DeviceName);  // 4 blanks
+    const auto entry = fmt::format("{}{}{}", lower(folder), kBetween, DeviceName);
     const bool stands = std::ranges::any_of(
         form_.nmuFile, [&](const MenuItem& item) { return item.Caption.get() == entry; });
     if (!stands) {
@@ -55,13 +57,23 @@ void FileHistory::restore() {
 }
 
 std::string FileHistory::folder(int n) const {
-    const auto& caption = form_.nmuFile.at(static_cast<std::size_t>(n - 1)).Caption.get();
+    const auto& caption = caption_of(n);
     const std::string words = trim(replace_all(caption, "=", " = "));
     return words.substr(0, words.find(' '));
 }
 
 int FileHistory::device_index(int n) const {
     return settings_.number(device_key(static_cast<std::size_t>(n - 1)), 0);
+}
+
+std::string FileHistory::device_name(int n) const {
+    const auto& caption = caption_of(n);
+    const auto blanks = caption.rfind(kBetween);
+    return blanks == std::string::npos ? "" : caption.substr(blanks + kBetween.size());
+}
+
+const std::string& FileHistory::caption_of(int n) const {
+    return form_.nmuFile.at(static_cast<std::size_t>(n - 1)).Caption.get();
 }
 
 void FileHistory::save() {

@@ -25,8 +25,11 @@ class FileHistory {
     // Entry n, 1 to 5. The folder is the caption's first word, as blanks and "=" end a word.
     std::string folder(int n) const;
     int device_index(int n) const;
+    // What stands behind the four blanks: the device that the entry shows.
+    std::string device_name(int n) const;
 
   private:
+    const std::string& caption_of(int n) const;
     void save();
     void show_entries();
 

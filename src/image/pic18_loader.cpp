@@ -32,13 +32,15 @@ class Pic18Image {
 
     bool has_config() const { return has_config_; }
     bool has_eeprom() const { return has_eeprom_; }
+    // Whether the last record's check sum was placed as the second byte of a pair.
+    bool sum_placed() const { return sum_placed_; }
 
   private:
     // Calls `store` with address and value of each byte, `step` bytes at a time: where one of them
     // is bad, none is stored.
     template <typename Store>
-    [[nodiscard]] static bool each_byte(const HexRecord& record, std::size_t start,
-                                        std::size_t step, Store store);
+    [[nodiscard]] bool each_byte(const HexRecord& record, std::size_t start, std::size_t step,
+                                 Store store);
 
     bool store_program(std::size_t address, std::uint8_t byte);
     bool store_id(std::size_t index, std::uint8_t byte);
@@ -49,6 +51,7 @@ class Pic18Image {
     unsigned upper_ = 0;
     bool has_config_ = false;
     bool has_eeprom_ = false;
+    bool sum_placed_ = false;
 };
 
 template <typename Store>
@@ -59,13 +62,16 @@ bool Pic18Image::each_byte(const HexRecord& record, std::size_t start, std::size
         const auto first = record.byte(kHexData + 2 * at);
         const auto last = record.byte(kHexData + 2 * (at + step - 1));
         if (!first || !last || !store(start + at, *first)) return false;
-        if (step == 2 && !store(start + at + 1, *last)) return false;
+        if (step == 1) continue;
+        if (!store(start + at + 1, *last)) return false;
+        if (at + 1 == bytes) sum_placed_ = true;
     }
     return true;
 }
 
 bool Pic18Image::place(const HexRecord& record) {
     const auto place = pic18_place(upper_, record.address());
+    sum_placed_ = false;
     const auto each = [&](std::size_t step, auto store) {
         return each_byte(record, static_cast<std::size_t>(place.index), step,
                          [&](std::size_t i, std::uint8_t byte) { return (this->*store)(i, byte); });
@@ -136,11 +142,11 @@ void Pic18Image::finish() {
     }
 }
 
-bool place_items(std::string_view text, Pic18Image& image, SkippedItems& skipped) {
+bool place_items(std::string_view text, Pic18Image& image, HexLoad& load) {
     HexItems items{text};
     for (std::size_t number = 1; const auto item = items.next(); ++number) {
         if (!item->starts_with(':')) {
-            skipped.add(number);
+            load.skipped.add(number);
             continue;
         }
         if (is_extended_address(*item)) {
@@ -151,7 +157,10 @@ bool place_items(std::string_view text, Pic18Image& image, SkippedItems& skipped
         }
         const auto record = HexRecord::parse(*item);
         if (!record) return false;
-        if (record->is_data() && !image.place(*record)) return false;
+        if (!record->is_data()) continue;
+        const bool placed = image.place(*record);
+        if (image.sum_placed()) load.sums_as_data.add(items.line());
+        if (!placed) return false;
     }
     return true;
 }
@@ -164,7 +173,7 @@ HexLoad load_pic18(std::string_view text, Session& session) {
     session.PgmWordsCat = 0;
     session.EepBytesCat = 0;
     session.IdText = "FFFF";
-    load.ok = place_items(text, image, load.skipped);
+    load.ok = place_items(text, image, load);
     if (load.ok) {
         image.finish();
     } else {

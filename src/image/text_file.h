@@ -20,6 +20,7 @@ struct [[nodiscard]] TextFile {
         NotReadable,  // missing, a folder, a device, or closed to this user
         TooLarge,     // above kMostTextBytes
         NotText,      // holds a NUL: a binary, or UTF-16
+        Changing,     // shrank or grew while it was read: half of it is no file to program
     };
     std::string text{};
     Problem problem = Problem::None;

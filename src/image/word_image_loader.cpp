@@ -33,6 +33,8 @@ class WordImage {
     // False for a fault.
     [[nodiscard]] bool place(const HexRecord& record);
     bool has_config() const { return has_config_; }
+    // Whether the last record's check sum was placed as its last word's high byte.
+    bool sum_placed() const { return sum_placed_; }
 
   private:
     // Calls `store` with offset, high and low byte of each file word; false where a digit is bad or
@@ -54,6 +56,7 @@ class WordImage {
     HexAddresses addresses_;
     std::uint32_t upper_ = 0;
     bool has_config_ = false;
+    bool sum_placed_ = false;
 };
 
 template <typename Store>
@@ -62,6 +65,7 @@ bool WordImage::each_word(const HexRecord& record, Store store) {
         const auto low = record.byte(kHexData + i);
         const auto high = record.byte(kHexData + i + 2);
         if (!low || !high || !store(static_cast<std::ptrdiff_t>(i / 2), *high, *low)) return false;
+        if (i + 2 == record.data_characters()) sum_placed_ = true;
     }
     return true;
 }
@@ -73,6 +77,7 @@ HexPlace WordImage::place_of(const HexRecord& record) const {
 
 bool WordImage::place(const HexRecord& record) {
     const auto [area, start] = place_of(record);
+    sum_placed_ = false;
     switch (area) {
         case HexArea::Program:
             return addresses_ == HexAddresses::Full ? place_full_program(record, start)
@@ -221,6 +226,7 @@ HexLoad load_word_image(std::string_view text, std::string_view device_shown, Se
         if (!record->is_data()) continue;
         const bool placed = image.place(*record);
         load.has_config = image.has_config();
+        if (image.sum_placed()) load.sums_as_data.add(items.line());
         if (!placed) return load;
     }
     fix_id_words(device_shown, session);

@@ -51,6 +51,7 @@ TEST_P(Menus, have_this_entry_with_its_text_and_key) {
 INSTANTIATE_TEST_SUITE_P(
     frmMain, Menus,
     testing::Values(Entry{"mnuFileOpen", "file", "HEXファイルを開く(&O)...", "Ctrl+O"},
+                    Entry{"mnuFileSave", "file", "HEXファイルを保存(&S)...", "Ctrl+S"},
                     Entry{"nmuHistryClear", "file", "履歴のクリア(&C)", ""},
                     Entry{"mnuLogFileOpen", "file", "ログファイルを開く(&L)", ""},
                     Entry{"exit", "file", "終了(&X)", "Ctrl+Q"},
@@ -66,6 +67,9 @@ INSTANTIATE_TEST_SUITE_P(
                           "プログラム時のブランクチェックをスキップ(Flashマイコンのみ)", ""},
                     Entry{"mnuLock", "option_menu",
                           "連続プログラムモード（ﾌﾟﾛｸﾞﾗﾑに不必要なﾎﾞﾀﾝを無効化）", ""},
+                    Entry{"HexFileCheck", "option_menu", "ロード時にHEXファイルを検査", ""},
+                    Entry{"HexUpperAddress", "option_menu",
+                          "HEXファイルの上位アドレスを使う(PIC12F1xxx,PIC16F1xxx)", ""},
                     Entry{"mnuBoardInfomation", "option_menu", "ボード情報ウインドウの表示", ""},
                     Entry{"mnuFrmmainHight", "option_menu", "ウインドウの高さを少し伸ばす", ""},
                     Entry{"mnuHelp", "help_menu", "ヘルプ(&H)", "F1"},

@@ -67,7 +67,9 @@ TEST(mnuFileSave_Click, needs_a_device) {
 TEST(mnuFileSave_Click, clears_what_stood_for_entry) {
     SaveBench bench;
     bench.form.TxtInit.Text.set("old");
+    bench.form.CmbInit.Items.set({"old"});
     bench.save("out.hex");
+    EXPECT_TRUE(bench.form.CmbInit.Items.get().empty());
     EXPECT_EQ(bench.form.TxtInit.Text.get(), "");
 }
 
@@ -120,6 +122,40 @@ TEST(mnuFileSave_Click, tells_why_a_file_cannot_be_written_and_leaves_all_as_it_
     EXPECT_FALSE(bench.store.read(Settings::kSection, "SAVE_DIR"));
 }
 
+TEST(mnuFileSave_Click, refuses_names_that_are_no_file) {
+    SaveBench bench;
+    EXPECT_EQ(bench.files.mnuFileSave_Click(""), Outcome::Failed);
+    EXPECT_TRUE(bench.shown.back().starts_with("red ファイルを保存できませんでした。|"));
+    bench.dialogs.answers = {BoxAnswer::Ok};
+    EXPECT_EQ(bench.files.mnuFileSave_Click(bench.folder.path()), Outcome::Failed);
+    EXPECT_EQ(bench.files.mnuFileSave_Click(bench.folder / "none/out.hex"), Outcome::Failed);
+    EXPECT_EQ(bench.session.HexFilePath, "");
+}
+
+TEST(mnuFileSave_Click, asks_for_the_device_before_the_name) {
+    SaveBench bench{""};
+    EXPECT_EQ(bench.save_by_dialog("out.hex"), Outcome::NoDevice);
+    EXPECT_TRUE(bench.dialogs.file_dialogs.empty());
+}
+
+TEST(mnuFileSave_Click, does_not_ask_to_replace_a_file_that_is_not_there) {
+    SaveBench bench;
+    EXPECT_EQ(bench.save("new.hex"), Outcome::Success);
+    EXPECT_TRUE(bench.dialogs.boxes.empty());
+    EXPECT_EQ(bench.save("new.hex"), Outcome::Cancelled);
+    EXPECT_EQ(bench.dialogs.boxes.size(), 1U);
+}
+
+TEST(mnuFileSave_Click, replaces_a_longer_file_whole) {
+    SaveBench bench;
+    bench.save("out.hex");
+    const auto whole = bench.folder.read("out.hex");
+    bench.folder.write("out.hex", whole + whole);
+    bench.dialogs.answers = {BoxAnswer::Ok};
+    ASSERT_EQ(bench.save("out.hex"), Outcome::Success);
+    EXPECT_EQ(bench.folder.read("out.hex"), whole);
+}
+
 TEST(mnuFileSave_Click, keeps_the_history_and_the_last_opened_file) {
     SaveBench bench;
     bench.open(data(0, {1, 2}) + test::kEndRecord, "in.hex");
@@ -145,18 +181,6 @@ TEST(mnuFileSave_Click, writes_what_is_read_back_equal) {
     EXPECT_EQ(bench.session.ConfigWord[1], 0x0500U);
     EXPECT_EQ(bench.form.Text_ID.Text.get(), "12345678");
     EXPECT_EQ(bench.shown.back().find("redファイル検査"), std::string::npos);
-}
-
-TEST(nmuFile_Click, refuses_an_entry_whose_device_the_list_no_longer_holds) {
-    SaveBench bench;
-    bench.form.nmuFile[0].Caption.set(bench.folder.path().string() + "    PIC99F99");
-    bench.store.write(Settings::kSection, "OPEN_Device1", "77");
-    bench.dialogs.chosen_file = bench.folder.write("a.hex", data(0, {1, 2}) + test::kEndRecord);
-    bench.files.nmuFile_Click(1);
-    EXPECT_TRUE(bench.dialogs.file_dialogs.empty());
-    EXPECT_EQ(bench.session.PgmMem[0], 0x3F);
-    EXPECT_EQ(bench.session.DeviceName, "PIC16F877A");
-    EXPECT_EQ(bench.shown, Shown{"red 履歴のデバイスがデバイスリストにありません。"});
 }
 
 }  // namespace quillon

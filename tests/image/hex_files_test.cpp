@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -132,6 +133,14 @@ TEST(mnuFileOpen_Click, tells_a_cancelled_dialog_as_a_file_that_is_not_there) {
     EXPECT_EQ(bench.session.HexFilePath, bench.path("work/a.hex"));
 }
 
+TEST(mnuFileOpen_Click, clears_the_image_before_it_asks_for_a_file) {
+    FilesBench bench;
+    bench.open(kWord);
+    EXPECT_EQ(bench.files.mnuFileOpen_Click(), Token::NG);
+    EXPECT_EQ(test::bytes_of(bench.session.PgmMem, 0, 1), "3FFF");
+    EXPECT_EQ(bench.form.Caption.get(), "a.hex  Quillon V4 V4.0.1  ");
+}
+
 TEST(mnuFileOpen_Click, refuses_what_is_no_HEX_text_and_keeps_the_current_file_and_its_settings) {
     struct Case {
         std::string name;
@@ -195,7 +204,12 @@ TEST(mnuFileOpen_Click, fails_for_a_PIC18_file_on_a_14_bit_device) {
 TEST(mnuFileOpen_Click, takes_an_empty_file_as_a_blank_image) {
     FilesBench bench;
     EXPECT_EQ(bench.open(""), Token::OK);
-    EXPECT_EQ(bench.shown.back(), "ファイルロード完了");
+    ASSERT_GE(bench.shown.size(), 2U);
+    EXPECT_EQ(bench.shown[bench.shown.size() - 2], "ファイルロード完了");
+    // It may be all that is left of a file.
+    EXPECT_EQ(
+        bench.shown.back(),
+        "red ファイル検査：終了レコードがありません（途中で切れたファイルの可能性があります）");
     EXPECT_EQ(bench.form.LblCheckSUM.Caption.get(), "E000");
 }
 
@@ -231,6 +245,22 @@ TEST(mnuFileOpen_Click, takes_the_last_of_several_names) {
     EXPECT_EQ(bench.session.DeviceName, "PIC16F84A");
 }
 
+TEST(mnuFileOpen_Click, selects_the_named_device_once) {
+    FilesBench bench;
+    bench.open(";PIC16F887\n" + kWord);
+    EXPECT_EQ(bench.session.DeviceName, "PIC16F887");
+    EXPECT_EQ(bench.dialogs.power_questions.size(), 1U);  // one for each selection of this part
+    EXPECT_EQ(bench.store["deviceNew"], "4");
+}
+
+TEST(mnuFileOpen_Click, loads_into_the_named_device_and_not_into_the_former_one) {
+    FilesBench bench;
+    bench.open(";PIC16F84A\n" + kWord);
+    EXPECT_EQ(std::ranges::count(bench.form.RichTxtPgmMem.Text.get(), '\n'), 128);
+    bench.open(";PIC18F2550\n" + data(0, {1, 2}));
+    EXPECT_EQ(bench.first_program_line().substr(0, 17), "000000: 0201 FFFF");
+}
+
 TEST(mnuFileOpen_Click, keeps_its_device_for_a_name_that_the_list_does_not_hold) {
     for (const auto* name : {"PIC99F1", "PIC16F84", "PIC16F84A\t", "PIC16F84A with words"}) {
         FilesBench bench;
@@ -255,9 +285,12 @@ TEST(mnuFileOpen_Click, trusts_a_compilers_output_and_ignores_the_comment) {
     bench.open(";PIC16F84A\n" + kWord);
     EXPECT_EQ(bench.session.DeviceName, "PIC16F877A");
     EXPECT_EQ(bench.shown.back(), "1行目はＨＥＸデータでないので読み飛ばしました。");
-    bench.store.write(Settings::kSection, "CCSC_option", "0");
-    bench.open(";PIC16F84A\n" + kWord);
-    EXPECT_EQ(bench.session.DeviceName, "PIC16F84A");
+    for (const auto* other : {"0", "2", "-1", "x", ""}) {
+        bench.form.Combo_device.select("PIC16F877A");
+        bench.store.write(Settings::kSection, "CCSC_option", other);
+        bench.open(";PIC16F84A\n" + kWord);
+        EXPECT_EQ(bench.session.DeviceName, "PIC16F84A") << other;
+    }
 }
 
 TEST(device_named_in, finds_the_mark_anywhere_in_an_item) {
@@ -328,97 +361,17 @@ TEST(mnuFileOpen_Click, enters_folder_and_device_in_the_history) {
     EXPECT_EQ(bench.store["OPEN_Device2"], "0");
 }
 
+TEST(mnuFileOpen_Click, enters_a_file_that_failed_to_load_too) {
+    FilesBench bench;
+    EXPECT_EQ(bench.open(data(0x5000, {1, 2}), "Work/a.hex"), Token::NG);
+    EXPECT_EQ(bench.form.nmuFile[0].Caption.get(), lower(bench.path("Work")) + "    PIC16F877A");
+}
+
 TEST(mnuFileOpen_Click, survives_settings_that_cannot_be_written) {
     FilesBench bench;
     bench.store.writable = false;
     EXPECT_EQ(bench.open(kWord), Token::OK);
     EXPECT_EQ(bench.session.PgmMem[0], 0x12);
-}
-
-TEST(open_directly, loads_the_file_at_hand_again_and_leaves_folder_and_history) {
-    FilesBench bench;
-    bench.open(kWord);
-    bench.folder.write("work/a.hex", data(0, {0x78, 0x16}));
-    const auto settings = bench.store.values;
-    bench.files.nmuHistryClear_Click();
-    bench.store.values = settings;
-    EXPECT_EQ(bench.files.open_directly(), Token::OK);
-    EXPECT_EQ(bench.session.PgmMem[0], 0x16);
-    EXPECT_TRUE(bench.dialogs.file_dialogs.empty());
-    EXPECT_EQ(bench.store.values, settings);
-    EXPECT_EQ(bench.form.nmuFile[0].Caption.get(), "");
-}
-
-TEST(open_directly, refuses_where_no_file_is_at_hand) {
-    FilesBench bench;
-    EXPECT_EQ(bench.files.open_directly(), Token::NG);
-    EXPECT_EQ(bench.shown.back(), "ファイルをオープンできませんでした。");
-}
-
-TEST(mnuFileDirectOpen, takes_the_command_lines_file_without_a_dialog) {
-    FilesBench bench;
-    bench.folder.write("Board.hex", ";PIC16F84A\n" + kWord);
-    bench.session.CommandLine = upper(bench.path("Board.hex"));
-    bench.store.write(Settings::kSection, "OPEN_DIR0", "/kept");
-    EXPECT_EQ(bench.files.mnuFileDirectOpen("/anywhere"), Token::OK);
-    EXPECT_TRUE(bench.dialogs.file_dialogs.empty());
-    EXPECT_EQ(bench.session.HexFilePath, bench.path("Board.hex"));
-    EXPECT_EQ(bench.form.Caption.get(), "Board.hex  Quillon V4 V4.0.1  ");
-    // No scan for a device, no history, no folder.
-    EXPECT_EQ(bench.session.DeviceName, "PIC16F877A");
-    EXPECT_EQ(bench.store["OPEN_DIR0"], "/kept");
-    EXPECT_EQ(bench.store["OPEN_DIR1"], "<none>");
-    EXPECT_EQ(bench.shown.back(), "1行目はＨＥＸデータでないので読み飛ばしました。");
-}
-
-TEST(mnuFileDirectOpen, asks_in_the_given_folder_where_the_command_line_names_none) {
-    FilesBench bench;
-    bench.dialogs.chosen_file = bench.folder.write("b.hex", kWord);
-    EXPECT_EQ(bench.files.mnuFileDirectOpen("/given"), Token::OK);
-    ASSERT_EQ(bench.dialogs.file_dialogs.size(), 1U);
-    EXPECT_EQ(bench.dialogs.file_dialogs[0].folder, "/given");
-    EXPECT_EQ(bench.dialogs.file_dialogs[0].filter, "Hex File|*.HEX|All Files|*.*|");
-    EXPECT_EQ(bench.dialogs.file_dialogs[0].default_extension, "hex");
-    bench.dialogs.chosen_file.reset();
-    EXPECT_EQ(bench.files.mnuFileDirectOpen("/given"), Token::NG);
-    EXPECT_EQ(bench.shown.back(), "ファイルをオープンできませんでした。");
-}
-
-TEST(mnuFileDirectOpen, needs_a_device) {
-    FilesBench bench{""};
-    EXPECT_EQ(bench.files.mnuFileDirectOpen("/given"), Token::NG);
-    EXPECT_TRUE(bench.dialogs.file_dialogs.empty());
-}
-
-TEST(nmuFile_Click, selects_the_entrys_device_and_asks_in_its_folder) {
-    FilesBench bench;
-    bench.open(";PIC18F2550\n" + data(0, {1, 2}), "Mixed/a.hex");
-    bench.form.Combo_device.select("PIC16F877A");
-    bench.dialogs.chosen_file = bench.folder.write("b.hex", data(0x4400, {3, 4}));
-    bench.files.nmuFile_Click(1);
-    EXPECT_EQ(bench.session.DeviceName, "PIC18F2550");
-    ASSERT_EQ(bench.dialogs.file_dialogs.size(), 1U);
-    // The entry is in lower case; the folder is found all the same.
-    EXPECT_EQ(bench.dialogs.file_dialogs[0].folder, bench.folder / "Mixed");
-    EXPECT_EQ(bench.session.PgmMem[0x4400], 4);
-}
-
-TEST(nmuFile_Click, keeps_the_device_where_the_entrys_place_is_beyond_the_list) {
-    FilesBench bench;
-    bench.open(kWord);
-    bench.store.write(Settings::kSection, "OPEN_Device1", "99");
-    bench.files.nmuFile_Click(1);
-    EXPECT_EQ(bench.session.DeviceName, "PIC16F877A");
-}
-
-TEST(nmuHistryClear_Click, empties_the_menu_and_the_settings) {
-    FilesBench bench;
-    bench.open(kWord);
-    bench.files.nmuHistryClear_Click();
-    EXPECT_FALSE(bench.form.nmuFile[0].Visible.get());
-    EXPECT_EQ(bench.store["OPEN_DIR1"], "");
-    bench.files.restore_history();
-    EXPECT_FALSE(bench.form.nmuFile[0].Visible.get());
 }
 
 }  // namespace quillon

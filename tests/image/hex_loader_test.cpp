@@ -44,8 +44,8 @@ TEST(HexLoader, has_no_result_while_it_runs) {
     std::vector<std::string> results;
     const auto watch = bench.messages.shown.connect(
         [&](const ShownMessage&) { results.push_back(bench.session.LoadResult); });
-    bench.load("");
-    bench.load("");
+    bench.load(test::kEndRecord);
+    bench.load(test::kEndRecord);
     EXPECT_EQ(results, (Shown{"", "", "OK", ""}));
 }
 
@@ -80,6 +80,16 @@ TEST(HexLoader, tells_the_findings_of_a_file_that_does_not_load_too) {
     bench.load(data(0x5000, {1, 2}));
     ASSERT_EQ(bench.shown.size(), 3U);
     EXPECT_TRUE(bench.shown[2].starts_with("red ファイル検査：デバイスの範囲外のデータが1バイト"));
+}
+
+TEST(HexLoader, tells_check_sums_that_became_data_as_an_assemblers_odd_records_bring_them) {
+    Bench bench{"PIC18F2550"};
+    bench.load(":020000040020DA\n:0100000012ED\n:0200000400F00A\n:03000000010203F7\n:00000001FF\n");
+    EXPECT_EQ(bench.shown.back(),
+              "red ファイル検査："
+              "チェックサムまでデータとして読まれた奇数バイトのレコードが2件（最初は2行目）");
+    EXPECT_EQ(test::bytes_of(bench.session.EepMem, 0, 3), "010203F7");
+    EXPECT_EQ(bench.form.Text_ID.Text.get().substr(0, 2), "2D");
 }
 
 TEST(HexLoader, warns_of_a_file_that_may_have_been_cut_off) {

@@ -133,6 +133,15 @@ TEST(FileHistory, reads_an_entrys_device_from_the_settings) {
     EXPECT_EQ(bench.history.device_index(2), 0);
 }
 
+TEST(FileHistory, knows_the_device_that_an_entry_shows) {
+    Bench bench;
+    bench.history.add("/my    work", "PIC16F877A", 3);
+    EXPECT_EQ(bench.history.device_name(1), "PIC16F877A");
+    EXPECT_EQ(bench.history.device_name(2), "");
+    bench.form.nmuFile[1].Caption.set("/no/device");
+    EXPECT_EQ(bench.history.device_name(2), "");
+}
+
 TEST(FileHistory, stays_usable_where_the_settings_cannot_be_written) {
     Bench bench;
     bench.store.writable = false;

@@ -87,6 +87,17 @@ TEST(Pic18Loader, reads_the_check_sum_as_data_for_an_odd_count_of_ID_or_EEPROM_b
     EXPECT_EQ(bytes_of(session->PgmMem, 0, 1), "FF11");
 }
 
+TEST(Pic18Loader, notes_records_whose_check_sum_became_data) {
+    auto session = pic18();
+    const auto bytewise = data(0, {1}) + upper_address(0x30) + data(0, {1});
+    EXPECT_EQ(load_pic18(bytewise, *session).sums_as_data.count, 0U);
+    const auto text = bytewise + upper_address(0x20) + data(0, {1}) + upper_address(0xF0) +
+                      data(0, {1, 2}) + data(2, {3}) + upper_address(0x50) + data(0, {1});
+    const auto found = load_pic18(text, *session).sums_as_data;
+    EXPECT_EQ(found.count, 2U);
+    EXPECT_EQ(found.first_line, 5U);
+}
+
 TEST(Pic18Loader, makes_words_of_the_configuration_bytes_by_the_catalogues_masks) {
     auto session = pic18();
     session->ConfigMask = {0, 0xFFFF, 0x00FF, 0xFFFF, 0xFFFF, 0xFFFF, 0xFFFF, 0xFFFF};

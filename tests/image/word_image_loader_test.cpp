@@ -293,6 +293,27 @@ TEST(WordImageLoader, keeps_only_meaningful_bits_of_a_12C5_word_with_bit_3_clear
     EXPECT_EQ(other->ConfigWord[1], 0x0FF7U);
 }
 
+TEST(WordImageLoader, asks_bit_3_of_a_12C5_word_after_the_catalogues_masks) {
+    auto session = device("12C5", "PIC12C508", 512);
+    session->ConfigMask[1] = 0x0FF7;
+    ASSERT_TRUE(load(*session, data(0x1FFE, {0xFF, 0x0F})).ok);
+    EXPECT_EQ(bytes_of(session->CfgIdMem, 14, 15), "0017");
+    session->ConfigForce[1] = 0x0008;
+    ASSERT_TRUE(load(*session, data(0x1FFE, {0xF7, 0x0F})).ok);
+    EXPECT_EQ(bytes_of(session->CfgIdMem, 14, 15), "0FFF");
+}
+
+TEST(WordImageLoader, notes_records_whose_check_sum_became_data) {
+    auto session = flash();
+    EXPECT_EQ(load(*session, data(0, {1, 2}) + data(0x4200, {1})).sums_as_data.count, 0U);
+    const auto text = ";\n" + data(0x10, {1, 2, 3}) + data(0x4010, {1}) + data(0x8200, {1}) +
+                      data(0x4000, Bytes(9, 1)) + data(0x4002, {1, 2});
+    const auto found = load(*session, text).sums_as_data;
+    EXPECT_EQ(found.count, 3U);
+    EXPECT_EQ(found.first_line, 2U);
+    EXPECT_EQ(session->PgmMem[0x12], 0xE7);
+}
+
 TEST(WordImageLoader, takes_1FFE_as_configuration_and_program_of_the_12_bit_types_alone) {
     for (const auto* type : {"5F18", "10F2", "5F28", "5X18", "5X28", "12C5"}) {
         auto session = device(type, "PIC", 512);

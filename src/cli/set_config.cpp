@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "cli/set_image.h"
+#include "cli/set_config.h"
 
 #include <fmt/format.h>
 
 #include "app/text.h"
 #include "cli/cli_texts.h"
-#include "image/fill.h"
-#include "image/id_words.h"
 
 namespace quillon::cli {
 
@@ -58,39 +56,6 @@ std::optional<std::string> set_field(Run& run, int n, std::string_view field,
 }
 
 }  // namespace
-
-bool set_id_digits(Run& run, std::string_view text) {
-    auto& session = run.session;
-    const bool pic18 = is_pic18_flash(session.PgmType);
-    if (text.size() != (pic18 ? 8U : 4U) || !hex_value(text)) return false;
-    const auto digits = upper(text);
-    for (std::size_t i = 0; i < digits.size(); ++i) {
-        const auto digit = static_cast<std::uint8_t>(hex_digit(digits[i]).value_or(0));
-        if (pic18) {
-            // The upper half of an ID location is all ones: executed, it is a NOP.
-            session.IdBytes18[i] = static_cast<std::uint8_t>(0xF0 | digit);
-        } else {
-            session.CfgIdMem[2 * i] = 0;
-            session.CfgIdMem[2 * i + 1] = digit;
-        }
-    }
-    if (!pic18) fix_id_words(session.DeviceName, session);
-    session.IdText = digits;
-    run.views.ShowConfigSummary();
-    run.form.Text_ID.Text.set(digits);
-    return true;
-}
-
-bool set_id_word(Run& run, int n, std::string_view text) {
-    const auto value = hex_value(text);
-    if (text.size() != 4 || !value || *value > 0x3FFF) return false;
-    const auto word = static_cast<std::size_t>(n - 1);
-    run.session.CfgIdMem[2 * word] = static_cast<std::uint8_t>(*value >> 8);
-    run.session.CfgIdMem[2 * word + 1] = static_cast<std::uint8_t>(*value & 0xFF);
-    run.views.ShowConfigSummary();
-    run.session.IdText = run.form.Text_ID.Text.get();
-    return true;
-}
 
 std::optional<std::string> set_config(Run& run, int n, std::string_view value) {
     const auto name = fmt::format("CONFIG{}", n);

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// A program of this folder, assembled by gpasm when the test runs: its HEX file and its listing.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <string_view>
+
+namespace quillon::test {
+
+// What stands where in a HEX file: bytes by their full byte address.
+using FileBytes = std::map<std::uint32_t, std::uint8_t>;
+
+struct Assembled {
+    bool ok = false;  // false where gpasm isn't there, or has an error to tell
+    std::filesystem::path hex;
+    // The words of the listing, from its columns of addresses and object code. EEPROM is left out:
+    // this assembler's listing counts its cells in bytes.
+    FileBytes listing;
+};
+
+// Assembles `name`.asm into `folder`. A PIC18's listing gives byte addresses, any other word
+// addresses.
+Assembled assemble(std::string_view name, const std::filesystem::path& folder, bool pic18);
+
+// The data records of a HEX file, whose check sums must be right: read by the records alone, with
+// nothing of the programs under test. Empty where one of them is no sound record, or where a byte
+// is written twice.
+FileBytes bytes_of_hex(const std::filesystem::path& path);
+
+}  // namespace quillon::test
