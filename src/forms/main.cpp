@@ -19,6 +19,7 @@
 #include "forms/small_form_texts.h"
 #include "forms/theme.h"
 #include "forms/window_options.h"
+#include "platform/deferred_settings.h"
 #include "platform/host_ports.h"
 #include "platform/ini_settings_store.h"
 #include "platform/qt_host.h"
@@ -100,7 +101,8 @@ int run_window(const WindowOptions& options, const std::string& tail) {
     QtHost::Folders folders;
     if (options.home) folders.home = *options.home;
     QtHost host{QtHost::Interface::Window, folders};
-    IniSettingsStore saved{folders.home};
+    IniSettingsStore file{folders.home};
+    DeferredSettings saved{file};
     Ports ports{options, saved, host};
     ChosenPort store{saved, ports.number};
     QtDialogs dialogs;

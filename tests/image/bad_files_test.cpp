@@ -15,6 +15,7 @@
 
 #include "image/files_bench.h"
 #include "image/text_file.h"
+#include "support/ordinary_user.h"
 
 namespace quillon {
 
@@ -65,20 +66,6 @@ struct BadFileBench : FilesBench {
     }
 };
 
-// A user who may not read all files. The superuser steps down for as long as this lives.
-class OrdinaryUser {
-  public:
-    OrdinaryUser() : stepped_down_{::geteuid() == 0 && ::seteuid(65534) == 0} {}
-    ~OrdinaryUser() {
-        if (stepped_down_ && ::seteuid(0) != 0) std::abort();
-    }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-  private:
-    bool stepped_down_;
-};
-
 // UTF-16 of an ASCII text.
 std::string utf16(std::string_view text, bool big_endian, bool mark) {
     const auto unit = [big_endian](char high, char low) {
@@ -119,7 +106,7 @@ TEST(bad_file, that_is_closed_to_the_user_is_refused) {
     fs::permissions(path, fs::perms::none);
     Token result = Token::OK;
     {
-        const OrdinaryUser user;
+        const test::OrdinaryUser user;
         result = bench.files.mnuFileOpen_Click(path);
     }
     EXPECT_EQ(result, Token::NG);
