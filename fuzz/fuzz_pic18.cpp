@@ -35,6 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     require(session.EepBytesCat >= 0 && session.EepBytesCat <= session.EepBytes);
     require(!loaded.has_eeprom || !loaded.ok || session.EepBytesCat > 0);
     fuzz::check_findings(text, session, HexAddresses::Folded);
+    require(loaded.sums_as_data.count <= text.size());
     if (!loaded.ok) return 0;
     const fuzz::Content content{session};
     const auto words = session.ConfigWord;

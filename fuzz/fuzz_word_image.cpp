@@ -38,6 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const auto loaded = load(text, session, device.addresses);
     require(session.PgmWordsCat == session.PgmWords);
     fuzz::check_findings(text, session, device.addresses);
+    require(loaded.sums_as_data.count <= text.size());
     if (!loaded.ok) return 0;
     require(session.ConfigWord[1] <= 0x3FFF);
     const fuzz::Content content{session};

@@ -14,8 +14,6 @@
 #include "image/fill.h"
 #include "image/hex_files_texts.h"
 #include "image/hex_items.h"
-#include "image/hex_writer.h"
-#include "image/hex_zones.h"
 #include "image/text_file.h"
 
 namespace quillon {
@@ -186,54 +184,6 @@ void HexFiles::take_as_current(const fs::path& path) {
 
 void HexFiles::show_name(const fs::path& path) {
     form_.Caption.set(fmt::format("{}  {}", text_of(path.filename()), session_.MainTitle));
-}
-
-Outcome HexFiles::mnuFileSave_Click(std::optional<fs::path> chosen) {
-    form_.CmbInit.clear();
-    form_.TxtInit.Text.set("");
-    if (selection_.Mcu_Selected_Check() != Token::OK) return Outcome::NoDevice;
-    if (!chosen)
-        chosen = dialogs_.file({.kind = FileDialog::Kind::Save,
-                                .folder = path_of(settings_.text("SAVE_DIR")),
-                                .filter = std::string{hex_files_text::kSaveFilter},
-                                .default_extension = "Hex"});
-    if (!chosen || !may_replace(*chosen)) {
-        messages_.ShowMessage(hex_files_text::kSaveCancelled);
-        return Outcome::Cancelled;
-    }
-    std::error_code error;
-    const fs::path whole = fs::absolute(*chosen, error);
-    const fs::path path = error ? *chosen : whole;
-    const auto text = hex_text(session_, form_.Combo_device.Text.get(),
-                               hex_addresses(form_, session_.DeviceName));
-    if (const auto problem = host_.write_file(path, text)) {
-        messages_.ShowMessage(hex_files_text::kNotSaved, *problem);
-        return Outcome::Failed;
-    }
-    take_as_saved(path);
-    return Outcome::Success;
-}
-
-bool HexFiles::may_replace(const fs::path& path) {
-    std::error_code error;
-    if (!fs::exists(path, error)) return true;
-    return dialogs_.box({.title = std::string{hex_files_text::kReplaceTitle},
-                         .text = std::string{hex_files_text::kReplace},
-                         .icon = BoxIcon::Question,
-                         .buttons = BoxButtons::OkCancel,
-                         .name = "replace"}) == BoxAnswer::Ok;
-}
-
-void HexFiles::take_as_saved(const fs::path& path) {
-    session_.HexFilePath = text_of(path);
-    show_name(path);
-    settings_.save("SAVE_DIR", text_of(path.parent_path()));
-    messages_.ShowMessage(text_of(path.filename()) + std::string{hex_files_text::kSaved});
-    // What was written stands where the reader, as it is set, finds something else.
-    if (form_.HexFileCheck.Checked.get() && has_full_addresses(session_.DeviceName) &&
-        hex_addresses(form_, session_.DeviceName) == HexAddresses::Folded &&
-        program_span(session_) > kFoldedProgramBytes)
-        messages_.AddMessage(hex_files_text::kSavedFolded);
 }
 
 // The whole file is read once: its scan and its load see the same text, and nothing is changed for

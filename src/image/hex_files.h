@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The Open sequence: a HEX file is chosen, its ";PIC" comment may select a device, it is loaded.
+// The Open and Save commands: a HEX file is chosen, its ";PIC" comment may select a device, it is
+// loaded; the image is written to one.
 //
 // The device is selected once more before anything else, which clears the image: a load never lands
 // on an older file's data. A file that can't be read is refused before the current file, the
