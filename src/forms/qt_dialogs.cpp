@@ -15,6 +15,7 @@
 #include "forms/frmHint.h"
 #include "forms/frmIndex.h"
 #include "forms/small_form_texts.h"
+#include "image/file_names.h"
 
 namespace quillon {
 
@@ -101,6 +102,13 @@ BoxAnswer QtDialogs::box(const MessageBox& asked) {
     return choices.back().first;
 }
 
+// Where no folder was used yet: beside the file at hand, else among the user's documents.
+std::filesystem::path QtDialogs::start_folder(const FileDialog& dialog) const {
+    if (!dialog.folder.empty() || run_ == nullptr) return dialog.folder;
+    const auto at_hand = path_of(run_->session.HexFilePath).parent_path();
+    return at_hand.empty() ? run_->host.documents_folder() : at_hand;
+}
+
 std::optional<std::filesystem::path> QtDialogs::file(const FileDialog& dialog) {
     QFileDialog shown{owner()};
     shown.setObjectName("file_dialog");
@@ -109,7 +117,7 @@ std::optional<std::filesystem::path> QtDialogs::file(const FileDialog& dialog) {
     // The Save command asks itself before it replaces a file.
     shown.setOption(QFileDialog::DontConfirmOverwrite);
     shown.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    shown.setDirectory(q(dialog.folder.string()));
+    shown.setDirectory(q(start_folder(dialog).string()));
     shown.setNameFilter(qt_filter(dialog.filter));
     if (!dialog.default_extension.empty()) shown.setDefaultSuffix(q(dialog.default_extension));
     if (!dialog.initial_name.empty()) shown.selectFile(q(dialog.initial_name));

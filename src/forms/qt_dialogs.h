@@ -29,6 +29,7 @@ class QtDialogs : public Dialogs {
 
   private:
     QWidget* owner() const;
+    std::filesystem::path start_folder(const FileDialog& dialog) const;
 
     Run* run_ = nullptr;
     QWidget* owner_ = nullptr;

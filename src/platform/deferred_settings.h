@@ -2,9 +2,9 @@
 // A settings store that never makes the window wait for the disk.
 //
 // A saved value is flushed to the disk before the store's write returns, which takes milliseconds
-// and, where the disk is busy, a second. Here a thread of its own does that: values are read back at
-// once, and written in the order in which they were saved, all before this object ends. Of several
-// values of one key that wait, the last is written.
+// and, where the disk is busy, a second. Here a thread of its own does that: values are read back
+// at once, and written in the order in which they were saved, all before this object ends. Of
+// several values of one key that wait, the last is written.
 #pragma once
 
 #include <chrono>

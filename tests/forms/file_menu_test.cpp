@@ -39,6 +39,21 @@ TEST_F(file_menu, saves_by_the_button) {
     EXPECT_TRUE(file_line().starts_with("out.hex   20")) << file_line();
 }
 
+TEST_F(file_menu, asks_among_the_documents_or_beside_the_file_where_nothing_was_saved_yet) {
+    const auto cancel_in = [](const std::string& wanted) {
+        return [wanted](QWidget& form) {
+            auto& dialog = dynamic_cast<QFileDialog&>(form);
+            EXPECT_EQ(dialog.directory().absolutePath().toStdString(), wanted);
+            dialog.reject();
+        };
+    };
+    user.will(cancel_in(folder.path().string()));
+    trigger("mnuFileSave");
+    open(hex("one/a.hex"));
+    user.will(cancel_in(path("one")));
+    trigger("mnuFileSave");
+}
+
 TEST_F(file_menu, asks_for_a_name_in_the_folder_of_the_last_save_and_adds_the_extension) {
     fs::create_directory(folder / "saved");
     store.write(Settings::kSection, "SAVE_DIR", path("saved"));
