@@ -13,21 +13,27 @@ target_include_directories(quillon_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 add_library(quillon_fmt INTERFACE)
 target_link_libraries(quillon_fmt INTERFACE fmt::fmt)
 
-# quillon_library(NAME SOURCES a.cpp ... LINK target ...): one static library, its arrows in LINK.
+# quillon_library(NAME SOURCES a.cpp ... LINK target ... PRECOMPILE header ...): one static library,
+# its arrows in LINK.
 function(quillon_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRECOMPILE" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC quillon_options quillon_fmt ${ARG_LINK})
+    if(ARG_PRECOMPILE)
+        target_precompile_headers(${name} PRIVATE ${ARG_PRECOMPILE})
+    endif()
 endfunction()
 
-# quillon_add_test(NAME SOURCES a.cpp ... LINK target ...): a GoogleTest program, each test known to ctest.
+# quillon_add_test(NAME SOURCES a.cpp ... LINK target ... PRECOMPILE header ...): a GoogleTest program,
+# each test known to ctest. PRECOMPILE: what all its sources include and takes long to compile.
 function(quillon_add_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRECOMPILE" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE quillon_options quillon_fmt ${ARG_LINK} GTest::gtest_main)
     # The framework's headers cost more than most tests, and checking the tests' own arithmetic for
     # undefined behaviour more than it tells.
-    target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <fmt/format.h> <string> <vector>)
+    target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <fmt/format.h> <string> <vector>
+        ${ARG_PRECOMPILE})
     target_compile_options(${name} PRIVATE -O0 -fno-sanitize=undefined)
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
 endfunction()
