@@ -12,6 +12,7 @@
 #include "image/fill.h"
 #include "image/hex_check.h"
 #include "image/hex_loader_texts.h"
+#include "image/id_words.h"
 #include "image/pic18_loader.h"
 #include "image/word_image_loader.h"
 
@@ -93,9 +94,7 @@ void HexLoader::show_id_words() {
 }
 
 void HexLoader::show_pic18_id() {
-    std::string digits;
-    for (const auto byte : session_.IdBytes18) digits += hex(byte & 0x0FU, 1);
-    form_.Text_ID.Text.set(digits);
+    form_.Text_ID.Text.set(pic18_id_digits(session_));
 }
 
 std::string HexLoader::pic18_report(const HexLoad& load) const {

@@ -87,10 +87,7 @@ void IdEntry::drop_unfinished() {
 
 void IdEntry::show() {
     views_.ShowConfigSummary();
-    if (!is_pic18_flash(session_.PgmType)) return;
-    std::string shown;
-    for (const auto byte : session_.IdBytes18) shown += hex(byte & 0x0FU, 1);
-    form_.Text_ID.Text.set(shown);
+    if (is_pic18_flash(session_.PgmType)) form_.Text_ID.Text.set(pic18_id_digits(session_));
 }
 
 }  // namespace quillon

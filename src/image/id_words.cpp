@@ -130,6 +130,12 @@ bool is_own_id_address(const DeviceRecord& device, unsigned address) {
     });
 }
 
+std::string pic18_id_digits(const Session& session) {
+    std::string digits;
+    for (const auto byte : session.IdBytes18) digits += hex(byte & 0x0FU, 1);
+    return digits;
+}
+
 bool has_id_with_bit_7(std::string_view device_shown) {
     return std::ranges::find(kIdWithBit7, device_shown) != kIdWithBit7.end();
 }

@@ -2,6 +2,7 @@
 // How an ID record becomes the ID words, by type and by device.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "app/session.h"
@@ -16,6 +17,9 @@ namespace quillon {
 bool is_own_id_address(const DeviceRecord& device, unsigned address);
 // A record there: four digits, one from each word. False as above.
 [[nodiscard]] bool take_id_digits(const HexRecord& record, Session& session);
+
+// Text_ID of a PIC18 flash part: the low digits of its eight ID bytes.
+std::string pic18_id_digits(const Session& session);
 
 // The devices, by their name in Combo_device, whose ID words hold a digit under bit 7.
 bool has_id_with_bit_7(std::string_view device_shown);
