@@ -18,7 +18,6 @@ namespace quillon {
 
 namespace {
 
-constexpr unsigned kConfig12bit = 0x1FFE;
 constexpr unsigned kBehindFirst64K = 2;
 // Four ID words, and the words behind them up to the last that a saved file holds.
 constexpr std::ptrdiff_t kCfgIdBytes = 32;
@@ -173,8 +172,8 @@ bool Checker::is_blank(const HexRecord& record, std::size_t at) const {
 
 // ID and configuration of the 12-bit parts stand in the program's address space.
 bool Checker::is_own_word_12bit(const HexRecord& record) const {
-    return is_12bit(device_.PgmType) &&
-           (record.address() == kConfig12bit || is_own_id_address(device_, record.address()));
+    return is_12bit(device_.PgmType) && (record.address() == kConfig12bitAddress ||
+                                         is_own_id_address(device_, record.address()));
 }
 
 HexCheck Checker::result() const {

@@ -93,9 +93,7 @@ void HexLoader::show_id_words() {
     about_.Label_ID_Word.Caption.set("OPEN:" + words);
 }
 
-void HexLoader::show_pic18_id() {
-    form_.Text_ID.Text.set(pic18_id_digits(session_));
-}
+void HexLoader::show_pic18_id() { form_.Text_ID.Text.set(pic18_id_digits(session_)); }
 
 std::string HexLoader::pic18_report(const HexLoad& load) const {
     return fmt::format(hex_loader_text::kLoadedPic18, last_digits(session_.PgmWordsCat * 2 - 1, 5),

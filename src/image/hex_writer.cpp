@@ -119,7 +119,7 @@ std::string word_image_text(const Session& session, std::string_view device_show
     text.lines(0x8000, eeprom_span(session), cells(session));
     id_line(text, 0x4000, session, device_shown);
     if (is_12bit(session.PgmType)) {
-        text.record(kData, 0x1FFE, {area[15], area[14]});
+        text.record(kData, kConfig12bitAddress, {area[15], area[14]});
     } else {
         text.record(kData, 0x400E, {area[15], area[14]});
         text.lines(0x4010, kLine, swapped(area.subspan(16)));

@@ -43,6 +43,9 @@ HexPlace pic18_place(unsigned upper, unsigned address);
 inline constexpr std::uint32_t kFullIdAddress = 0x10000;
 inline constexpr std::uint32_t kFullEepromAddress = 0x1E000;
 
+// The configuration word of the 12-bit parts, in the program's zone.
+inline constexpr unsigned kConfig12bitAddress = 0x1FFE;
+
 // Bytes of program that a folded file has room for.
 inline constexpr std::size_t kFoldedProgramBytes = 0x4000;
 

@@ -18,7 +18,6 @@ namespace quillon {
 
 namespace {
 
-constexpr unsigned kConfig12bit = 0x1FFE;
 // Configuration words 1 to 7 in CfgIdMem.
 constexpr std::ptrdiff_t kFirstConfig = 14;
 constexpr std::ptrdiff_t kLastConfig = 27;
@@ -100,7 +99,7 @@ bool WordImage::place(const HexRecord& record) {
 
 bool WordImage::place_program(const HexRecord& record) {
     if (is_12bit(session_.PgmType)) {
-        if (record.address() == kConfig12bit && !place_config_12bit(record)) return false;
+        if (record.address() == kConfig12bitAddress && !place_config_12bit(record)) return false;
         if (is_own_id_address(session_, record.address()) && !take_id_digits(record, session_))
             return false;
     }
