@@ -200,6 +200,7 @@ TEST(hex_text, tells_the_next_64_K_right_behind_the_line_at_FFF0) {
             << words;
         if (next > 0) {
             const auto at = index_of(lines, ":020000040001F9");
+            ASSERT_LT(at + 1, lines.size()) << words;
             EXPECT_EQ(lines[at - 1].substr(0, 9), ":10FFF000");
             EXPECT_EQ(lines[at + 1].substr(0, 9), words == 32768 ? ":02000004" : ":10000000");
         }
