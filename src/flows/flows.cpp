@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "engine/flows.h"
+#include "flows/flows.h"
 
 #include "app/buttons.h"
-#include "engine/flow_texts.h"
+#include "flows/flow_texts.h"
 #include "image/fill.h"
 
 namespace quillon {

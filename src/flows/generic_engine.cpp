@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "engine/generic_engine.h"
+#include "flows/generic_engine.h"
 
 #include <algorithm>
 #include <array>

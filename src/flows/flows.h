@@ -6,10 +6,10 @@
 #include <string_view>
 
 #include "app/outcome.h"
-#include "engine/generic_engine.h"
 #include "families/context.h"
 #include "families/dispatch.h"
 #include "families/family.h"
+#include "flows/generic_engine.h"
 
 namespace quillon {
 
