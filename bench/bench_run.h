@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "app/host.h"
-#include "app/run.h"
-#include "app/start_up.h"
 #include "board/target_facts.h"
+#include "run/run.h"
+#include "run/start_up.h"
 #include "support/fakes.h"
 
 namespace quillon::bench {

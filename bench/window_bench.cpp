@@ -13,14 +13,14 @@
 #include <memory>
 #include <string>
 
-#include "app/run.h"
-#include "app/start_up.h"
 #include "board/board.h"
 #include "board/in_process_port.h"
 #include "forms/frmMain.h"
 #include "forms/theme.h"
 #include "platform/deferred_settings.h"
 #include "platform/ini_settings_store.h"
+#include "run/run.h"
+#include "run/start_up.h"
 #include "support/fakes.h"
 
 namespace {

@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "app/start_up.h"
 #include "cli/cli_texts.h"
 #include "cli/dump.h"
 #include "cli/set_controls.h"
 #include "families/dispatch.h"
+#include "run/start_up.h"
 
 namespace quillon::cli {
 

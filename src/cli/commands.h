@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "app/run.h"
 #include "cli/events.h"
 #include "cli/exit_status.h"
 #include "cli/options.h"
 #include "cli/ports.h"
 #include "platform/qt_host.h"
+#include "run/run.h"
 
 namespace quillon::cli {
 

@@ -7,7 +7,6 @@
 #include <optional>
 #include <string>
 
-#include "app/run.h"
 #include "board/board.h"
 #include "board/time_source.h"
 #include "cli/options.h"
@@ -15,6 +14,7 @@
 #include "link/serial_port.h"
 #include "platform/host_ports.h"
 #include "platform/qt_host.h"
+#include "run/run.h"
 
 namespace quillon::cli {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/run.h"
+#include "run/run.h"
 
 namespace quillon::cli {
 

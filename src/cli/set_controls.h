@@ -10,8 +10,8 @@
 #include <span>
 #include <string>
 
-#include "app/run.h"
 #include "cli/options.h"
+#include "run/run.h"
 
 namespace quillon::cli {
 

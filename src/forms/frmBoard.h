@@ -7,8 +7,8 @@
 
 #include <QDialog>
 
-#include "app/run.h"
 #include "forms/binders.h"
+#include "run/run.h"
 
 namespace quillon {
 

@@ -4,8 +4,8 @@
 
 #include <QDialog>
 
-#include "app/device_select_form.h"
 #include "forms/binders.h"
+#include "run/device_select_form.h"
 
 namespace quillon {
 

@@ -10,8 +10,8 @@
 #include <functional>
 #include <memory>
 
-#include "app/run.h"
 #include "forms/binders.h"
+#include "run/run.h"
 
 class QLabel;
 class QPushButton;

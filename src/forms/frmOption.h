@@ -5,8 +5,8 @@
 #include <QDialog>
 #include <functional>
 
-#include "app/option_form.h"
 #include "forms/binders.h"
+#include "run/option_form.h"
 
 namespace quillon {
 

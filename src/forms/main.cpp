@@ -10,8 +10,6 @@
 #include <memory>
 
 #include "app/product.h"
-#include "app/run.h"
-#include "app/start_up.h"
 #include "forms/chosen_port.h"
 #include "forms/frmMain.h"
 #include "forms/qt_dialogs.h"
@@ -26,6 +24,8 @@
 #include "platform/qt_serial_port.h"
 #include "platform/quit_signals.h"
 #include "platform/single_instance.h"
+#include "run/run.h"
+#include "run/start_up.h"
 
 namespace {
 

@@ -8,7 +8,6 @@
 #include <QPushButton>
 #include <QStringList>
 
-#include "app/run.h"
 #include "forms/Frm_VPP_DECIDE.h"
 #include "forms/binders.h"
 #include "forms/frmDeviceSelect.h"
@@ -16,6 +15,7 @@
 #include "forms/frmIndex.h"
 #include "forms/small_form_texts.h"
 #include "image/file_names.h"
+#include "run/run.h"
 
 namespace quillon {
 

@@ -5,10 +5,10 @@
 
 #include <string>
 
-#include "app/run.h"
 #include "board/board.h"
 #include "board/in_process_port.h"
 #include "board/time_source.h"
+#include "run/run.h"
 
 namespace quillon {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A part programmed from the image, with no trouble: every exchange, message and pause.
-#include "app/start_up.h"
 #include "program_lines.h"
+#include "run/start_up.h"
 
 namespace quillon::test {
 

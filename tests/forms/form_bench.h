@@ -9,12 +9,12 @@
 #include <memory>
 #include <string>
 
-#include "app/run.h"
-#include "app/start_up.h"
 #include "board/in_process_port.h"
 #include "board/session_facts.h"
 #include "forms/frmMain.h"
 #include "forms/simulated_socket.h"
+#include "run/run.h"
+#include "run/start_up.h"
 #include "support/fakes.h"
 
 namespace quillon::test {

@@ -18,7 +18,6 @@
 #include <fstream>
 #include <memory>
 
-#include "app/start_up.h"
 #include "board/session_facts.h"
 #include "forms/Frm_VPP_DECIDE.h"
 #include "forms/binders.h"
@@ -33,6 +32,7 @@
 #include "forms/simulated_socket.h"
 #include "forms/theme.h"
 #include "platform/qt_host.h"
+#include "run/start_up.h"
 #include "support/fakes.h"
 
 namespace {

@@ -11,9 +11,9 @@
 #include <map>
 #include <utility>
 
-#include "app/start_up.h"
 #include "app/text.h"
 #include "board/target_facts.h"
+#include "run/start_up.h"
 
 namespace quillon::test {
 

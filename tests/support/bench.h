@@ -16,10 +16,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/run.h"
 #include "board/board.h"
 #include "board/in_process_port.h"
 #include "board/time_source.h"
+#include "run/run.h"
 #include "support/fakes.h"
 #include "support/message_log.h"
 

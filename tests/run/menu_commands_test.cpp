@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/menu_commands.h"
+#include "run/menu_commands.h"
 
 #include "start_up_bench.h"
 

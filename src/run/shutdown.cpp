@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "app/start_up.h"
+#include "run/start_up.h"
 
 namespace quillon {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "app/menu_commands.h"
+#include "run/menu_commands.h"
 
 #include <string>
 
 #include "app/buttons.h"
-#include "app/menu_texts.h"
 #include "app/operation_log.h"
-#include "app/run.h"
 #include "link/link_texts.h"
+#include "run/menu_texts.h"
+#include "run/run.h"
 
 namespace quillon {
 

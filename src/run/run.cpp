@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/run.h"
+#include "run/run.h"
 
-#include "app/start_up_texts.h"
+#include "run/start_up_texts.h"
 
 namespace quillon {
 

@@ -4,14 +4,11 @@
 #pragma once
 
 #include "app/buttons.h"
-#include "app/device_select_form.h"
 #include "app/dialogs.h"
 #include "app/host.h"
 #include "app/main_form.h"
-#include "app/menu_commands.h"
 #include "app/messages.h"
 #include "app/operation_log.h"
-#include "app/option_form.h"
 #include "app/session.h"
 #include "app/settings.h"
 #include "catalogue/buffer_commands.h"
@@ -25,6 +22,9 @@
 #include "image/views.h"
 #include "link/link.h"
 #include "link/serial_port.h"
+#include "run/device_select_form.h"
+#include "run/menu_commands.h"
+#include "run/option_form.h"
 
 namespace quillon {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "app/option_form.h"
+#include "run/option_form.h"
 
 #include <fmt/format.h>
 
 #include "app/number_settings.h"
-#include "app/option_form_texts.h"
+#include "run/option_form_texts.h"
 
 namespace quillon {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/device_select_form.h"
+#include "run/device_select_form.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/start_up.h"
+#include "run/start_up.h"
 
 namespace quillon {
 namespace {

@@ -6,8 +6,8 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include "app/start_up.h"
 #include "app/text.h"
+#include "run/start_up.h"
 
 namespace quillon {
 

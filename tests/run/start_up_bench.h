@@ -14,8 +14,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/run.h"
-#include "app/start_up.h"
+#include "run/run.h"
+#include "run/start_up.h"
 #include "support/fakes.h"
 #include "support/message_log.h"
 #include "support/scripted_port.h"

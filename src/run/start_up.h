@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/run.h"
+#include "run/run.h"
 
 namespace quillon {
 

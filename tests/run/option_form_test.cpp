@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/option_form.h"
+#include "run/option_form.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The order of start-up. Each step is a member of its own in start_up_steps.cpp.
-#include "app/start_up.h"
+#include "run/start_up.h"
 
 #include "app/folders.h"
 

@@ -11,11 +11,11 @@
 #include "app/folders.h"
 #include "app/number_settings.h"
 #include "app/product.h"
-#include "app/start_up.h"
-#include "app/start_up_texts.h"
 #include "app/text.h"
 #include "image/fill.h"
 #include "link/link_texts.h"
+#include "run/start_up.h"
+#include "run/start_up_texts.h"
 
 namespace quillon {
 
