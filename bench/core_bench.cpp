@@ -7,11 +7,11 @@
 #include <string>
 
 #include "bench_run.h"
+#include "hex/hex_check.h"
+#include "hex/hex_writer.h"
+#include "hex/pic18_loader.h"
+#include "hex/text_file.h"
 #include "image/fill.h"
-#include "image/hex_check.h"
-#include "image/hex_writer.h"
-#include "image/pic18_loader.h"
-#include "image/text_file.h"
 #include "platform/qt_host.h"
 
 namespace quillon::bench {

@@ -7,8 +7,8 @@
 #include <iterator>
 #include <string_view>
 
+#include "hex/pic18_loader.h"
 #include "hex_targets.h"
-#include "image/pic18_loader.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <iterator>
 #include <string_view>
 
+#include "hex/word_image_loader.h"
 #include "hex_targets.h"
-#include "image/word_image_loader.h"
 
 namespace {
 

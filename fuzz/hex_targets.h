@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "app/session.h"
+#include "hex/hex_check.h"
+#include "hex/hex_items.h"
+#include "hex/hex_writer.h"
 #include "image/fill.h"
-#include "image/hex_check.h"
-#include "image/hex_items.h"
-#include "image/hex_writer.h"
 
 namespace quillon::fuzz {
 

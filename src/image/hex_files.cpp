@@ -10,11 +10,11 @@
 #include <utility>
 
 #include "app/folders.h"
+#include "hex/hex_items.h"
+#include "hex/text_file.h"
 #include "image/file_names.h"
 #include "image/fill.h"
 #include "image/hex_files_texts.h"
-#include "image/hex_items.h"
-#include "image/text_file.h"
 
 namespace quillon {
 

@@ -9,12 +9,12 @@
 #include <string>
 
 #include "app/text.h"
+#include "hex/hex_check.h"
+#include "hex/id_words.h"
+#include "hex/pic18_loader.h"
+#include "hex/word_image_loader.h"
 #include "image/fill.h"
-#include "image/hex_check.h"
 #include "image/hex_loader_texts.h"
-#include "image/id_words.h"
-#include "image/pic18_loader.h"
-#include "image/word_image_loader.h"
 
 namespace quillon {
 

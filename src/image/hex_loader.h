@@ -8,8 +8,8 @@
 #include "app/messages.h"
 #include "app/session.h"
 #include "catalogue/config_model.h"
-#include "image/hex_items.h"
-#include "image/hex_zones.h"
+#include "hex/hex_items.h"
+#include "hex/hex_zones.h"
 #include "image/views.h"
 
 namespace quillon {

@@ -13,8 +13,8 @@
 #include <thread>
 #include <vector>
 
+#include "hex/text_file.h"
 #include "image/files_bench.h"
-#include "image/text_file.h"
 #include "support/ordinary_user.h"
 
 namespace quillon {

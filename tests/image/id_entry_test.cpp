@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Entered IDs: what the boxes show stands in the image.
-#include "image/id_entry.h"
+#include "hex/id_entry.h"
 
 #include <gtest/gtest.h>
 

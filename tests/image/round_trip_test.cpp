@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "hex/hex_writer.h"
+#include "hex/hex_zones.h"
+#include "hex/id_words.h"
 #include "image/files_bench.h"
 #include "image/fill.h"
-#include "image/hex_writer.h"
-#include "image/hex_zones.h"
-#include "image/id_words.h"
 
 namespace quillon {
 

@@ -3,7 +3,7 @@
 //
 // Most parts use the low digit of each word only. Files hold the words low byte first, so a word's
 // digits stand at 12, 13 (high byte) and 10, 11 (low byte), and its low digit at 11.
-#include "image/id_words.h"
+#include "hex/id_words.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The records of a saved file: which, in which order, at which addresses.
-#include "image/hex_writer.h"
+#include "hex/hex_writer.h"
 
 #include <gtest/gtest.h>
 
@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "hex/hex_items.h"
 #include "image/fill.h"
-#include "image/hex_items.h"
 #include "image/image_support.h"
 
 namespace quillon {

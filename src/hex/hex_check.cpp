@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // One pass over the records: sums, places, and a shadow of what was written where.
-#include "image/hex_check.h"
+#include "hex/hex_check.h"
 
 #include <fmt/format.h>
 
@@ -10,9 +10,9 @@
 #include <tuple>
 #include <vector>
 
+#include "hex/hex_check_texts.h"
+#include "hex/id_words.h"
 #include "image/fill.h"
-#include "image/hex_check_texts.h"
-#include "image/id_words.h"
 
 namespace quillon {
 

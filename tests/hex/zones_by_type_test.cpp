@@ -6,9 +6,9 @@
 #include <ostream>
 #include <string>
 
+#include "hex/word_image_loader.h"
 #include "image/fill.h"
 #include "image/image_support.h"
-#include "image/word_image_loader.h"
 
 namespace quillon {
 

@@ -4,13 +4,13 @@
 // The image holds a program word high byte first, so each byte of the file goes to the other place
 // of its pair. ID, configuration and EEPROM bytes keep the file's order. The ID and EEPROM zones go
 // by two bytes: with an odd byte count the last one is the check sum.
-#include "image/pic18_loader.h"
+#include "hex/pic18_loader.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
-#include "image/hex_zones.h"
+#include "hex/hex_zones.h"
 
 namespace quillon {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The packed fuse block at 0xFF00, by device.
-#include "image/fuse_block.h"
+#include "hex/fuse_block.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "hex/word_image_loader.h"
 #include "image/image_support.h"
-#include "image/word_image_loader.h"
 
 namespace quillon {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "image/id_entry.h"
+#include "hex/id_entry.h"
 
 #include <algorithm>
 #include <array>
@@ -8,8 +8,8 @@
 #include <string>
 
 #include "app/text.h"
+#include "hex/id_words.h"
 #include "image/fill.h"
-#include "image/id_words.h"
 
 namespace quillon {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Where the word-image loader puts what a file holds, at both sides of each zone's edge.
-#include "image/word_image_loader.h"
+#include "hex/word_image_loader.h"
 
 #include <gtest/gtest.h>
 

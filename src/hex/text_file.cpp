@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a user can name by mistake is refused before any of it is used: a folder, a pipe that would
 // never end, a disk image, a program.
-#include "image/text_file.h"
+#include "hex/text_file.h"
 
 #include <fstream>
 #include <string_view>

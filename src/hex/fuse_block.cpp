@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The fuses' bits in configuration word 1.
-#include "image/fuse_block.h"
+#include "hex/fuse_block.h"
 
 #include <array>
 #include <cstddef>

@@ -4,7 +4,7 @@
 // Word image: program, EEPROM twice, ID, configuration, with no extended address at all. PIC18:
 // program, EEPROM, configuration, ID. A line that the memory doesn't fill stays unwritten: device
 // sizes are whole lines.
-#include "image/hex_writer.h"
+#include "hex/hex_writer.h"
 
 #include <algorithm>
 #include <array>
@@ -14,8 +14,8 @@
 #include <span>
 #include <utility>
 
+#include "hex/id_words.h"
 #include "image/fill.h"
-#include "image/id_words.h"
 
 namespace quillon {
 

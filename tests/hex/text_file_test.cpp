@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Text files are read whole; what is no text file is told apart and refused.
-#include "image/text_file.h"
+#include "hex/text_file.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The three address tables, at both sides of each edge.
-#include "image/hex_zones.h"
+#include "hex/hex_zones.h"
 
 #include <gtest/gtest.h>
 

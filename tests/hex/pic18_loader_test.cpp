@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Where the PIC18 loader puts what a file holds, and how much of the device the file uses.
-#include "image/pic18_loader.h"
+#include "hex/pic18_loader.h"
 
 #include <gtest/gtest.h>
 

@@ -3,16 +3,16 @@
 //
 // The file's pair at a record's offset k is low byte, high byte; the image holds it at k+1 and k.
 // The loop goes by whole words: with an odd byte count the last word's high byte is the check sum.
-#include "image/word_image_loader.h"
+#include "hex/word_image_loader.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
+#include "hex/fuse_block.h"
+#include "hex/hex_zones.h"
+#include "hex/id_words.h"
 #include "image/fill.h"
-#include "image/fuse_block.h"
-#include "image/hex_zones.h"
-#include "image/id_words.h"
 
 namespace quillon {
 

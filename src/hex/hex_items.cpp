@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Items and records.
-#include "image/hex_items.h"
+#include "hex/hex_items.h"
 
 #include <fmt/format.h>
 

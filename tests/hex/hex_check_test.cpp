@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The file check: what it finds, what it lets pass, and that it names the first line.
-#include "image/hex_check.h"
+#include "hex/hex_check.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "image/hex_writer.h"
+#include "hex/hex_writer.h"
 #include "image/image_support.h"
 
 namespace quillon {

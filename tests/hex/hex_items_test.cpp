@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Items, records and the list of what was no record.
-#include "image/hex_items.h"
+#include "hex/hex_items.h"
 
 #include <gtest/gtest.h>
 

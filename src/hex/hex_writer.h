@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "app/session.h"
-#include "image/hex_zones.h"
+#include "hex/hex_zones.h"
 
 namespace quillon {
 

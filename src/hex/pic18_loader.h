@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "app/session.h"
-#include "image/hex_items.h"
+#include "hex/hex_items.h"
 
 namespace quillon {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // ID records by type and device.
-#include "image/id_words.h"
+#include "hex/id_words.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "hex/word_image_loader.h"
 #include "image/image_support.h"
-#include "image/word_image_loader.h"
 
 namespace quillon {
 

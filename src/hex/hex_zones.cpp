@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The zones as tables: each row from its first address up to the next row's.
-#include "image/hex_zones.h"
+#include "hex/hex_zones.h"
 
 #include <algorithm>
 #include <array>

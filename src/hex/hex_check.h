@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "app/session.h"
-#include "image/hex_items.h"
-#include "image/hex_zones.h"
+#include "hex/hex_items.h"
+#include "hex/hex_zones.h"
 
 namespace quillon {
 
