@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "app/text.h"
-#include "image/files_bench.h"
+#include "files/files_bench.h"
 #include "image/fill.h"
 #include "programs/assembled.h"
 

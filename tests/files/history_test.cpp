@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The five entries of the file history.
-#include "image/history.h"
+#include "files/history.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // nmuFile1 to nmuFile5 hold "folder    device", nmuDevice1 to nmuDevice5 the device's place in the
 // list and are never seen.
-#include "image/history.h"
+#include "files/history.h"
 
 #include <fmt/format.h>
 

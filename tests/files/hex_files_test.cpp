@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The Open command: its steps, its refusals, the device that a file names, the history.
-#include "image/hex_files.h"
+#include "files/hex_files.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "app/text.h"
-#include "image/files_bench.h"
+#include "files/files_bench.h"
 #include "image/fill.h"
 
 namespace quillon {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What a load shows: messages in order, LoadResult, the panel.
-#include "image/hex_loader.h"
+#include "files/hex_loader.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "image/files_bench.h"
+#include "files/files_bench.h"
 
 namespace quillon {
 

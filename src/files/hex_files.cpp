@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The steps of the Open command in their order.
-#include "image/hex_files.h"
+#include "files/hex_files.h"
 
 #include <fmt/format.h>
 
@@ -10,11 +10,11 @@
 #include <utility>
 
 #include "app/folders.h"
+#include "files/hex_files_texts.h"
 #include "hex/hex_items.h"
 #include "hex/text_file.h"
 #include "image/file_names.h"
 #include "image/fill.h"
-#include "image/hex_files_texts.h"
 
 namespace quillon {
 

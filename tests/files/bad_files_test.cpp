@@ -13,8 +13,8 @@
 #include <thread>
 #include <vector>
 
+#include "files/files_bench.h"
 #include "hex/text_file.h"
-#include "image/files_bench.h"
 #include "support/ordinary_user.h"
 
 namespace quillon {

@@ -3,12 +3,12 @@
 #include <string>
 #include <system_error>
 
+#include "files/hex_files.h"
+#include "files/hex_files_texts.h"
 #include "hex/hex_writer.h"
 #include "hex/hex_zones.h"
 #include "image/file_names.h"
 #include "image/fill.h"
-#include "image/hex_files.h"
-#include "image/hex_files_texts.h"
 
 namespace quillon {
 

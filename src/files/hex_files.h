@@ -22,8 +22,8 @@
 #include "catalogue/buffer_commands.h"
 #include "catalogue/config_model.h"
 #include "catalogue/device_selection.h"
-#include "image/hex_loader.h"
-#include "image/history.h"
+#include "files/hex_loader.h"
+#include "files/history.h"
 #include "image/views.h"
 
 namespace quillon {

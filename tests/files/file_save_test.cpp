@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "image/files_bench.h"
-#include "image/hex_files.h"
+#include "files/files_bench.h"
+#include "files/hex_files.h"
 
 namespace quillon {
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "image/files_bench.h"
+#include "files/files_bench.h"
 
 namespace quillon {
 

@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "files/files_bench.h"
 #include "hex/hex_writer.h"
 #include "hex/hex_zones.h"
 #include "hex/id_words.h"
-#include "image/files_bench.h"
 #include "image/fill.h"
 
 namespace quillon {

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "app/text.h"
-#include "image/files_bench.h"
-#include "image/hex_files.h"
+#include "files/files_bench.h"
+#include "files/hex_files.h"
 
 namespace quillon {
 

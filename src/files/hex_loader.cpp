@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The messages around the two loaders, and the panel behind them.
-#include "image/hex_loader.h"
+#include "files/hex_loader.h"
 
 #include <fmt/format.h>
 
@@ -9,12 +9,12 @@
 #include <string>
 
 #include "app/text.h"
+#include "files/hex_loader_texts.h"
 #include "hex/hex_check.h"
 #include "hex/id_words.h"
 #include "hex/pic18_loader.h"
 #include "hex/word_image_loader.h"
 #include "image/fill.h"
-#include "image/hex_loader_texts.h"
 
 namespace quillon {
 

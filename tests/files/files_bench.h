@@ -15,7 +15,7 @@
 #include "catalogue/catalogue.h"
 #include "catalogue/config_model.h"
 #include "catalogue/device_selection.h"
-#include "image/hex_files.h"
+#include "files/hex_files.h"
 #include "image/image_support.h"
 #include "image/views.h"
 #include "support/fakes.h"
