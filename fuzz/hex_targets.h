@@ -68,7 +68,7 @@ struct Content {
         const auto program_bytes = static_cast<std::ptrdiff_t>(program_span(session));
         program.assign(session.PgmMem.begin(), session.PgmMem.begin() + program_bytes);
         // A record at an odd address leaves parity bits that no word has.
-        if (session.PgmType == "EPROM2")
+        if (session.PgmType == ProgrammingType::EPROM2)
             for (std::size_t i = 0; i < program.size(); i += 2) program[i] &= 0x3F;
         for (std::int32_t cell = 1; cell <= session.EepBytes; ++cell)
             eeprom.push_back(session.EepMem[step * static_cast<std::size_t>(cell) - 1]);

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "parts/device_traits.h"
+
 namespace quillon {
 
 namespace {
@@ -12,10 +14,6 @@ namespace text {
 constexpr std::string_view kProgram = "プログラム(&P)";
 constexpr std::string_view kProgramSkipping = "ﾌﾞﾗﾝｸﾁｪｯｸ ｽｷｯﾌﾟ\r\nプログラム(&P)";
 }  // namespace text
-
-constexpr std::array<std::string_view, 5> kFlashNames{
-    "PIC12F", "PIC16F", "ZQ-LDR", "PIC10F", "PIC18F",
-};
 
 // "5X_28" and "5X_18" are spellings that this list alone knows; a catalogue says "5X28", "5X18".
 constexpr std::array<std::string_view, 8> kNoAreaOperations{
@@ -51,8 +49,7 @@ void enable_all(MainForm& form, bool enabled) {
 
 void ApplyBlankSkip(std::string_view DeviceName, MainForm& form) {
     // The check may be skipped on flash parts only: a one-time part that isn't blank is lost.
-    const bool flash = std::ranges::any_of(
-        kFlashNames, [&](std::string_view prefix) { return DeviceName.starts_with(prefix); });
+    const bool flash = has_flash_name(DeviceName);
     const bool skip = flash && form.mnuBlankSkip.Checked.get();
     form.mnuBlankSkip.Enabled.set(flash);
     form.Cmd_Extend_Program.Enabled.set(flash);

@@ -17,8 +17,6 @@ using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
 // The types whose calibration word was read or written along with the part.
-constexpr std::array<std::string_view, 4> kCalibratedTypes{"12C5", "10F2", "12C6", "12F6"};
-
 // Text mode: the line ends as lines end on this platform.
 bool write_line(const fs::path& path, const std::string& line) {
     std::error_code ignored;
@@ -42,7 +40,7 @@ std::string log_time(const std::tm& time) {
 void OperationLog::LOG_data_write() {
     std::string line = fmt::format("{}  {}  ID:{}  ", session_.FailDetail, session_.DeviceName,
                                    form_.Text_ID.Text.get());
-    if (std::ranges::find(kCalibratedTypes, session_.PgmType) != kCalibratedTypes.end())
+    if (logs_calibration(session_.PgmType))
         line += form_.Lbl_Calib_ReadWrite_Data.Caption.get() + "  ";
     append(fmt::format("{}{}\t{}", line, session_.LoadedHexPath, log_time(host_.local_time())));
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/token.h"
+#include "parts/pgm_type.h"
 
 namespace quillon {
 
@@ -21,7 +22,7 @@ using PerConfigWord = std::array<std::uint32_t, kConfigWords + 1>;
 // The selected device as its catalogue block tells it.
 struct DeviceRecord {
     std::string DeviceName;  // "" while none is selected
-    std::string PgmType;     // catalogue token, such as "FLASH8"
+    PgmTypeToken PgmType;    // catalogue token, such as "FLASH8"
     std::string PowerMode;   // "VPP" or "VDD": the supply that rises first
     std::string PackageKey;
     std::string Jp2Key;
@@ -86,10 +87,9 @@ struct OperationResult {
     Token ResultEep = Token::None;
     Token ResultCfg = Token::None;
     std::string ResultAll;  // the three joined
-    Token CodeProtect = Token::Absent;
+    Protection CodeProtect;
     std::string FailDetail;  // the last result's text, head of a log line
     std::string LoadResult;  // "OK", "NG", "" while a file is loading
-    bool Cancelled = false;  // the last operation ended on an answer of the user
     bool ExtendPgmOnly = false;
     bool ExtendCfgToo = false;
 };

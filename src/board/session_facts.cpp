@@ -8,7 +8,7 @@ namespace quillon {
 TargetFacts facts_of(const DeviceRecord& device) {
     TargetFacts facts;
     facts.name = device.DeviceName;
-    facts.type = device.PgmType;
+    facts.type = device.PgmType.text();
     facts.program_words = static_cast<std::size_t>(device.PgmWords);
     facts.eeprom_cells = static_cast<std::size_t>(device.EepBytes);
     for (std::size_t i = 0; i < facts.config_present.size(); ++i) {
@@ -17,7 +17,7 @@ TargetFacts facts_of(const DeviceRecord& device) {
         facts.config_mask[i] = static_cast<std::uint16_t>(device.ConfigMask[i + 1]);
         facts.config_force[i] = static_cast<std::uint16_t>(device.ConfigForce[i + 1]);
     }
-    const bool pic18 = device.PgmType.starts_with("18");
+    const bool pic18 = is_pic18(device.PgmType);
     facts.protect_mask = static_cast<std::uint16_t>(pic18 ? device.CpMaskCf5 : device.CpMask);
     facts.identity18 = static_cast<std::uint16_t>(device.DevIdExpect);
     facts.erase_chip = device.EraseChip18;

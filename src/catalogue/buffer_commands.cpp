@@ -3,6 +3,7 @@
 
 #include "catalogue/device_selection.h"
 #include "image/fill.h"
+#include "parts/device_traits.h"
 
 namespace quillon {
 
@@ -26,7 +27,7 @@ void BufferCommands::mnuPcBufferMemoryClear(DeviceSelection& selection) {
     views_.ShowConfigSummary();
     form_.SSTab_Config.Tab.set(0);
 
-    const bool pic18 = session_.PgmType.starts_with("18");
+    const bool pic18 = is_pic18(session_.PgmType);
     if (!pic18)
         for (std::size_t n = 1; n <= kConfigWords; ++n) session_.ConfigWord[n] = kOnes14;
     config_.ShowConfigWords();
@@ -52,7 +53,7 @@ void BufferCommands::mnuPcBufferMemory_0(DeviceSelection& selection) {
     views_.ShowConfigSummary();
     form_.SSTab_Config.Tab.set(0);
 
-    const bool pic18 = session_.PgmType.starts_with("18F");
+    const bool pic18 = is_pic18_flash(session_.PgmType);
     if (pic18) session_.ConfigWord[1] = 0;
     config_.ShowConfigWords();
     if (session_.EepBytes != 0) {

@@ -29,9 +29,9 @@ void redraw_grids(MainForm& form, bool on) {
 }
 
 // The type that the block gives, the former device's where it gives none.
-std::string_view type_of(const DeviceBlock& block, std::string_view former) {
+ProgrammingType type_of(const DeviceBlock& block, ProgrammingType former) {
     for (const auto& row : block.rows)
-        if (upper(row[0]) == "PGM_TYPE" && !row[1].empty()) former = row[1];
+        if (upper(row[0]) == "PGM_TYPE" && !row[1].empty()) former = programming_type(row[1]);
     return former;
 }
 

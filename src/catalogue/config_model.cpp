@@ -141,7 +141,8 @@ void ConfigModel::ConfigGridChanged(int n) {
     grid.set_redraw(true);
     store_bytes(n);
     views_.ShowConfigSummary();
-    if (session_.PgmType == "EPROM2" && n == 1) session_.CfgIdMem[14] |= kEprom2HighBits;
+    if (session_.PgmType == ProgrammingType::EPROM2 && n == 1)
+        session_.CfgIdMem[14] |= kEprom2HighBits;
 }
 
 // A PIC18 file without configuration records is loaded on top of CfgBytes18, so that the options

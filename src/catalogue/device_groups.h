@@ -8,6 +8,7 @@
 
 #include "app/main_form.h"
 #include "catalogue/calibration_panel.h"
+#include "parts/modules.h"
 
 namespace quillon {
 
@@ -22,7 +23,7 @@ struct GroupControls {
 };
 
 struct DeviceGroup {
-    std::span<const std::string_view> devices;  // none: all others
+    std::span<const Module> modules;  // those of its devices; none: all others
     // Nothing: each control stays as the former device left it.
     std::optional<GroupControls> controls = GroupControls{};
     const CalibrationPanel* panel = nullptr;

@@ -215,7 +215,7 @@ RowProblem RecordLoader::PGM_SIZE_WORD(const CatRow& row, int) {
 RowProblem RecordLoader::EEPROM_BYTE(const CatRow& row, int) {
     const auto highest = value_up_to(INT32_MAX, row[1]);
     if (!highest) return unreadable(row[1]);
-    const auto most = static_cast<std::uint32_t>(most_eeprom_cells(PgmType_));
+    const auto most = static_cast<std::uint32_t>(most_eeprom_cells(type_));
     if (*highest >= most) return catalogue_text::kBadSize;
     const std::int32_t cells = *highest == 0 ? 0 : static_cast<std::int32_t>(*highest) + 1;
     session_.EepBytes = session_.EepBytesCat = cells;
@@ -306,9 +306,9 @@ RowProblem RecordLoader::field(const std::string& key, const CatRow& row) {
     return kFine;
 }
 
-std::int32_t most_eeprom_cells(std::string_view PgmType) {
+std::int32_t most_eeprom_cells(ProgrammingType type) {
     constexpr auto kBytes = static_cast<std::int32_t>(sizeof(MemoryImage::EepMem));
-    return PgmType.starts_with("18") ? kBytes : kBytes / 2;
+    return is_pic18(type) ? kBytes : kBytes / 2;
 }
 
 }  // namespace quillon

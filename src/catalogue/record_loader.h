@@ -21,10 +21,10 @@ using RowProblem = std::string_view;
 
 class RecordLoader {
   public:
-    // `PgmType` is the type that the block will have: the EEPROM's limit depends on it.
+    // `type` is the type that the block will have: the EEPROM's limit depends on it.
     RecordLoader(Session& session, MainForm& form, BoardForm& board, ConfigModel& config,
-                 std::string_view PgmType)
-        : session_{session}, form_{form}, board_{board}, config_{config}, PgmType_{PgmType} {}
+                 ProgrammingType type)
+        : session_{session}, form_{form}, board_{board}, config_{config}, type_{type} {}
 
     // A row that can't be used leaves everything as it was.
     [[nodiscard]] RowProblem take(const CatRow& row);
@@ -67,7 +67,7 @@ class RecordLoader {
     MainForm& form_;
     BoardForm& board_;
     ConfigModel& config_;
-    std::string_view PgmType_;
+    ProgrammingType type_;
 
     std::vector<FieldOption> options_;
     std::string remembered_;  // key and field name of the last row that made a grid row
@@ -75,6 +75,6 @@ class RecordLoader {
 };
 
 // Most cells that EepMem holds: two bytes a cell, but for the PIC18 types.
-std::int32_t most_eeprom_cells(std::string_view PgmType);
+std::int32_t most_eeprom_cells(ProgrammingType type);
 
 }  // namespace quillon

@@ -12,7 +12,7 @@ namespace {
 using enum Mark;
 
 constexpr TypePanel k5F28{
-    .PgmType = "5F28",
+    .type = ProgrammingType::T5F28,
     .tab = 3,
     .Label_Calib = Hidden,
     .Label_CalibInfo = Shown,
@@ -28,7 +28,7 @@ constexpr TypePanel k5F28{
 };
 
 constexpr TypePanel k12C5{
-    .PgmType = "12C5",
+    .type = ProgrammingType::T12C5,
     .tab = 0,
     .Label_Calib = Shown,
     .Label_CalibInfo = Shown,
@@ -40,10 +40,10 @@ constexpr TypePanel k12C5{
     .Label_BG = Hidden,
 };
 
-constexpr TypePanel kEprom2{.PgmType = "EPROM2", .tab = 1, .Check_Parity_Disp = Shown};
+constexpr TypePanel kEprom2{.type = ProgrammingType::EPROM2, .tab = 1, .Check_Parity_Disp = Shown};
 
 constexpr TypePanel k18F_00{
-    .PgmType = "18F_00",
+    .type = ProgrammingType::T18F_00,
     .tab = 2,
     .clears_identity = true,
     .Frame2 = Shown,
@@ -54,7 +54,7 @@ constexpr TypePanel k18F_00{
 };
 
 constexpr TypePanel kAnyOther{
-    .PgmType = "",
+    .type = ProgrammingType::Other,
     .tab = std::nullopt,
     .clears_identity = true,
     .Frame2 = Shown,
@@ -64,13 +64,13 @@ constexpr TypePanel kAnyOther{
     .sets_IdText = true,
 };
 
-constexpr TypePanel named(TypePanel panel, std::string_view PgmType) {
-    panel.PgmType = PgmType;
+constexpr TypePanel named(TypePanel panel, ProgrammingType type) {
+    panel.type = type;
     return panel;
 }
 
 constexpr TypePanel k10F2 = [] {
-    TypePanel panel = named(k5F28, "10F2");
+    TypePanel panel = named(k5F28, ProgrammingType::T10F2);
     panel.tab = 5;
     panel.Label_Calib = Shown;
     panel.Text_OSCCAL_Data = Hidden;
@@ -78,24 +78,24 @@ constexpr TypePanel k10F2 = [] {
 }();
 
 constexpr TypePanel k12F6 = [] {
-    TypePanel panel = named(k12C5, "12F6");
+    TypePanel panel = named(k12C5, ProgrammingType::T12F6);
     panel.Label_BG = Shown;
     panel.bandgap_box = BoxState::Open;
     return panel;
 }();
 
 constexpr TypePanel k18F_01 = [] {
-    TypePanel panel = named(k18F_00, "18F_01");
+    TypePanel panel = named(k18F_00, ProgrammingType::T18F_01);
     panel.sets_IdText = false;
     return panel;
 }();
 
 constexpr std::array kPanels{
     k5F28,
-    named(k5F28, "5F18"),
+    named(k5F28, ProgrammingType::T5F18),
     k10F2,
     k12C5,
-    named(k12C5, "12C6"),
+    named(k12C5, ProgrammingType::T12C6),
     k12F6,
     kEprom2,
     k18F_00,
@@ -156,8 +156,8 @@ void show_identity(const TypePanel& panel, Session& session, MainForm& form) {
 
 std::span<const TypePanel> type_panels() { return kPanels; }
 
-const TypePanel& panel_of(std::string_view PgmType) {
-    const auto* const found = std::ranges::find(kPanels, PgmType, &TypePanel::PgmType);
+const TypePanel& panel_of(ProgrammingType type) {
+    const auto* const found = std::ranges::find(kPanels, type, &TypePanel::type);
     return found == kPanels.end() ? kPanels.back() : *found;
 }
 

@@ -19,7 +19,7 @@ enum class Mark : std::uint8_t { Keep, Hidden, Shown };
 enum class BoxState : std::uint8_t { Keep, Locked, Open };
 
 struct TypePanel {
-    std::string_view PgmType = "";  // "": any other
+    ProgrammingType type = ProgrammingType::Other;  // Other: any that has no row of its own
     // Of SSTab_MCU_Information; the others stay hidden.
     std::optional<std::size_t> tab = std::nullopt;
 
@@ -47,7 +47,7 @@ struct TypePanel {
 };
 
 std::span<const TypePanel> type_panels();
-const TypePanel& panel_of(std::string_view PgmType);
+const TypePanel& panel_of(ProgrammingType type);
 
 void show_type(const TypePanel& panel, Session& session, MainForm& form);
 

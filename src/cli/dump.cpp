@@ -28,7 +28,7 @@ std::string dump(const Session& session, const MainForm& form) {
     const std::span words{session.ConfigWord};
     const nlohmann::ordered_json image{
         {"device", session.DeviceName},
-        {"PgmType", session.PgmType},
+        {"PgmType", session.PgmType.text()},
         {"PgmWords", session.PgmWords},
         {"EepBytes", session.EepBytes},
         {"PgmWordsCat", session.PgmWordsCat},

@@ -31,7 +31,7 @@ void put_config_word(Run& run, int n, std::uint32_t word) {
     const auto low = static_cast<std::uint8_t>(word & 0xFF);
     session.CfgIdMem[12 + 2 * at] = high;
     session.CfgIdMem[13 + 2 * at] = low;
-    if (session.PgmType == "EPROM2" && n == 1) session.CfgIdMem[14] |= 0xC0;
+    if (session.PgmType == ProgrammingType::EPROM2 && n == 1) session.CfgIdMem[14] |= 0xC0;
     session.CfgBytes18[2 * at - 2] = low;
     session.CfgBytes18[2 * at - 1] = high;
     run.config.ShowConfigWords();

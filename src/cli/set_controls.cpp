@@ -12,6 +12,7 @@
 #include "cli/cli_texts.h"
 #include "cli/set_config.h"
 #include "image/fill.h"
+#include "parts/device_traits.h"
 
 namespace quillon::cli {
 

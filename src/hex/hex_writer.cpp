@@ -16,6 +16,7 @@
 
 #include "hex/id_words.h"
 #include "image/fill.h"
+#include "parts/device_traits.h"
 
 namespace quillon {
 

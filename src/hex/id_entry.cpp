@@ -10,6 +10,7 @@
 #include "app/text.h"
 #include "hex/id_words.h"
 #include "image/fill.h"
+#include "parts/device_traits.h"
 
 namespace quillon {
 

@@ -21,9 +21,6 @@ bool is_own_id_address(const DeviceRecord& device, unsigned address);
 // Text_ID of a PIC18 flash part: the low digits of its eight ID bytes.
 std::string pic18_id_digits(const Session& session);
 
-// The devices, by their name in Combo_device, whose ID words hold a digit under bit 7.
-bool has_id_with_bit_7(std::string_view device_shown);
-
 // After the last record: the upper bits of the ID words as an erased device of the type has them.
 // `device_shown` is the device in Combo_device.
 void fix_id_words(std::string_view device_shown, Session& session);

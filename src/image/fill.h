@@ -14,17 +14,6 @@
 
 namespace quillon {
 
-// "12C5", "10F2", "5F18", "5F28", "5X18", "5X28"
-bool is_12bit(std::string_view PgmType);
-// "12F6", "12C6", "EPROM", "EPROM2", "FLASH..." and the modules "LDR412", "LDR412A"
-bool is_14bit(std::string_view PgmType);
-// Types that begin "18".
-bool is_pic18(std::string_view PgmType);
-// Types that begin "18F": the flash parts, whose files and ID have a form of their own.
-bool is_pic18_flash(std::string_view PgmType);
-// The names whose ID is entered as four whole words, Text_ID1 to Text_ID4.
-bool has_four_word_id(std::string_view DeviceName);
-
 // Bytes of PgmMem that the device's words take, and of EepMem that its cells take at two bytes a
 // cell. A catalogue may ask for more than the arrays hold: never more than that, never below 0.
 std::size_t program_span(const Session& session);

@@ -19,6 +19,7 @@
 #include "app/text.h"
 #include "image/file_names.h"
 #include "image/fill.h"
+#include "parts/device_traits.h"
 
 namespace quillon {
 

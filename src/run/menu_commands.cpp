@@ -74,11 +74,11 @@ void MenuCommands::mnuLock_Click() {
     const bool locked = toggle(form.mnuLock);
     if (busy()) return;  // the operation gives the buttons back by the check mark
     if (!locked) {
-        UnlockButtons(run_.session.PgmType, form);
+        UnlockButtons(run_.session.PgmType.text(), form);
         return;
     }
     LockButtons(form);
-    release_buttons(run_.session.PgmType, form);
+    release_buttons(run_.session.PgmType.text(), form);
     form.Focus.set("");
     form.Focus.set(form.Command_program.name);
 }

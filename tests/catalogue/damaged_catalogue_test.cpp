@@ -26,7 +26,7 @@ TEST(damaged_catalogue, tells_of_a_block_that_the_end_of_the_file_cuts_off) {
     bench.session.PgmType = "FLASH8";
     bench.load("PIC1");
     expect_box(bench, "EOF を検出しました。");
-    EXPECT_EQ(bench.session.PgmType, "FLASH8") << "nothing of the block may be loaded";
+    EXPECT_EQ(bench.session.PgmType.text(), "FLASH8") << "nothing of the block may be loaded";
     EXPECT_FALSE(bench.session.ConfigPresent[1]);
 }
 
@@ -34,7 +34,7 @@ TEST(damaged_catalogue, tells_of_a_block_without_an_end_mark) {
     Bench bench{"#BEGIN\nPIC1\nPGM_TYPE FLASH4\n" + block("PIC2", "PGM_TYPE FLASH0\n")};
     bench.load("PIC1");
     expect_box(bench, "#End が見つかりませんでした。");
-    EXPECT_EQ(bench.session.PgmType, "");
+    EXPECT_EQ(bench.session.PgmType.text(), "");
 }
 
 TEST(damaged_catalogue, is_forgotten_when_a_sound_block_is_loaded) {
@@ -71,7 +71,7 @@ TEST_P(damaged_row, is_told_with_its_number_and_text_and_the_rest_is_kept) {
     bench.load("PIC1");
 
     expect_box(bench, "4行目 : " + std::string{line} + " : " + reason);
-    EXPECT_EQ(bench.session.PgmType, "FLASH4");
+    EXPECT_EQ(bench.session.PgmType.text(), "FLASH4");
     EXPECT_EQ(bench.session.Jp2Key, "NON");
     EXPECT_EQ(bench.session.PowerMode, "VPP");
     EXPECT_EQ(bench.session.PgmWords, 7);

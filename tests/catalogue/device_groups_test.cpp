@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "catalogue/bench.h"
-#include "image/fill.h"
+#include "parts/device_traits.h"
 
 namespace quillon::test {
 namespace {
@@ -132,24 +132,14 @@ TEST(device_groups, of_the_16F7X7_leave_every_control_as_it_was) {
     }
 }
 
-TEST(device_groups, hold_PIC12F1822_twice_and_take_the_first) {
-    int lists = 0;
-    for (const auto& group : device_groups())
-        for (const auto name : group.devices) lists += name == "PIC12F1822" ? 1 : 0;
-    EXPECT_EQ(lists, 2);
-    EXPECT_EQ(group_of("PIC12F1822").panel->family, "16F1939");
-}
-
 TEST(device_groups, with_four_id_boxes_are_those_whose_id_is_entered_as_words) {
-    for (const auto& group : device_groups())
-        for (const auto name : group.devices)
-            if (group.controls) {
-                EXPECT_EQ(group.controls->id_words, has_four_word_id(name)) << name;
-            }
+    for (const auto& row : rows())
+        for (const auto& name : row.devices)
+            EXPECT_EQ(group_of(name).controls->id_words, has_four_word_id(name)) << name;
 }
 
 TEST(device_groups, end_in_one_for_all_others) {
-    EXPECT_TRUE(device_groups().back().devices.empty());
+    EXPECT_TRUE(device_groups().back().modules.empty());
     EXPECT_EQ(&group_of("PIC16F84A"), &device_groups().back());
     EXPECT_EQ(&group_of(""), &device_groups().back());
 }

@@ -26,7 +26,7 @@ struct Loaded : Bench {
 TEST(LoadDeviceRecord, reads_the_example_device) {
     Loaded bench{kFlashRows};
     const auto& session = bench.session;
-    EXPECT_EQ(session.PgmType, "FLASH4");
+    EXPECT_EQ(session.PgmType.text(), "FLASH4");
     EXPECT_EQ(session.PowerMode, "VPP");
     EXPECT_EQ(session.PackageKey, "28");
     EXPECT_EQ(session.Jp2Key, "2-3");
@@ -44,7 +44,7 @@ TEST(LoadDeviceRecord, reads_the_example_device) {
 
 TEST(LoadDeviceRecord, takes_keys_in_either_case) {
     Loaded bench{"pgm_type FLASH8\nPower_Mode VDD\ncfg1 A B 1 1\nconfig1 1 0 0 1\n"};
-    EXPECT_EQ(bench.session.PgmType, "FLASH8");
+    EXPECT_EQ(bench.session.PgmType.text(), "FLASH8");
     EXPECT_EQ(bench.session.PowerMode, "VDD");
     EXPECT_TRUE(bench.session.ConfigPresent[1]);
     EXPECT_EQ(bench.grid(1), Rows{"A="});
@@ -66,7 +66,7 @@ TEST(LoadDeviceRecord, loads_nothing_and_says_nothing_for_a_name_that_is_not_in_
     Bench bench{block("PIC1", kFlashRows)};
     bench.load("PIC1");
     bench.load("PIC2");
-    EXPECT_EQ(bench.session.PgmType, "FLASH4");
+    EXPECT_EQ(bench.session.PgmType.text(), "FLASH4");
     EXPECT_TRUE(bench.session.ConfigPresent[1]);
     EXPECT_TRUE(bench.dialogs.boxes.empty());
 }

@@ -76,7 +76,7 @@ TEST(Combo_device_Click, loads_the_device_and_blanks_the_image) {
     Bench bench{block("PIC1", kFlashRows)};
     bench.select("PIC1");
     EXPECT_EQ(bench.session.DeviceName, "PIC1");
-    EXPECT_EQ(bench.session.PgmType, "FLASH4");
+    EXPECT_EQ(bench.session.PgmType.text(), "FLASH4");
     EXPECT_EQ(bench.session.PgmMem[0], 0x3F);
     EXPECT_EQ(bench.session.PgmMem[0x3FFF], 0xFF);
     EXPECT_EQ(bench.form.LblCheckSUM.Caption.get(), "E000");
@@ -177,7 +177,7 @@ TEST(Combo_device_Click, takes_the_device_in_spite_of_a_firmware_that_is_too_old
     bench.session.FirmwareText = "ZQ-LDR412A V6.00";
     EXPECT_TRUE(bench.shown().starts_with("指定したＰＩＣマイコンは"));
     EXPECT_EQ(bench.session.DeviceName, "PIC1");
-    EXPECT_EQ(bench.session.PgmType, "FLASH4");
+    EXPECT_EQ(bench.session.PgmType.text(), "FLASH4");
     EXPECT_TRUE(bench.form.Command_program.Enabled.get());
     EXPECT_TRUE(bench.dialogs.boxes.empty());
 }
@@ -371,7 +371,7 @@ TEST(Combo_device_Click, keeps_the_former_values_for_a_name_that_is_not_in_the_f
     bench.form.Combo_device.Text.set("PIC9");
     bench.selection.Combo_device_Click();
     EXPECT_EQ(bench.session.DeviceName, "PIC9");
-    EXPECT_EQ(bench.session.PgmType, "FLASH4");
+    EXPECT_EQ(bench.session.PgmType.text(), "FLASH4");
     EXPECT_TRUE(bench.form.SSTab_Config.TabVisible.get()[0]);
     EXPECT_TRUE(bench.dialogs.boxes.empty());
 }

@@ -27,12 +27,12 @@ TEST(shipped_catalogue, lists_its_devices) {
 TEST(shipped_catalogue, selects_each_of_its_devices_without_a_box) {
     Shipped bench;
     for (const auto& name : bench.session.DeviceList) {
-        bench.session.PgmType.clear();
+        bench.session.PgmType = "";
         ASSERT_TRUE(bench.select(name));
         EXPECT_TRUE(bench.dialogs.boxes.empty()) << name << ": " << bench.session.CatErrorText;
         bench.dialogs.boxes.clear();
         EXPECT_EQ(bench.session.DeviceName, name);
-        EXPECT_NE(bench.session.PgmType, "") << name;
+        EXPECT_NE(bench.session.PgmType.text(), "") << name;
         EXPECT_GT(bench.session.PgmWords, 0) << name;
         EXPECT_TRUE(bench.session.ConfigPresent[1]) << name;
     }

@@ -66,7 +66,7 @@ class RandomImage {
     void fill_words() {
         const std::uint8_t width = is_12bit(session_.PgmType) ? 0x0F : 0x3F;
         auto& area = session_.CfgIdMem;
-        const bool parity = session_.PgmType == "EPROM2";
+        const bool parity = session_.PgmType == ProgrammingType::EPROM2;
         for (std::size_t i = 0; i < program_span(session_); i += 2) {
             session_.PgmMem[i] = byte() & width;
             session_.PgmMem[i + 1] = byte();
@@ -97,11 +97,12 @@ class RandomImage {
             area[i + 1] = byte();
         }
         auto word = (area[14] * 256U + area[15]) & session_.ConfigMask[1];
-        if (session_.PgmType == "12C5") word |= 0x08;  // else the other bits mean nothing
+        if (session_.PgmType == ProgrammingType::T12C5)
+            word |= 0x08;  // else the other bits mean nothing
         word |= session_.ConfigForce[1];
         area[14] = static_cast<std::uint8_t>(word / 256);
         area[15] = static_cast<std::uint8_t>(word % 256);
-        if (session_.PgmType == "EPROM2") area[14] |= 0xC0;
+        if (session_.PgmType == ProgrammingType::EPROM2) area[14] |= 0xC0;
     }
 
     Session& session_;

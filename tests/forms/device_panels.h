@@ -99,7 +99,7 @@ class DevicePanels : public testing::Test {
         const bool former_revision = shown("Lbl_div");
         ASSERT_NO_FATAL_FAILURE(choose(device));
         const GroupRow& group = group_row(device);
-        const TypeRow& type = type_row(session().PgmType);
+        const TypeRow& type = type_row(session().PgmType.text());
         expect_group(group, former_group);
         expect_type(type, group.user_decides);
         expect_calibration(type);

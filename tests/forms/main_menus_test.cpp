@@ -106,7 +106,7 @@ TEST(Menus, of_a_locked_window_are_disabled_as_the_buttons_are) {
         EXPECT_FALSE(bench.find<QAction>(name)->isEnabled()) << name;
     for (const char* name : {"mnuLock", "mnuBlankSkip", "mnuBoardInfomation"})
         EXPECT_TRUE(bench.find<QAction>(name)->isEnabled()) << name;
-    UnlockButtons(bench.run->session.PgmType, bench.run->form);
+    UnlockButtons(bench.run->session.PgmType.text(), bench.run->form);
     EXPECT_TRUE(bench.find<QMenu>("file")->isEnabled());
     EXPECT_TRUE(bench.find<QAction>("mnuHelp")->isEnabled());
 }

@@ -212,8 +212,8 @@ TEST(check_hex, tells_an_ID_that_is_not_taken_where_the_assembler_puts_it) {
 
 TEST(check_hex, has_nothing_to_say_of_a_file_that_was_saved) {
     for (const auto* session : {kFlash.get(), kSmall.get(), kBaseline.get(), kPic18.get()}) {
-        auto own =
-            device(session->PgmType, session->DeviceName, session->PgmWords, session->EepBytes);
+        auto own = device(session->PgmType.text(), session->DeviceName, session->PgmWords,
+                          session->EepBytes);
         const auto text = hex_text(*own, own->DeviceName);
         EXPECT_EQ(describe(check(*own, text)), "") << own->DeviceName;
     }

@@ -31,35 +31,6 @@ bool is_one_of(std::span<const char* const> list, std::string_view type) {
 
 }  // namespace
 
-TEST(Groups, hold_exactly_the_types_of_their_width) {
-    for (const auto* type : k12bit) {
-        EXPECT_TRUE(is_12bit(type)) << type;
-        EXPECT_FALSE(is_14bit(type) || is_pic18(type)) << type;
-    }
-    for (const auto* type : k14bit) {
-        EXPECT_TRUE(is_14bit(type)) << type;
-        EXPECT_FALSE(is_12bit(type) || is_pic18(type)) << type;
-    }
-    for (const auto* type : kPic18) {
-        EXPECT_TRUE(is_pic18(type)) << type;
-        EXPECT_FALSE(is_12bit(type) || is_14bit(type)) << type;
-        EXPECT_EQ(is_pic18_flash(type), type[2] == 'F') << type;
-    }
-    for (const auto* type : {"LDR418", "", "5X_18", "FLASH", "12F5"})
-        EXPECT_FALSE(is_12bit(type) || is_14bit(type) || is_pic18(type)) << type;
-}
-
-TEST(Groups, four_word_id_entry_belongs_to_the_panels_that_show_it) {
-    for (const auto* name :
-         {"PIC12F1822", "PIC16LF1939", "PIC16F882", "PIC16F887", "ZQ-LDR418", "PIC16F913",
-          "PIC16F946", "PIC16F631", "PIC16F690", "PIC12F635", "PIC16F639", "PIC12F609",
-          "PIC16HV616", "PIC16F785", "PIC16HV785", "PIC16F716"})
-        EXPECT_TRUE(has_four_word_id(name)) << name;
-    for (const auto* name : {"PIC16F737", "PIC16F777", "PIC18F14K50", "PIC16F877A", "PIC16F88",
-                             "PIC12F683", "", "PIC16F8820"})
-        EXPECT_FALSE(has_four_word_id(name)) << name;
-}
-
 TEST(FillProgramOnes, gives_each_width_its_erased_word_and_leaves_what_lies_beyond) {
     for (const auto* type : k12bit) {
         auto session = device(type, "PIC", 2);

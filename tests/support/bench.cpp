@@ -52,7 +52,7 @@ std::string row_with(const std::string& row,
 TargetFacts facts_of(const DeviceRecord& device) {
     TargetFacts facts;
     facts.name = device.DeviceName;
-    facts.type = device.PgmType;
+    facts.type = device.PgmType.text();
     facts.program_words = static_cast<std::size_t>(device.PgmWords);
     facts.eeprom_cells = static_cast<std::size_t>(device.EepBytes);
     facts.protect_mask = static_cast<std::uint16_t>(device.CpMask);

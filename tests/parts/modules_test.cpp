@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Which module serves which device: every row of the table in all four chains, and the places in
 // which a chain deviates on purpose.
-#include "families/dispatch.h"
+#include "parts/modules.h"
 
 #include <gtest/gtest.h>
 
@@ -73,6 +73,10 @@ const std::vector<Row> kTable{
 
 constexpr std::array kChains{Chain::Blank, Chain::Program, Chain::Read, Chain::Verify};
 
+std::string_view module_name(std::string_view device, Chain chain) {
+    return name_of(module_of(device, chain));
+}
+
 // The three deviations.
 std::string_view expected(Chain chain, std::string_view module, std::string_view device) {
     if (chain == Chain::Blank && module == "PIC1XF18XX") return "PIC16F19xx";
@@ -84,53 +88,53 @@ std::string_view expected(Chain chain, std::string_view module, std::string_view
 
 }  // namespace
 
-TEST(family_of, finds_every_device_of_the_table_in_every_chain) {
+TEST(module_of, finds_every_device_of_the_table_in_every_chain) {
     std::size_t devices = 0;
     for (const auto& row : kTable) {
         for (const auto device : row.devices) {
             ++devices;
             for (const auto chain : kChains)
-                EXPECT_EQ(family_of(device, chain), expected(chain, row.module, device))
+                EXPECT_EQ(module_name(device, chain), expected(chain, row.module, device))
                     << device << " in chain " << static_cast<int>(chain);
         }
     }
     EXPECT_EQ(devices, 126U);
 }
 
-TEST(family_of, sends_the_sixteen_small_enhanced_parts_to_PIC16F19xx_for_a_blank_check) {
+TEST(module_of, sends_the_sixteen_small_enhanced_parts_to_PIC16F19xx_for_a_blank_check) {
     for (const auto device : kTable[0].devices) {
-        EXPECT_EQ(family_of(device, Chain::Blank), "PIC16F19xx");
-        EXPECT_EQ(family_of(device, Chain::Program), "PIC1XF18XX");
+        EXPECT_EQ(module_name(device, Chain::Blank), "PIC16F19xx");
+        EXPECT_EQ(module_name(device, Chain::Program), "PIC1XF18XX");
     }
 }
 
-TEST(family_of, misses_PIC16F1827_in_the_read_chain_and_holds_a_name_that_no_part_has) {
-    EXPECT_EQ(family_of("PIC16F1827", Chain::Read), "generic");
-    EXPECT_EQ(family_of("PIC16LF1827", Chain::Read), "generic");
-    EXPECT_EQ(family_of("PIC16F1826", Chain::Read), "PIC1XF18XX");
+TEST(module_of, misses_PIC16F1827_in_the_read_chain_and_holds_a_name_that_no_part_has) {
+    EXPECT_EQ(module_name("PIC16F1827", Chain::Read), "generic");
+    EXPECT_EQ(module_name("PIC16LF1827", Chain::Read), "generic");
+    EXPECT_EQ(module_name("PIC16F1826", Chain::Read), "PIC1XF18XX");
     for (const auto* name : {"PIC18F1827", "PIC18LF1827"}) {
-        EXPECT_EQ(family_of(name, Chain::Read), "PIC1XF18XX");
-        EXPECT_EQ(family_of(name, Chain::Blank), "generic");
-        EXPECT_EQ(family_of(name, Chain::Program), "generic");
-        EXPECT_EQ(family_of(name, Chain::Verify), "generic");
+        EXPECT_EQ(module_name(name, Chain::Read), "PIC1XF18XX");
+        EXPECT_EQ(module_name(name, Chain::Blank), "generic");
+        EXPECT_EQ(module_name(name, Chain::Program), "generic");
+        EXPECT_EQ(module_name(name, Chain::Verify), "generic");
     }
 }
 
-TEST(family_of, verifies_PIC18F1230_with_the_module_of_PIC18F2320) {
-    EXPECT_EQ(family_of("PIC18F1230", Chain::Verify), "PIC18F2320");
-    EXPECT_EQ(family_of("PIC18F1230", Chain::Read), "PIC18F1320");
-    EXPECT_EQ(family_of("PIC18F1230", Chain::Program), "PIC18F1320");
-    EXPECT_EQ(family_of("PIC18F1220", Chain::Verify), "PIC18F1320");
+TEST(module_of, verifies_PIC18F1230_with_the_module_of_PIC18F2320) {
+    EXPECT_EQ(module_name("PIC18F1230", Chain::Verify), "PIC18F2320");
+    EXPECT_EQ(module_name("PIC18F1230", Chain::Read), "PIC18F1320");
+    EXPECT_EQ(module_name("PIC18F1230", Chain::Program), "PIC18F1320");
+    EXPECT_EQ(module_name("PIC18F1220", Chain::Verify), "PIC18F1320");
 }
 
-TEST(family_of, leaves_every_other_name_to_the_generic_engine) {
+TEST(module_of, leaves_every_other_name_to_the_generic_engine) {
     for (const auto* name : {"", "PIC16F84A", "PIC16F628A", "PIC12F675", "PIC18F4620", "pic16f877a",
                              "PIC16F877 ", "PIC16F87", "PIC16F877AX", "LDR412", "ZQ-LDR"})
-        for (const auto chain : kChains) EXPECT_EQ(family_of(name, chain), "generic") << name;
+        for (const auto chain : kChains) EXPECT_EQ(module_name(name, chain), "generic") << name;
 }
 
-TEST(family_of, means_the_program_chain_where_none_is_named) {
-    EXPECT_EQ(family_of("PIC12F1822"), "PIC1XF18XX");
+TEST(module_of, means_the_program_chain_where_none_is_named) {
+    EXPECT_EQ(name_of(module_of("PIC12F1822")), "PIC1XF18XX");
 }
 
 }  // namespace quillon::test
