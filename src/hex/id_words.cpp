@@ -10,7 +10,9 @@
 #include <cstddef>
 
 #include "app/text.h"
+#include "image/config_area.h"
 #include "image/fill.h"
+#include "parts/device_traits.h"
 
 namespace quillon {
 
@@ -18,50 +20,37 @@ namespace {
 
 constexpr std::size_t kIdWords = 4;
 
-// 14-bit parts whose ID words are used in full.
-constexpr std::array<std::string_view, 10> kWholeId{
-    "PIC16F882", "PIC16F883", "PIC16F884", "PIC16F886", "PIC16F887",
-    "PIC16F913", "PIC16F914", "PIC16F916", "PIC16F917", "PIC16F946",
-};
-
-constexpr std::array<std::string_view, 4> kIdWithBit7{
-    "PIC16F73",
-    "PIC16F74",
-    "PIC16F76",
-    "PIC16F77",
-};
-
 enum class Match : std::uint8_t { Name, Prefix };
 
 struct OwnIdAddress {
-    std::string_view PgmType;
+    ProgrammingType type;
     std::string_view device;
     Match match;
     unsigned address;
 };
 
 constexpr std::array kOwnIdAddresses{
-    OwnIdAddress{"5F28", "PIC16F57", Match::Name, 0x1000},
-    OwnIdAddress{"12C5", "PIC12CE519", Match::Name, 0x0800},
-    OwnIdAddress{"12C5", "PIC12C509A", Match::Name, 0x0800},
-    OwnIdAddress{"12C5", "PIC12C509", Match::Name, 0x0800},
-    OwnIdAddress{"10F2", "PIC12F509", Match::Name, 0x0800},
-    OwnIdAddress{"10F2", "PIC10F222", Match::Name, 0x0800},
-    OwnIdAddress{"10F2", "PIC10F206", Match::Name, 0x0800},
-    OwnIdAddress{"10F2", "PIC10F202", Match::Name, 0x0800},
-    OwnIdAddress{"12C5", "PIC12CE518", Match::Name, 0x0400},
-    OwnIdAddress{"12C5", "PIC12C508A", Match::Name, 0x0400},
-    OwnIdAddress{"12C5", "PIC12C508", Match::Name, 0x0400},
-    OwnIdAddress{"5F18", "PIC16F54", Match::Name, 0x0400},
-    OwnIdAddress{"10F2", "PIC12F508", Match::Name, 0x0400},
-    OwnIdAddress{"10F2", "PIC10F220", Match::Name, 0x0400},
-    OwnIdAddress{"10F2", "PIC10F204", Match::Name, 0x0400},
-    OwnIdAddress{"10F2", "PIC10F200", Match::Name, 0x0400},
-    OwnIdAddress{"5X18", "PIC16C54", Match::Prefix, 0x0400},
-    OwnIdAddress{"5X18", "PIC16C56", Match::Prefix, 0x0800},
-    OwnIdAddress{"5X18", "PIC16C58", Match::Prefix, 0x1000},
-    OwnIdAddress{"5X28", "PIC16C55", Match::Prefix, 0x0400},
-    OwnIdAddress{"5X28", "PIC16C57", Match::Prefix, 0x1000},
+    OwnIdAddress{ProgrammingType::T5F28, "PIC16F57", Match::Name, 0x1000},
+    OwnIdAddress{ProgrammingType::T12C5, "PIC12CE519", Match::Name, 0x0800},
+    OwnIdAddress{ProgrammingType::T12C5, "PIC12C509A", Match::Name, 0x0800},
+    OwnIdAddress{ProgrammingType::T12C5, "PIC12C509", Match::Name, 0x0800},
+    OwnIdAddress{ProgrammingType::T10F2, "PIC12F509", Match::Name, 0x0800},
+    OwnIdAddress{ProgrammingType::T10F2, "PIC10F222", Match::Name, 0x0800},
+    OwnIdAddress{ProgrammingType::T10F2, "PIC10F206", Match::Name, 0x0800},
+    OwnIdAddress{ProgrammingType::T10F2, "PIC10F202", Match::Name, 0x0800},
+    OwnIdAddress{ProgrammingType::T12C5, "PIC12CE518", Match::Name, 0x0400},
+    OwnIdAddress{ProgrammingType::T12C5, "PIC12C508A", Match::Name, 0x0400},
+    OwnIdAddress{ProgrammingType::T12C5, "PIC12C508", Match::Name, 0x0400},
+    OwnIdAddress{ProgrammingType::T5F18, "PIC16F54", Match::Name, 0x0400},
+    OwnIdAddress{ProgrammingType::T10F2, "PIC12F508", Match::Name, 0x0400},
+    OwnIdAddress{ProgrammingType::T10F2, "PIC10F220", Match::Name, 0x0400},
+    OwnIdAddress{ProgrammingType::T10F2, "PIC10F204", Match::Name, 0x0400},
+    OwnIdAddress{ProgrammingType::T10F2, "PIC10F200", Match::Name, 0x0400},
+    OwnIdAddress{ProgrammingType::T5X18, "PIC16C54", Match::Prefix, 0x0400},
+    OwnIdAddress{ProgrammingType::T5X18, "PIC16C56", Match::Prefix, 0x0800},
+    OwnIdAddress{ProgrammingType::T5X18, "PIC16C58", Match::Prefix, 0x1000},
+    OwnIdAddress{ProgrammingType::T5X28, "PIC16C55", Match::Prefix, 0x0400},
+    OwnIdAddress{ProgrammingType::T5X28, "PIC16C57", Match::Prefix, 0x1000},
 };
 
 bool take_whole_words(const HexRecord& record, Session& session) {
@@ -113,20 +102,19 @@ bool take_id_digits(const HexRecord& record, Session& session) {
 }
 
 bool take_id_record(const HexRecord& record, Session& session) {
-    if (session.PgmType == "12C5" || session.PgmType == "10F2") {
+    if (session.PgmType == ProgrammingType::T12C5 || session.PgmType == ProgrammingType::T10F2) {
         take_id_text(record, session);
         return take_whole_words(record, session);
     }
     if (!take_id_digits(record, session)) return false;
-    const bool whole = std::ranges::find(kWholeId, session.DeviceName) != kWholeId.end();
-    return !whole || take_whole_words(record, session);
+    return !has_whole_id(session.DeviceName) || take_whole_words(record, session);
 }
 
 bool is_own_id_address(const DeviceRecord& device, unsigned address) {
     return std::ranges::any_of(kOwnIdAddresses, [&](const OwnIdAddress& row) {
         const bool named = row.match == Match::Name ? device.DeviceName == row.device
                                                     : device.DeviceName.starts_with(row.device);
-        return row.address == address && row.PgmType == device.PgmType && named;
+        return row.address == address && row.type == device.PgmType && named;
     });
 }
 
@@ -136,19 +124,15 @@ std::string pic18_id_digits(const Session& session) {
     return digits;
 }
 
-bool has_id_with_bit_7(std::string_view device_shown) {
-    return std::ranges::find(kIdWithBit7, device_shown) != kIdWithBit7.end();
-}
-
 void fix_id_words(std::string_view device_shown, Session& session) {
-    if (session.PgmType == "12C5")
+    if (session.PgmType == ProgrammingType::T12C5)
         fix_each(session, 0x3F, with_upper_ones);
     else if (is_12bit(session.PgmType))
         fix_each(session, 0x0F, with_upper_ones);
-    if (session.PgmType == "EPROM2") {
+    if (session.PgmType == ProgrammingType::EPROM2) {
         for (std::size_t i = 0; i < 2 * kIdWords; i += 2)
             ParityFix(session.CfgIdMem[i], session.CfgIdMem[i + 1]);
-        session.CfgIdMem[14] |= 0xC0;
+        config_area::mark_eprom2(session);
     }
     if (has_id_with_bit_7(device_shown)) fix_each(session, 0x3F, with_bit_7);
 }

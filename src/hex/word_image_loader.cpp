@@ -12,6 +12,7 @@
 #include "hex/fuse_block.h"
 #include "hex/hex_zones.h"
 #include "hex/id_words.h"
+#include "image/config_area.h"
 #include "image/fill.h"
 
 namespace quillon {
@@ -103,7 +104,7 @@ bool WordImage::place_program(const HexRecord& record) {
         if (is_own_id_address(session_, record.address()) && !take_id_digits(record, session_))
             return false;
     }
-    const bool parity = session_.PgmType == "EPROM2";
+    const bool parity = session_.PgmType == ProgrammingType::EPROM2;
     auto* const words = session_.PgmMem.data() + record.address();
     return each_word(record, [&](std::ptrdiff_t offset, std::uint8_t high, std::uint8_t low) {
         if (parity) ParityFix(high, low);
@@ -156,7 +157,7 @@ bool WordImage::place_config_area(const HexRecord& record, std::ptrdiff_t start)
     if (!each_word(record, store)) return false;
     // The first four words only, wherever the record began.
     for (const std::size_t word : {14U, 16U, 18U, 20U}) session_.CfgIdMem[word] &= 0x3F;
-    if (session_.PgmType == "EPROM2") session_.CfgIdMem[14] |= 0xC0;
+    config_area::mark_eprom2(session_);
     return true;
 }
 
@@ -191,13 +192,12 @@ void take_config_words(Session& session) {
     area[14] = static_cast<std::uint8_t>(masked / 256);
     area[15] = static_cast<std::uint8_t>(masked % 256);
     // With bit 3 clear only bits 0, 1, 2 and 4 hold meaning.
-    if (session.PgmType == "12C5" && (area[15] & 0x08) == 0) {
+    if (session.PgmType == ProgrammingType::T12C5 && (area[15] & 0x08) == 0) {
         area[14] = 0;
         area[15] &= 0x17;
     }
-    session.ConfigWord[1] = (area[14] & 0x3FU) * 256U + area[15];
-    session.ConfigWord[2] = (area[16] & 0x3FU) * 256U + area[17];
-    if (session.PgmType == "EPROM2") area[14] |= 0xC0;
+    for (const std::size_t n : {1U, 2U}) session.ConfigWord[n] = config_area::word(area, n);
+    config_area::mark_eprom2(session);
 }
 
 }  // namespace

@@ -5,43 +5,15 @@
 #include "image/fill.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <span>
 
 #include "app/text.h"
+#include "image/config_area.h"
 
 namespace quillon {
 
 namespace {
-
-constexpr std::array<std::string_view, 6> k12bit{"12C5", "10F2", "5F18", "5F28", "5X18", "5X28"};
-
-constexpr std::array<std::string_view, 12> k14bit{
-    "12F6",   "12C6",   "EPROM",    "EPROM2", "FLASH0", "FLASH1",
-    "FLASH2", "FLASH4", "FLASH4.9", "FLASH8", "LDR412", "LDR412A",
-};
-
-constexpr std::array<std::string_view, 9> kWordEeprom{
-    "12F6", "12C6", "FLASH0", "FLASH1", "FLASH4", "FLASH4.9", "FLASH8", "LDR412", "LDR412A",
-};
-
-constexpr std::array<std::string_view, 57> kFourWordId{
-    "PIC12F1822", "PIC12LF1822", "PIC16F1823", "PIC16LF1823", "PIC16F1824", "PIC16LF1824",
-    "PIC16F1825", "PIC16LF1825", "PIC16F1828", "PIC16LF1828", "PIC16F1829", "PIC16LF1829",
-    "PIC16F1933", "PIC16LF1933", "PIC16F1934", "PIC16LF1934", "PIC16F1936", "PIC16LF1936",
-    "PIC16F1937", "PIC16LF1937", "PIC16F1938", "PIC16LF1938", "PIC16F1939", "PIC16LF1939",
-    "PIC16F882",  "PIC16F883",   "PIC16F884",  "PIC16F886",   "PIC16F887",  "ZQ-LDR418",
-    "PIC16F913",  "PIC16F914",   "PIC16F916",  "PIC16F917",   "PIC16F946",  "PIC16F631",
-    "PIC16F677",  "PIC16F684",   "PIC16F685",  "PIC16F687",   "PIC16F688",  "PIC16F689",
-    "PIC16F690",  "PIC12F635",   "PIC16F636",  "PIC16F639",   "PIC12F609",  "PIC12F615",
-    "PIC16F610",  "PIC16F616",   "PIC12HV609", "PIC12HV615",  "PIC16HV610", "PIC16HV616",
-    "PIC16F785",  "PIC16HV785",  "PIC16F716",
-};
-
-constexpr bool holds(std::span<const std::string_view> list, std::string_view name) {
-    return std::ranges::find(list, name) != list.end();
-}
 
 std::size_t span_of(std::int32_t cells, std::size_t array_bytes) {
     if (cells <= 0) return 0;
@@ -69,19 +41,12 @@ std::span<std::uint8_t> eeprom(Session& session) {
 
 // The ID words get parity as program words do; word 1 has its two top bits set instead.
 void fix_id_area(Session& session) {
-    if (session.PgmType != "EPROM2") return;
+    if (session.PgmType != ProgrammingType::EPROM2) return;
     fix_pairs(std::span{session.CfgIdMem}.first(8));
-    session.CfgIdMem[14] |= 0xC0;
+    config_area::mark_eprom2(session);
 }
 
 }  // namespace
-
-bool is_12bit(std::string_view PgmType) { return holds(k12bit, PgmType); }
-bool is_14bit(std::string_view PgmType) { return holds(k14bit, PgmType); }
-bool is_pic18(std::string_view PgmType) { return PgmType.starts_with("18"); }
-bool is_pic18_flash(std::string_view PgmType) { return PgmType.starts_with("18F"); }
-
-bool has_four_word_id(std::string_view DeviceName) { return holds(kFourWordId, DeviceName); }
 
 std::size_t program_span(const Session& session) {
     return span_of(session.PgmWords, session.PgmMem.size());
@@ -94,7 +59,7 @@ std::size_t eeprom_span(const Session& session) {
 void FillProgramOnes(Session& session) {
     if (is_12bit(session.PgmType)) fill_pairs(program(session), 0x0F, 0xFF);
     if (is_14bit(session.PgmType)) fill_pairs(program(session), 0x3F, 0xFF);
-    if (session.PgmType == "EPROM2") fix_pairs(program(session));
+    if (session.PgmType == ProgrammingType::EPROM2) fix_pairs(program(session));
     if (is_pic18(session.PgmType)) {
         session.PgmWordsCat = session.PgmWords;
         fill_pairs(program(session), 0xFF, 0xFF);
@@ -103,7 +68,7 @@ void FillProgramOnes(Session& session) {
 
 void FillProgramZeros(Session& session) {
     if (is_12bit(session.PgmType) || is_14bit(session.PgmType)) fill_pairs(program(session), 0, 0);
-    if (session.PgmType == "EPROM2") fix_pairs(program(session));
+    if (session.PgmType == ProgrammingType::EPROM2) fix_pairs(program(session));
     if (is_pic18(session.PgmType)) {
         session.PgmWordsCat = session.PgmWords;
         fill_pairs(program(session), 0, 0);
@@ -111,7 +76,7 @@ void FillProgramZeros(Session& session) {
 }
 
 void FillEepromOnes(Session& session) {
-    if (holds(kWordEeprom, session.PgmType)) fill_pairs(eeprom(session), 0x3F, 0xFF);
+    if (has_word_eeprom(session.PgmType)) fill_pairs(eeprom(session), 0x3F, 0xFF);
     if (is_pic18(session.PgmType)) {
         session.EepBytesCat = session.EepBytes;
         fill_pairs(eeprom(session), 0xFF, 0xFF);
@@ -119,7 +84,7 @@ void FillEepromOnes(Session& session) {
 }
 
 void FillEepromZeros(Session& session) {
-    if (holds(kWordEeprom, session.PgmType)) fill_pairs(eeprom(session), 0, 0);
+    if (has_word_eeprom(session.PgmType)) fill_pairs(eeprom(session), 0, 0);
     if (is_pic18(session.PgmType)) {
         session.EepBytesCat = session.EepBytes;
         fill_pairs(eeprom(session), 0, 0);
