@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "link/silence_watch.h"
+
 namespace quillon {
 
 namespace {
@@ -14,7 +16,6 @@ constexpr auto kLetterPause = 1ms;
 // poll that finds the first alone gives the others this long to arrive: a report taken for a ready
 // byte would send image data into the board's command loop.
 constexpr auto kReportTime = 20000us;
-constexpr std::size_t kConfigBlock = 16;
 constexpr std::size_t kConfigReport = 4;
 constexpr std::size_t kItemReport = 3;  // the abort byte and a word
 
@@ -23,8 +24,9 @@ constexpr std::size_t kItemReport = 3;  // the abort byte and a word
 void Exchange::begin() {
     host_.pump();
     port_.discard_input();
-    send(session_.PowerMode == "VPP" ? "n" : "N");
+    send({&dialect_.power, 1});
     port_.discard_input();
+    if (dialect_.extended) send("X");
 }
 
 void Exchange::send(std::string_view letters) {
@@ -36,9 +38,9 @@ void Exchange::send_byte(std::uint8_t byte) {
     host_.sleep(kLetterPause);
 }
 
-void Exchange::send_count(std::int32_t count) {
-    send_byte(static_cast<std::uint8_t>(count / 256));
-    send_byte(static_cast<std::uint8_t>(count % 256));
+void Exchange::send_number(std::int32_t value) {
+    for (int byte = dialect_.number_bytes - 1; byte >= 0; --byte)
+        send_byte(static_cast<std::uint8_t>(value >> 8 * byte));
 }
 
 void Exchange::send_unpaced(std::uint8_t byte) { port_.write(std::array{byte}); }
@@ -48,28 +50,37 @@ void Exchange::acknowledge() {
     port_.write(std::array{kEndCode});
 }
 
-bool Exchange::wait(std::size_t bytes, Limit limit) { return wait_for(host_, port_, bytes, limit); }
+bool Exchange::wait(std::size_t bytes, Limit limit, std::chrono::milliseconds expected) {
+    if (limit) return wait_for(host_, port_, bytes, limit);
+    SilenceWatch silence{host_, messages_, expected};
+    return wait_for(host_, port_, bytes, limit, [&](std::size_t count) {
+        silence.poll(count);
+        return bytes;
+    });
+}
 
-bool Exchange::read_stream(std::size_t total, Limit limit, Bar bar) {
+bool Exchange::read_stream(std::size_t total, Limit limit) {
+    SilenceWatch silence{host_, messages_, kUsualReply};
     std::size_t last = 0;
     std::size_t shown = 0;
     const bool complete = wait_for(host_, port_, total, limit, [&](std::size_t count) {
-        if (count != last && count % kReadBlock == 0) {
+        if (!limit) silence.poll(count);
+        if (count != last && count % dialect_.read_block == 0) {
             acknowledge();
             last = count;
         }
-        if (bar == Bar::Shown) show_progress(shown, count, total - 1);
+        show_progress(shown, count, total - 1);
         shown = count;
-        return std::min(total, (count / kReadBlock + 1) * kReadBlock);
+        return std::min(total, (count / dialect_.read_block + 1) * dialect_.read_block);
     });
     messages_.ShowProgress(Messages::Progress::Off);
     return complete;
 }
 
-std::vector<std::uint8_t> Exchange::read_config(Limit limit) {
-    if (!wait(kConfigBlock, limit)) return {};
+std::vector<std::uint8_t> Exchange::read_config(std::size_t bytes, Limit limit) {
+    if (!wait(bytes, limit)) return {};
     acknowledge();
-    wait(kConfigBlock + 1, kNoLimit);
+    wait(bytes + 1, kNoLimit);
     return take();
 }
 
@@ -101,27 +112,26 @@ std::vector<std::uint8_t> Exchange::take_ready(std::uint8_t abort) {
     return reply;
 }
 
-WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, Limit limit,
-                                   std::uint8_t abort) {
+WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, const WriteRules& rules) {
     WriteResult result;
-    for (auto& i = result.index; i < image.size(); i += 2) {
+    for (auto& i = result.index; i < image.size(); i += rules.item_bytes) {
         host_.pump();  // a board that is ready at once would leave the interface unpumped
-        if (!wait(1, limit)) {
+        if (!wait(1, rules.limit)) {
             result.end = WriteEnd::NoReady;
             break;
         }
-        result.reply = take_ready(abort);
-        if (result.reply.size() > 1 && result.reply.front() == abort) {
+        result.reply = take_ready(rules.abort);
+        if (result.reply.size() > 1 && result.reply.front() == rules.abort) {
             result.end = WriteEnd::Interrupted;
             break;
         }
         messages_.ShowProgress(Messages::Progress::On, 0, static_cast<int>(image.size()),
                                static_cast<int>(i));
-        port_.write(image.subspan(i, 2));
+        port_.write(image.subspan(i, rules.item_bytes));
     }
     messages_.ShowProgress(Messages::Progress::Off);
     if (result.end != WriteEnd::Done) return result;
-    if (!wait(1, limit)) {
+    if (!wait(1, rules.limit)) {
         result.end = WriteEnd::NoReply;
         return result;
     }

@@ -16,18 +16,17 @@
 
 #include "app/host.h"
 #include "app/messages.h"
-#include "app/session.h"
+#include "link/dialect.h"
 #include "link/serial_port.h"
 #include "link/wait.h"
 
 namespace quillon {
 
 inline constexpr std::uint8_t kEndCode = '@';
+// The reply of an exchange in which the board has little work of its own.
+inline constexpr std::chrono::milliseconds kUsualReply{1000};
 // In a write stream of EEPROM or configuration: the item just sent failed.
 inline constexpr std::uint8_t kItemFailed = '*';
-// Bytes that the board sends before it waits for our "@".
-inline constexpr std::size_t kReadBlock = 16;
-
 enum class WriteEnd : std::uint8_t {
     Done,
     NoReady,      // no ready byte came within the limit
@@ -42,39 +41,47 @@ struct WriteResult {
     std::vector<std::uint8_t> reply;  // the board's last bytes
 };
 
+// What bounds and ends a write stream.
+struct WriteRules {
+    std::uint8_t abort = kEndCode;  // interrupts where more bytes come behind it
+    Limit limit = kNoLimit;         // of each wait
+    std::size_t item_bytes = 2;
+};
+
 class Exchange {
   public:
-    Exchange(const Session& session, Host& host, SerialPort& port, Messages& messages)
-        : session_{session}, host_{host}, port_{port}, messages_{messages} {}
+    Exchange(const Dialect& dialect, Host& host, SerialPort& port, Messages& messages)
+        : dialect_{dialect}, host_{host}, port_{port}, messages_{messages} {}
 
-    // Gives the interface a turn, discards what has been received, powers the target ("n": VPP
-    // rises first, "N": VDD first), discards again.
+    // Gives the interface a turn, discards what has been received, powers the target, discards
+    // again.
     void begin();
     void send(std::string_view letters);
     void send_byte(std::uint8_t byte);
-    // Two bytes, high byte first; words, or EEPROM locations.
-    void send_count(std::int32_t count);
+    // A count of words or EEPROM locations, or an address: as many bytes as the dialect has, high
+    // byte first.
+    void send_number(std::int32_t value);
     // The mode byte of an erase: the reply follows it at once, so no pause stands behind it.
     void send_unpaced(std::uint8_t byte);
     // 1 ms, then "@": the board may go on.
     void acknowledge();
 
-    // True once so many bytes are waiting.
-    bool wait(std::size_t bytes, Limit limit);
+    // True once so many bytes are waiting. A wait without a limit that lasts three times as long
+    // as `expected` with no byte coming in says so once, and goes on.
+    bool wait(std::size_t bytes, Limit limit, std::chrono::milliseconds expected = kUsualReply);
     std::vector<std::uint8_t> take() { return port_.read(); }
 
-    enum class Bar : std::uint8_t { Hidden, Shown };
-    // Receives `total` bytes, the end code counted in. The "@" for a block goes out only when a
-    // poll finds the count at a multiple of 16. False when the limit on the whole has passed.
-    bool read_stream(std::size_t total, Limit limit, Bar bar);
-    // The first 16 bytes of a configuration read, within the limit, then "@" and the end code.
-    // Nothing where the 16 didn't come; the second wait has no limit.
-    std::vector<std::uint8_t> read_config(Limit limit);
+    // Receives `total` bytes, the end code counted in, and shows the progress. The "@" for a block
+    // goes out only when a poll finds the count at a multiple of the dialect's block. False when
+    // the limit on the whole has passed.
+    bool read_stream(std::size_t total, Limit limit);
+    // The data of a configuration read, within the limit, then "@" and the end code. Empty where
+    // the data didn't come; the wait for the end code has no limit.
+    std::vector<std::uint8_t> read_config(std::size_t bytes, Limit limit);
 
-    // Sends the image in two-byte items, each after a ready byte, and takes the end code. `limit`
-    // bounds each wait. A lone abort byte is a ready byte like any other; only one with more bytes
-    // behind it interrupts.
-    WriteResult write_stream(std::span<const std::uint8_t> image, Limit limit, std::uint8_t abort);
+    // Sends the image item by item, each after a ready byte, and takes the end code. A lone abort
+    // byte is a ready byte like any other; only one with more bytes behind it interrupts.
+    WriteResult write_stream(std::span<const std::uint8_t> image, const WriteRules& rules);
     // The same without limits for the configuration area: a reply of four bytes or more is the
     // report of an item that failed, and ends the stream.
     WriteResult write_config(std::span<const std::uint8_t> image);
@@ -84,7 +91,7 @@ class Exchange {
     std::vector<std::uint8_t> take_ready(std::uint8_t abort);
     void show_progress(std::size_t from, std::size_t to, std::size_t total);
 
-    const Session& session_;
+    Dialect dialect_;
     Host& host_;
     SerialPort& port_;
     Messages& messages_;

@@ -58,6 +58,10 @@ inline constexpr std::string_view kDelayMismatch =
     "電源印加遅延時間を設定で返信データが一致しませんでした。";
 inline constexpr std::string_view kDelaySet = "電源印加遅延時間　設定＝ {} ミリ秒";
 
+// The wait goes on.
+inline constexpr std::string_view kSilent =
+    "<<注意>>ライターからの応答が {} 秒間ありません。待ち続けています。";
+
 inline constexpr std::string_view kUpdateTitle = "ファームウエアのアップデートが必要です。";
 // Groups are parted by a line of one full-width blank; three lines end in full-width blanks, 4 in
 // the first two, 1 in the one that names the version.

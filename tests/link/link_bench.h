@@ -55,7 +55,7 @@ class LinkBench {
     Messages messages{form};
     MessageLog shown{messages};
     Link link{session, form, settings, host, port, dialogs, messages};
-    Exchange wire{session, host, port, messages};
+    Exchange wire{{}, host, port, messages};
 };
 
 using Lines = std::vector<std::string>;

@@ -10,10 +10,9 @@ namespace {
 using Piece = ScriptedPort::Piece;
 
 // Runs a read stream of so many bytes, the end code counted in, on an open port.
-bool read_stream(LinkBench& bench, std::size_t total, Limit limit = kNoLimit,
-                 Exchange::Bar bar = Exchange::Bar::Hidden) {
+bool read_stream(LinkBench& bench, std::size_t total, Limit limit = kNoLimit) {
     bench.open_port();
-    return bench.wire.read_stream(total, limit, bar);
+    return bench.wire.read_stream(total, limit);
 }
 
 std::string data(std::size_t bytes) { return std::string(bytes, 'd'); }
@@ -32,13 +31,33 @@ TEST(Exchange_begin, discards_before_and_after_the_power_letter) {
 }
 
 TEST(Exchange_begin, raises_vpp_first_only_where_the_device_asks_for_exactly_that) {
-    for (const auto& [mode, letter] : std::vector<std::pair<std::string, std::string>>{
-             {"VPP", "n"}, {"VDD", "N"}, {"", "N"}, {"vpp", "N"}}) {
-        LinkBench bench;
-        bench.session.PowerMode = mode;
-        bench.port.when(letter);
-        bench.wire.begin();
-    }
+    EXPECT_EQ(power_letter("VPP"), 'n');
+    for (const auto* mode : {"VDD", "", "vpp", "VPP "}) EXPECT_EQ(power_letter(mode), 'N') << mode;
+}
+
+TEST(Exchange_begin, sends_the_power_letter_of_the_dialect) {
+    LinkBench bench;
+    bench.open_port();
+    bench.port.when("n");
+    Exchange{{.power = 'n'}, bench.host, bench.port, bench.messages}.begin();
+}
+
+TEST(Exchange_begin, sends_the_extended_prefix_behind_the_second_flush) {
+    LinkBench bench;
+    bench.open_port();
+    bench.port.when("NX");
+    Exchange{{.extended = true}, bench.host, bench.port, bench.messages}.begin();
+
+    EXPECT_EQ(bench.journal.text(), "pump, flush, send N, sleep 1, flush, send X, sleep 1");
+}
+
+TEST(Exchange_send, splits_a_number_into_as_many_bytes_as_the_dialect_has) {
+    LinkBench bench;
+    bench.open_port();
+    bench.port.when(std::string_view{"\x30\x00\x01\x00\x01\x00", 6});
+    Exchange wide{{.number_bytes = 3}, bench.host, bench.port, bench.messages};
+    wide.send_number(0x300001);
+    wide.send_number(256);
 }
 
 TEST(Exchange_send, pauses_1_ms_after_each_letter_and_parameter) {
@@ -46,7 +65,7 @@ TEST(Exchange_send, pauses_1_ms_after_each_letter_and_parameter) {
     bench.open_port();
     bench.port.when("rsp\x1F\x40\x0A");
     bench.wire.send("rsp");
-    bench.wire.send_count(8000);
+    bench.wire.send_number(8000);
     bench.wire.send_byte(10);
 
     EXPECT_EQ(bench.journal.text(),
@@ -58,9 +77,9 @@ TEST(Exchange_send, splits_a_count_high_byte_first) {
     LinkBench bench;
     bench.open_port();
     bench.port.when(std::string_view{"\x00\xFF\x01\x00\x20\x00", 6});
-    bench.wire.send_count(255);
-    bench.wire.send_count(256);
-    bench.wire.send_count(8192);
+    bench.wire.send_number(255);
+    bench.wire.send_number(256);
+    bench.wire.send_number(8192);
 }
 
 TEST(Exchange_send, makes_no_pause_behind_the_mode_of_an_erase) {
@@ -81,6 +100,18 @@ TEST(read_stream, acknowledges_each_block_of_16_and_the_last_before_the_end_code
 
     EXPECT_EQ(bench.journal.text(), "pump, sleep 1, send @, pump, sleep 1, send @, pump");
     EXPECT_EQ(bench.wire.take().size(), 33U);
+}
+
+TEST(read_stream, acknowledges_blocks_of_the_dialects_size) {
+    LinkBench bench;
+    bench.open_port();
+    bench.port.arrives(5ms, data(8));
+    bench.port.when("@", data(8));
+    bench.port.when("@", "@");
+    Exchange eights{{.read_block = 8}, bench.host, bench.port, bench.messages};
+    EXPECT_TRUE(eights.read_stream(17, kNoLimit));
+
+    EXPECT_EQ(bench.journal.text(), "pump, sleep 1, send @, pump, sleep 1, send @, pump");
 }
 
 TEST(read_stream, acknowledges_nothing_of_less_than_a_block) {
@@ -157,7 +188,7 @@ TEST(read_stream, draws_the_bar_and_hides_it_at_the_end) {
     bench.port.arrives(5ms, data(100));
     bench.port.arrives(10ms, data(105));
     bench.port.arrives(15ms, data(195) + "@");
-    EXPECT_TRUE(read_stream(bench, 401, kNoLimit, Exchange::Bar::Shown));
+    EXPECT_TRUE(read_stream(bench, 401));
 
     EXPECT_EQ(percents, (Lines{"0%", "25%", "51%"}));
     EXPECT_FALSE(bench.form.P_Bar.Visible.get());
@@ -169,23 +200,33 @@ TEST(read_config, takes_16_bytes_acknowledges_them_and_takes_the_end_code) {
     bench.open_port();
     bench.port.arrives(5ms, data(16));
     bench.port.when("@", "@");
-    const auto reply = bench.wire.read_config(10s);
+    const auto reply = bench.wire.read_config(16, 10s);
 
     EXPECT_EQ(reply, bytes_of(data(16) + "@"));
     EXPECT_EQ(bench.journal.text(), "pump, sleep 1, send @, pump");
+}
+
+TEST(read_config, takes_as_many_bytes_as_the_area_has_before_it_acknowledges) {
+    LinkBench bench;
+    bench.open_port();
+    bench.port.arrives(5ms, data(16));
+    bench.port.arrives(9ms, data(4));
+    bench.port.when("@", "@");
+
+    EXPECT_EQ(bench.wire.read_config(20, 10s), bytes_of(data(20) + "@"));
 }
 
 TEST(read_config, times_out_for_the_first_16_bytes_only) {
     LinkBench late;
     late.port.arrives(1ms, data(15));
     late.port.arrives(10s + 1ms, "d");
-    EXPECT_TRUE(late.wire.read_config(10s).empty());
+    EXPECT_TRUE(late.wire.read_config(16, 10s).empty());
     EXPECT_EQ(late.journal.text(), "pump");
 
     LinkBench in_time;
     in_time.port.arrives(10s, data(16));
     in_time.port.when("@", {{5min, "@"}});
-    EXPECT_EQ(in_time.wire.read_config(10s).size(), 17U);
+    EXPECT_EQ(in_time.wire.read_config(16, 10s).size(), 17U);
 }
 
 TEST(read_config, hands_over_whatever_stands_in_the_place_of_the_end_code) {
@@ -193,7 +234,7 @@ TEST(read_config, hands_over_whatever_stands_in_the_place_of_the_end_code) {
     bench.port.arrives(5ms, data(16));
     bench.port.when("@", "x");
 
-    EXPECT_EQ(bench.wire.read_config(kNoLimit), bytes_of(data(16) + "x"));
+    EXPECT_EQ(bench.wire.read_config(16, kNoLimit), bytes_of(data(16) + "x"));
 }
 
 }  // namespace quillon::test

@@ -19,7 +19,7 @@ constexpr auto kByteTime = 174us;
 // The board asks at once for the first item; what it answers to each is the test's.
 WriteResult write(LinkBench& bench, std::uint8_t abort = '@', Limit limit = 10s) {
     bench.open_port();
-    return bench.wire.write_stream(kImage, limit, abort);
+    return bench.wire.write_stream(kImage, {.abort = abort, .limit = limit});
 }
 
 std::array<std::uint8_t, 16> config_image() {

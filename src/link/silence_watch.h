@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// Tells the user that the board has gone silent in a wait that has no limit.
+//
+// Such a wait goes on until the user gives up. Without a word the user can't tell a board that is
+// busy from one that is dead.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+
+#include "app/host.h"
+#include "app/messages.h"
+
+namespace quillon {
+
+class SilenceWatch {
+  public:
+    // `expected`: how long the board may well take for its next byte.
+    SilenceWatch(const Host& host, Messages& messages, std::chrono::milliseconds expected)
+        : host_{host}, messages_{messages}, longest_{3 * expected}, since_{host.now()} {}
+
+    // At each poll, with the count of bytes that are waiting. Reports once.
+    void poll(std::size_t count);
+
+  private:
+    const Host& host_;
+    Messages& messages_;
+    std::chrono::milliseconds longest_;
+    Host::Time since_;
+    std::size_t count_ = 0;
+    bool reported_ = false;
+};
+
+}  // namespace quillon
