@@ -15,8 +15,6 @@ std::string_view text(Token token) {
             return "ER";
         case Token::Absent:
             return "--";
-        case Token::CP:
-            return "CP";
         case Token::YB:
             return "YB";
         case Token::NB:
@@ -24,6 +22,8 @@ std::string_view text(Token token) {
     }
     return "";
 }
+
+std::string_view text(const Protection& protection) { return protection.any() ? "CP" : "--"; }
 
 std::string text(const AreaTokens& tokens) {
     return std::string{text(tokens.pgm)}.append(text(tokens.eep)).append(text(tokens.cfg));

@@ -14,12 +14,22 @@ enum class Token : std::uint8_t {
     NG,      // "NG": the data disagreed, or the step was refused
     ER,      // "ER": the end code or the data didn't come
     Absent,  // "--": the device has no such area, or the step was left out
-    CP,      // "CP": the device reports code protection
     YB,      // "YB": blank
     NB,      // "NB": not blank
 };
 
 std::string_view text(Token token);
+
+// What of the device is protected against being read.
+struct Protection {
+    bool pgm = false;
+    bool eep = false;
+    constexpr bool any() const { return pgm || eep; }
+    bool operator==(const Protection&) const = default;
+};
+
+// "CP" or "--".
+std::string_view text(const Protection& protection);
 
 // The results of one operation, area by area.
 struct AreaTokens {

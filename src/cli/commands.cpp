@@ -9,7 +9,7 @@
 #include "cli/cli_texts.h"
 #include "cli/dump.h"
 #include "cli/set_controls.h"
-#include "families/dispatch.h"
+#include "parts/modules.h"
 #include "run/start_up.h"
 
 namespace quillon::cli {
@@ -186,8 +186,8 @@ Finish Commands::list_devices() {
         // A block that can't be read leaves what stands: better nothing than the former device's.
         static_cast<DeviceRecord&>(session) = {};
         run_.catalogue.LoadDeviceRecord(name, run_.config);
-        events_.device({name, session.PgmType, session.PgmWords, session.EepBytes,
-                        std::string{family_of(name)}});
+        events_.device({name, session.PgmType.text(), session.PgmWords, session.EepBytes,
+                        std::string{name_of(module_of(name))}});
     }
     return Finish::of(Outcome::Success);
 }

@@ -50,8 +50,7 @@ void Flows::open() {
     form.Lbl_Calib_ReadWrite_Data.Caption.set("--");
     form.CmbInit.Visible.set(false);
     form.TxtInit.Visible.set(false);
-    session.Cancelled = false;
-    session.CodeProtect = Token::Absent;
+    session.CodeProtect = {};
     session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
     session.ResultAll.clear();
     session.FailDetail.clear();
@@ -69,7 +68,7 @@ void Flows::close() {
 }
 
 void Flows::give_controls_back() {
-    release_buttons(context_.session.PgmType, context_.form);
+    release_buttons(context_.session.PgmType.text(), context_.form);
     context_.form.WaitCursor.set(false);
     context_.messages.ShowProgress(Messages::Progress::Off);
     context_.form.Focus.set("frmMain");
@@ -109,7 +108,8 @@ Outcome Flows::main_button(Chain chain, Outcome (Family::*entry)()) {
         context_.messages.ShowMessage(flow_text::kChecking);
         context_.host.pump();
         if (context_.link.Writer_Check() == Token::NG) return Outcome::NoBoard;
-        const auto family = make_family(context_.form.Combo_device.Text.get(), chain, context_);
+        const auto family =
+            make_family(module_of(context_.form.Combo_device.Text.get(), chain), context_);
         if (!family) {
             context_.messages.ShowMessage(flow_text::kNotServed);
             return Outcome::NotServed;

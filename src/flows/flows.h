@@ -6,10 +6,10 @@
 #include <string_view>
 
 #include "app/outcome.h"
-#include "families/context.h"
-#include "families/dispatch.h"
+#include "areas/context.h"
 #include "families/family.h"
-#include "flows/generic_engine.h"
+#include "families/generic_engine.h"
+#include "families/make_family.h"
 
 namespace quillon {
 

@@ -16,7 +16,7 @@ struct Case {
     std::string_view result = "";
 };
 
-std::string case_name(const testing::TestParamInfo<Case>& info) { return info.param.name; }
+std::string wait_name(const testing::TestParamInfo<Case>& info) { return info.param.name; }
 
 constexpr auto kBlank = &Flows::Command_blank;
 constexpr auto kRead = &Flows::Command_read;
@@ -81,7 +81,7 @@ const std::vector<Case> kCases{
 }  // namespace
 
 class end_code : public testing::TestWithParam<Case> {};
-INSTANTIATE_TEST_SUITE_P(, end_code, testing::ValuesIn(kCases), case_name);
+INSTANTIATE_TEST_SUITE_P(, end_code, testing::ValuesIn(kCases), wait_name);
 
 TEST_P(end_code, is_missed_in_the_routines_own_words) {
     const Case& given = GetParam();
@@ -101,9 +101,8 @@ TEST_P(end_code, is_missed_in_the_routines_own_words) {
     }
 }
 
-using stops_at_a_link_error = BothFamilies;
-INSTANTIATE_TEST_SUITE_P(, stops_at_a_link_error, testing::Values("PIC16F877", "PIC16F877A"),
-                         device_name);
+using stops_at_a_link_error = EveryFamily;
+INSTANTIATE_TEST_SUITE_P(, stops_at_a_link_error, testing::ValuesIn(kFamilyCases), case_name);
 
 TEST_P(stops_at_a_link_error, a_program_run_in_its_blank_check) {
     struct Step {
@@ -168,26 +167,9 @@ TEST_P(stops_at_a_link_error, no_verify_that_has_seen_a_mismatch) {
 }
 
 // The steps of the erase: its status line, its failure.
-struct EraseFailure {
-    std::string_view status, failure;
-};
-constexpr EraseFailure kFirst877{
-    "イレース..........プロテクト解除中（プログラムメモリイレース）..........",
-    "イレース.........プロテクト解除（プログラムメモリイレース）に失敗しました。"};
-constexpr EraseFailure kFirst877A{
-    "イレース..........プロテクト解除中（コンフィグワードイレース）..........",
-    "イレース.........プロテクト解除（コンフィグワードイレース）に失敗しました。"};
-constexpr EraseFailure kPgm{
-    "イレース..........ＦＬＡＳＨプログラムメモリーのイレース中..........",
-    "イレース.........ＦＬＡＳＨプログラムメモリーのイレースに失敗しました。"};
-constexpr EraseFailure kEep{
-    "イレース..........ＥＥＰＲＯＭデータメモリーのイレース中..........",
-    "イレース.........ＥＥＰＲＯＭデータメモリーのイレースに失敗しました。"};
 
 TEST_P(stops_at_a_link_error, a_program_run_in_each_step_of_its_erase) {
-    const bool a = std::string_view{GetParam()}.ends_with('A');
-    const auto steps = a ? std::vector{kFirst877A, kPgm, kEep} : std::vector{kFirst877, kEep};
-    for (const auto& [status, failure] : steps) {
+    for (const auto& [command, status, failure, pause, of_eeprom] : GetParam().erases) {
         for (const std::string_view fault : {"bd/alter:1:0x21", "bd/late:3100ms"}) {
             Bench bench{GetParam()};
             bench.when_shown(status, [&] { bench.board.add_fault(fault); });

@@ -2,8 +2,8 @@
 // The exchanges of an operation in the wire log's notation, made from what was put into image and
 // part.
 //
-// What sets the two families apart on the wire stands in one row a family. All these parts raise
-// VDD first ("N") and have a power delay of 10 ms.
+// What sets the families apart on the wire is in their rows. All these parts raise VDD first ("N")
+// and have a power delay of 10 ms.
 #pragma once
 
 #include <fmt/format.h>
@@ -19,29 +19,15 @@
 #include "app/text.h"
 #include "board/wire_log.h"
 #include "support/bench.h"
+#include "support/family_case.h"
 
 namespace quillon::test {
-
-struct FamilyLetters {
-    std::string_view write_pgm;
-    std::string_view write_cfg;
-    std::string_view erase_chip;
-    std::string_view erase_pgm;  // "" where the chip erase takes program memory
-    std::string_view erase_eep;
-};
-
-inline constexpr FamilyLetters k877{"we8", "wec", "01", "", "03"};
-inline constexpr FamilyLetters k877A{"wGe", "wFc", "0A", "0B", "0C"};
-
-inline const FamilyLetters& letters_of(std::string_view device) {
-    return device.ends_with('A') ? k877A : k877;
-}
 
 class ExpectedWire {
   public:
     explicit ExpectedWire(Bench& bench)
         : bench_{bench},
-          letters_{letters_of(bench.device())},
+          family_{case_of(bench.device())},
           pgm_count_{hex_count(bench.session().PgmWords)},
           eep_count_{hex_count(bench.session().EepBytes)} {}
 
@@ -60,18 +46,26 @@ class ExpectedWire {
     std::string read_eep(std::span<const std::uint8_t> data, std::string_view end = "@") const {
         return read("> Nrsd " + eep_count_, data, end);
     }
-    std::string erase_chip() const { return erase(letters_.erase_chip); }
-    std::string erase_pgm() const { return erase(letters_.erase_pgm); }
-    std::string erase_eep() const { return erase(letters_.erase_eep); }
-    std::string erase_all() const {
-        return erase_chip() + (letters_.erase_pgm.empty() ? "" : erase_pgm()) + erase_eep();
+    // The n-th of the family's erases.
+    std::string erase(std::size_t n) const {
+        return fmt::format("> N{}  < @\n", family_.erases[n].command);
     }
+    // All that the device needs.
+    std::string erase_all() const {
+        std::string all;
+        for (std::size_t n = 0; n < family_.erases.size(); ++n)
+            if (!family_.erases[n].of_eeprom || bench_.session().EepBytes != 0) all += erase(n);
+        return all;
+    }
+    std::string erase_eep() const { return erase(family_.erases.size() - 1); }
     // The letters and the count with which a write begins.
     std::string begin_write_pgm() const {
-        return fmt::format("> N{} {}", letters_.write_pgm, pgm_count_);
+        return fmt::format("> N{} {}", family_.write_pgm, pgm_count_);
     }
-    std::string begin_write_eep() const { return "> Nwed " + eep_count_; }
-    std::string begin_write_cfg() const { return fmt::format("> N{} 00 08", letters_.write_cfg); }
+    std::string begin_write_eep() const {
+        return fmt::format("> N{} {}", family_.write_eep, eep_count_);
+    }
+    std::string begin_write_cfg() const { return fmt::format("> N{} 00 08", family_.write_cfg); }
 
     std::string write_pgm(std::string_view end = "@") const {
         return begin_write_pgm() + items(bench_.program_image(), end);
@@ -142,10 +136,9 @@ class ExpectedWire {
         return fmt::format("{}  < {}  > @{}  < {}\n", head, shown(data),
                            blocks == 1 ? "" : fmt::format(" x{}", blocks), end);
     }
-    static std::string erase(std::string_view mode) { return fmt::format("> Nbd {}  < @\n", mode); }
 
     Bench& bench_;
-    const FamilyLetters& letters_;
+    const FamilyCase& family_;
     std::string pgm_count_;
     std::string eep_count_;
 };

@@ -13,13 +13,17 @@
 
 #include "expected_wire.h"
 #include "support/bench.h"
+#include "support/family_case.h"
 
 namespace quillon::test {
 
 using Pauses = std::vector<std::chrono::milliseconds>;
 
-// One device of each family, for what both have to show.
-class BothFamilies : public testing::TestWithParam<const char*> {};
+// For what every family has to show.
+class EveryFamily : public testing::TestWithParam<FamilyCase> {};
+inline std::string case_name(const testing::TestParamInfo<FamilyCase>& info) {
+    return std::string{info.param.device};
+}
 inline std::string device_name(const testing::TestParamInfo<const char*>& info) {
     return info.param;
 }

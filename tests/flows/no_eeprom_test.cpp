@@ -7,7 +7,7 @@ namespace quillon::test {
 namespace {
 
 struct BenchWithoutEeprom : Bench {
-    explicit BenchWithoutEeprom(const char* device)
+    explicit BenchWithoutEeprom(std::string_view device)
         : Bench{device, {CatalogueBlock{device, {{"EEPROM_BYTE", "0"}}}}} {
         EXPECT_EQ(session().EepBytes, 0);
     }
@@ -19,8 +19,8 @@ constexpr std::string_view kNotToRead = "ＯＴＰ版は、ＥＥＰＲＯＭデ
 
 }  // namespace
 
-using no_eeprom = BothFamilies;
-INSTANTIATE_TEST_SUITE_P(, no_eeprom, testing::Values("PIC16F877", "PIC16F877A"), device_name);
+using no_eeprom = EveryFamily;
+INSTANTIATE_TEST_SUITE_P(, no_eeprom, testing::ValuesIn(kFamilyCases), case_name);
 
 TEST_P(no_eeprom, is_blank_in_two_areas) {
     BenchWithoutEeprom bench{GetParam()};
@@ -49,13 +49,11 @@ TEST_P(no_eeprom, is_programmed_in_two_areas_with_no_erase_of_a_third) {
     BenchWithoutEeprom bench{GetParam()};
     const ExpectedWire wire{bench};
     const auto before =
-        wire.check() + wire.config() + wire.blank_pgm("3F FF") + wire.config() + wire.erase_chip();
+        wire.check() + wire.config() + wire.blank_pgm("3F FF") + wire.config() + wire.erase_all();
     EXPECT_EQ(bench.run->flows.Command_program(), Outcome::Success);
 
-    const bool a = std::string_view{GetParam()}.ends_with('A');
-    EXPECT_EQ(bench.wire(), before + (a ? wire.erase_pgm() : "") + wire.write_pgm() +
-                                wire.read_pgm(wire.program_of_target()) + wire.write_cfg() +
-                                wire.config());
+    EXPECT_EQ(bench.wire(), before + wire.write_pgm() + wire.read_pgm(wire.program_of_target()) +
+                                wire.write_cfg() + wire.config());
     EXPECT_EQ(bench.session().ResultAll, "OK--OK");
     EXPECT_EQ(bench.session().PassCount, 1);
     EXPECT_EQ(std::ranges::count(bench.shown->lines, kNotToWrite), 1);

@@ -16,7 +16,7 @@ constexpr std::string_view kCfgBox = "コンフィグレーションのプログ
 // A run that begins with the erase, so that its first exchanges are known.
 class FailingRun {
   public:
-    explicit FailingRun(const char* device) : bench{device} {
+    explicit FailingRun(std::string_view device) : bench{device} {
         bench.form().mnuBlankSkip.Checked.set(true);
         before_ = wire.check() + wire.config() + wire.erase_all();
     }
@@ -68,9 +68,8 @@ std::string broken_off(const std::string& head, std::size_t ready,
 
 }  // namespace
 
-using program_failure = BothFamilies;
-INSTANTIATE_TEST_SUITE_P(, program_failure, testing::Values("PIC16F877", "PIC16F877A"),
-                         device_name);
+using program_failure = EveryFamily;
+INSTANTIATE_TEST_SUITE_P(, program_failure, testing::ValuesIn(kFamilyCases), case_name);
 
 TEST_P(program_failure, stops_where_the_board_breaks_off_the_write_of_program_memory) {
     FailingRun run{GetParam()};
@@ -93,7 +92,7 @@ TEST_P(program_failure, lets_the_board_go_before_the_box_and_once_more_at_the_en
 
     EXPECT_FALSE(open);
     EXPECT_EQ(pauses(run.bench),
-              between_check_and_close(joined({erase_pauses(), {200ms}, {200ms, 200ms}})));
+              between_check_and_close(joined({erase_pauses(GetParam()), {200ms}, {200ms, 200ms}})));
 }
 
 TEST_P(program_failure, names_the_word_two_before_the_one_that_was_due_at_a_time_out) {
@@ -190,9 +189,19 @@ TEST_P(program_failure, reports_an_id_word_that_does_not_hold_its_value) {
                                    kVerifyLines,
                                    {kConfigLines[0],
                                     "コンフィギュレーションワードのプログラミングに失敗しました。 "
-                                    "| ( Address = 1  Read = 2A3F  Write = ???? )"}}));
+                                    "| ( Address = 1  Read = 3FFF  Write = ???? )"}}));
     expect_critical_box(run.bench, "", kCfgBox);
     run.expect_stopped();
+}
+
+TEST_P(program_failure, reports_the_first_word_of_a_report_that_lacks_its_mark) {
+    FailingRun run{GetParam()};
+    run.bench.board.add_fault("stuck-config:1");
+    run.fail_with(std::string{GetParam().write_cfg} + "/alter:3:0x2B");
+
+    EXPECT_EQ(run.lines().back(),
+              "コンフィギュレーションワードのプログラミングに失敗しました。 "
+              "| ( Address = 1  Read = 2B3F  Write = ???? )");
 }
 
 TEST_P(program_failure, reports_a_configuration_word_that_does_not_hold_its_value) {
@@ -201,7 +210,7 @@ TEST_P(program_failure, reports_a_configuration_word_that_does_not_hold_its_valu
 
     EXPECT_EQ(run.lines().back(),
               "コンフィギュレーションワードのプログラミングに失敗しました。 "
-              "| ( Address = 7  Read = 2A3F  Write = ???? )");
+              "| ( Address = 7  Read = 3FFF  Write = ???? )");
     expect_critical_box(run.bench, "", kCfgBox);
     run.expect_stopped();
     EXPECT_EQ(run.bench.session().CfgIdMem[8], 0x3F);
@@ -233,7 +242,7 @@ TEST_P(program_failure, goes_on_after_a_mismatch_and_tells_all_areas_at_the_end)
               "ＥＥＰＲＯＭデータメモリ\t=OK\r\n"
               "ＣＯＮＦＩＧ. ワード　　　\t=OK\r\n");
     EXPECT_EQ(run.bench.log(),
-              verdict + "  " + GetParam() + "  ID:ABCD  A.HEX\t2026-11-20 14:03:22\n");
+              verdict + "  " + run.bench.device() + "  ID:ABCD  A.HEX\t2026-11-20 14:03:22\n");
     EXPECT_EQ(run.bench.session().ResultAll, "NGOKOK");
     EXPECT_EQ(run.bench.session().TryCount, 1);
     EXPECT_EQ(run.bench.session().PassCount, 0);

@@ -22,9 +22,8 @@ int seconds_told(const Bench& bench) {
 
 }  // namespace
 
-using Command_program = BothFamilies;
-INSTANTIATE_TEST_SUITE_P(, Command_program, testing::Values("PIC16F877", "PIC16F877A"),
-                         device_name);
+using Command_program = EveryFamily;
+INSTANTIATE_TEST_SUITE_P(, Command_program, testing::ValuesIn(kFamilyCases), case_name);
 
 TEST_P(Command_program, programs_a_blank_part) {
     Bench bench{GetParam()};
@@ -41,10 +40,10 @@ TEST_P(Command_program, programs_a_blank_part) {
         bench.shown->lines,
         after_check(joined(
             {kSocketLines, kBlankLines, kFoundBlankLines, written_lines(GetParam()), {last}})));
-    EXPECT_EQ(bench.log(),
-              last + "  " + GetParam() + "  ID:ABCD  /home/user/BLINK.HEX\t2026-11-20 14:03:22\n");
-    EXPECT_EQ(pauses(bench),
-              between_check_and_close(joined({{200ms}, erase_pauses(), {200ms, 200ms, 200ms}})));
+    EXPECT_EQ(bench.log(), last + "  " + bench.device() +
+                               "  ID:ABCD  /home/user/BLINK.HEX\t2026-11-20 14:03:22\n");
+    EXPECT_EQ(pauses(bench), between_check_and_close(joined(
+                                 {{200ms}, erase_pauses(GetParam()), {200ms, 200ms, 200ms}})));
     EXPECT_TRUE(bench.dialogs.boxes.empty());
     EXPECT_TRUE(bench.dialogs.hints.empty());
     EXPECT_EQ(bench.form().Lbl_Calib_ReadWrite_Data.Caption.get(), "");

@@ -24,26 +24,15 @@ inline const Lines kBlankLines{
 inline const Lines kFoundBlankLines{"ブランクチェック終了。　デバイスは消去されています。"};
 
 inline Lines erase_lines(std::string_view device) {
-    if (device.ends_with('A'))
-        return {
-            "チップイレース中..........",
-            "イレース..........プロテクト解除中（コンフィグワードイレース）..........",
-            "成功。",
-            "イレース..........ＦＬＡＳＨプログラムメモリーのイレース中..........",
-            "成功。",
-            "イレース..........ＥＥＰＲＯＭデータメモリーのイレース中..........",
-            "成功。",
-            "イレース.........イレースしました。",
-        };
-    return {
-        "チップイレース中..........",
-        "チップイレース(コードプロテクト解除)中.....",
-        "イレース..........プロテクト解除中（プログラムメモリイレース）..........",
-        "成功。",
-        "イレース..........ＥＥＰＲＯＭデータメモリーのイレース中..........",
-        "成功。",
-        "イレース.........イレースしました。",
-    };
+    const auto& family = case_of(device);
+    Lines lines{"チップイレース中.........."};
+    if (!family.erase_title.empty()) lines.emplace_back(family.erase_title);
+    for (const auto& erase : family.erases) {
+        lines.emplace_back(erase.status);
+        lines.emplace_back("成功。");
+    }
+    lines.emplace_back("イレース.........イレースしました。");
+    return lines;
 }
 
 inline const Lines kWritePgmLines{
@@ -75,8 +64,12 @@ inline Lines written_lines(std::string_view device) {
         {erase_lines(device), kWritePgmLines, kWriteEepLines, kVerifyLines, kConfigLines});
 }
 
-// The pauses of the erase: its first step has none in the A parts.
-inline Pauses erase_pauses() { return {100ms, 100ms}; }
+inline Pauses erase_pauses(std::string_view device) {
+    Pauses found;
+    for (const auto& erase : case_of(device).erases)
+        if (erase.pause > 0) found.emplace_back(erase.pause);
+    return found;
+}
 inline Pauses joined(std::initializer_list<Pauses> stages) {
     Pauses all;
     for (const auto& stage : stages) all.insert(all.end(), stage.begin(), stage.end());

@@ -36,9 +36,8 @@ void expect_mismatch_box(const Bench& bench) {
 
 }  // namespace
 
-using program_question = BothFamilies;
-INSTANTIATE_TEST_SUITE_P(, program_question, testing::Values("PIC16F877", "PIC16F877A"),
-                         device_name);
+using program_question = EveryFamily;
+INSTANTIATE_TEST_SUITE_P(, program_question, testing::ValuesIn(kFamilyCases), case_name);
 
 TEST_P(program_question, overwrites_a_used_part_on_ok) {
     Bench bench{GetParam()};
@@ -55,8 +54,8 @@ TEST_P(program_question, overwrites_a_used_part_on_ok) {
     EXPECT_EQ(bench.shown->lines,
               after_check(joined(
                   {kSocketLines, kBlankLines, kQuestion, written_lines(GetParam()), {last}})));
-    EXPECT_EQ(pauses(bench),
-              between_check_and_close(joined({{200ms}, erase_pauses(), {200ms, 200ms, 200ms}})));
+    EXPECT_EQ(pauses(bench), between_check_and_close(joined(
+                                 {{200ms}, erase_pauses(GetParam()), {200ms, 200ms, 200ms}})));
 }
 
 TEST_P(program_question, leaves_a_used_part_untouched_on_cancel) {
@@ -129,7 +128,7 @@ TEST_P(program_question, asks_nothing_and_checks_nothing_with_the_blank_check_sk
     EXPECT_EQ(bench.shown->lines,
               after_check(joined({kSocketLines, written_lines(GetParam()), {last}})));
     EXPECT_EQ(pauses(bench),
-              between_check_and_close(joined({erase_pauses(), {200ms, 200ms, 200ms}})));
+              between_check_and_close(joined({erase_pauses(GetParam()), {200ms, 200ms, 200ms}})));
 }
 
 TEST_P(program_question, checks_all_the_same_where_the_skip_is_checked_but_disabled) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The partial operations of a family: program memory with configuration, and EEPROM alone.
-#include "families/dispatch.h"
+#include "families/make_family.h"
 #include "program_lines.h"
 
 namespace quillon::test {
@@ -13,7 +13,7 @@ Outcome run_partial(Bench& bench, Outcome (Family::*operation)()) {
     bench.wire();
     bench.shown->lines.clear();
     bench.host.sleeps.clear();
-    const auto family = make_family(bench.device(), Chain::Program, bench.run->context);
+    const auto family = make_family(module_of(bench.device()), bench.run->context);
     EXPECT_NE(family, nullptr);
     return ((*family).*operation)();
 }
@@ -25,8 +25,8 @@ struct Step {
 
 }  // namespace
 
-using Pgm_Reload = BothFamilies;
-INSTANTIATE_TEST_SUITE_P(, Pgm_Reload, testing::Values("PIC16F877", "PIC16F877A"), device_name);
+using Pgm_Reload = EveryFamily;
+INSTANTIATE_TEST_SUITE_P(, Pgm_Reload, testing::ValuesIn(kFamilyCases), case_name);
 
 TEST_P(Pgm_Reload, writes_and_verifies_program_memory_and_configuration) {
     Bench bench{GetParam()};
@@ -64,8 +64,8 @@ TEST_P(Pgm_Reload, stops_at_the_first_failure_with_a_text_that_lacks_a_character
     }
 }
 
-using Eep_Reload = BothFamilies;
-INSTANTIATE_TEST_SUITE_P(, Eep_Reload, testing::Values("PIC16F877", "PIC16F877A"), device_name);
+using Eep_Reload = EveryFamily;
+INSTANTIATE_TEST_SUITE_P(, Eep_Reload, testing::ValuesIn(kFamilyCases), case_name);
 
 TEST_P(Eep_Reload, erases_writes_and_verifies_eeprom_alone) {
     Bench bench{GetParam()};

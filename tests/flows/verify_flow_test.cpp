@@ -51,8 +51,8 @@ constexpr std::string_view kMore = "\r\nこれ以降もエラーがある可能�
 
 }  // namespace
 
-using Command_Verify = BothFamilies;
-INSTANTIATE_TEST_SUITE_P(, Command_Verify, testing::Values("PIC16F877", "PIC16F877A"), device_name);
+using Command_Verify = EveryFamily;
+INSTANTIATE_TEST_SUITE_P(, Command_Verify, testing::ValuesIn(kFamilyCases), case_name);
 
 TEST_P(Command_Verify, finds_a_part_that_holds_the_image_good) {
     Bench bench{GetParam()};

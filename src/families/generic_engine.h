@@ -7,15 +7,13 @@
 #include <string_view>
 
 #include "app/token.h"
-#include "families/context.h"
-#include "link/exchange.h"
+#include "areas/context.h"
 
 namespace quillon {
 
 class GenericEngine {
   public:
-    explicit GenericEngine(RunContext& context)
-        : context_{context}, wire_{context.session, context.host, context.port, context.messages} {}
+    explicit GenericEngine(RunContext& context) : context_{context} {}
 
     // OK or ER. A device for which no letters are known gets the power letter alone, and the wait
     // for its answer runs out.
@@ -27,7 +25,6 @@ class GenericEngine {
     bool erase(std::string_view letters, std::uint8_t mode);
 
     RunContext& context_;
-    Exchange wire_;
 };
 
 }  // namespace quillon

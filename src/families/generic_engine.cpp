@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "flows/generic_engine.h"
+#include "families/generic_engine.h"
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <span>
+
+#include "link/exchange.h"
 
 namespace quillon {
 
@@ -65,10 +67,14 @@ EraseCommand chip_erase(std::string_view device) {
 }  // namespace
 
 bool GenericEngine::erase(std::string_view letters, std::uint8_t mode) {
-    wire_.begin();
-    wire_.send(letters);
-    if (mode != 0) wire_.send_byte(mode);
-    return wire_.wait(1, kEraseLimit) && wire_.take().front() == kEndCode;
+    Exchange wire{{.power = power_letter(context_.session.PowerMode)},
+                  context_.host,
+                  context_.port,
+                  context_.messages};
+    wire.begin();
+    wire.send(letters);
+    if (mode != 0) wire.send_byte(mode);
+    return wire.wait(1, kEraseLimit) && wire.take().front() == kEndCode;
 }
 
 Token GenericEngine::Pgm_Erase() {

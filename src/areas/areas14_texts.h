@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// The messages of the 14-bit parts' area routines. The defaults are the template's; a family names
+// those that it says otherwise. A message with a value in it is a format string of its own.
+#pragma once
+
+#include <string_view>
+
+namespace quillon {
+
+struct Areas14Texts {
+    // Blank checks
+    std::string_view blank_pgm = "ブランクチェック中..........プログラムメモリー";
+    std::string_view blank_eep = "ブランクチェック中..........ＥＥＰＲＯＭメモリ";
+    std::string_view blank_cfg = "ブランクチェック中..........コンフィグ・ＩＤワード";
+    // 2 full-width blanks in the middle of each
+    std::string_view blank_pgm_no_end_code =
+        "プログラムメモリブランクチェック失敗。"
+        "　　"
+        "終了コードを受信できませんでした。";
+    std::string_view blank_eep_timeout =
+        "ＥＥＰＲＯＭデータメモリブランクチェック失敗。"
+        "　　"
+        "読み出しデータ不足。";
+    std::string_view blank_eep_no_end_code =
+        "ＥＥＰＲＯＭデータメモリブランクチェック失敗。"
+        "　　"
+        "終了コードを受信できませんでした。";
+    std::string_view blank_cfg_no_end_code =
+        "コンフィギュレーションワードブランクチェック失敗。"
+        "　　"
+        "終了コードを受信できませんでした。";
+    std::string_view is_protected = "このデバイスはコードプロテクトされています。";
+    // Writes
+    std::string_view write_pgm_failed =
+        "プログラムメモリのプログラミングに失敗しました。"
+        " ";
+    std::string_view write_pgm_interrupted =
+        "プログラムメモリのプログラミングに失敗しました。  中断コードが返信されました。";
+    std::string_view write_pgm_no_reply =
+        "プログラムメモリのプログラミングに失敗しました。  受信タイムアウトが発生しました。";
+    std::string_view write_pgm_no_end_code =
+        "プログラムメモリのプログラミングに失敗しました。  終了コードを受信できませんでした。";
+    std::string_view write_pgm_done = "プログラムメモリのプログラミングに成功しました。";
+    std::string_view no_eep_to_write =
+        "このデバイスは、ＥＥＰＲＯＭデータメモリを内蔵していません。";
+    std::string_view write_eep_failed = "ＥＥＰＲＯＭデータメモリのプログラミングに失敗しました。";
+    std::string_view write_eep_no_end_code =
+        "ＥＥＰＲＯＭデータメモリのプログラミングに失敗しました。  終了コードを受信できませんでした。";
+    std::string_view write_eep_done = "ＥＥＰＲＯＭデータメモリのプログラミングに成功しました。";
+    std::string_view write_cfg_failed =
+        "コンフィギュレーションワードのプログラミングに失敗しました。";
+    std::string_view write_cfg_done =
+        "コンフィギュレーションワードのプログラミングに成功しました。";
+    // Reads
+    std::string_view reading_pgm = "Ｆｌａｓｈプログラムメモリ読み出し中.....";
+    std::string_view read_pgm_no_end_code =
+        "プログラムメモリ読み出し失敗。"
+        "　　"
+        "終了コードを受信できませんでした。";
+    std::string_view read_pgm_done = "Ｆｌａｓｈプログラムメモリ読み出し終了";
+    std::string_view no_eep_to_read = "ＯＴＰ版は、ＥＥＰＲＯＭデータメモリを内蔵していません。";
+    std::string_view reading_eep = "ＥＥＰＲＯＭデータメモリ読み出し中.....";
+    std::string_view read_eep_timeout =
+        "ＥＥＰＲＯＭデータメモリ読み出し失敗。"
+        "　　"
+        "読み出しデータ不足。";
+    std::string_view read_eep_no_end_code =
+        "ＥＥＰＲＯＭデータメモリ読み出し失敗。"
+        "　　"
+        "終了コードを受信できませんでした。";
+    std::string_view read_eep_done = "ＥＥＰＲＯＭデータメモリ読み出し終了";
+    std::string_view reading_cfg = "コンフィギュレーションワード読み出し中.....";
+    std::string_view read_cfg_timeout =
+        "コンフィギュレーションワード読み出し失敗。"
+        "　　"
+        "読み出しデータ不足。";
+    std::string_view read_cfg_no_end_code =
+        "コンフィギュレーションワード読み出し失敗。"
+        "　　"
+        "終了コードを受信できませんでした。";
+    std::string_view read_protected =
+        "リード..........このデバイスはコードプロテクトされています。";
+    std::string_view read_cfg_done = "コンフィギュレーションワード読み出し終了";
+    // Verifies
+    std::string_view verify_pgm_failed = "プログラムメモリ ベリファイエラー。";
+    std::string_view verify_pgm_no_end_code =
+        "プログラムメモリ ベリファイ失敗。"
+        "　　"
+        "終了コードを受信できませんでした。";
+    std::string_view verify_eep_failed = "ＥＥＰＲＯＭデータメモリの ベリファイエラー。";
+    std::string_view verify_eep_no_end_code =
+        "ＥＥＰＲＯＭデータメモリの ベリファイエラー。  終了コードを受信できませんでした。";
+    std::string_view verify_cfg_no_end_code =
+        "コンフィギュレーションワードのベリファイに失敗しました。  終了コードを受信できませんでした。";
+    std::string_view verify_cfg_failed = "コンフィギュレーションワードのベリファイエラー";
+
+    // Erases
+    std::string_view erase_good = "成功。";
+    std::string_view erase_bad = "失敗。";
+};
+
+inline constexpr Areas14Texts kAreas14Texts{};
+
+namespace areas14_text {
+
+inline constexpr std::string_view kWritePgmTimeoutAt =
+    "0x{:X}アドレスでタイムアウトが発生しました。";
+inline constexpr std::string_view kWriteEepDetail = "( Address = {}  Write = {}  Read = {} )";
+// The value that was to be written is never shown: its place holds "????".
+inline constexpr std::string_view kWriteCfgDetail = "( Address = {}  Read = {}  Write = ???? )";
+inline constexpr std::string_view kVerifyCfgData =
+    "\r\n"
+    "デバイスにプログラミングされているデータ。ＣＯＮＦＩＧ：{}ＩＤ：{}";
+
+}  // namespace areas14_text
+
+}  // namespace quillon

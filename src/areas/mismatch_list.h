@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// The list of differing words that a verify leaves in the program view.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace quillon {
+
+class MismatchList {
+  public:
+    // Notes a difference; words that agree are ignored. False once the list is full: beyond so many
+    // differences the part isn't what it should be, and the comparison stops.
+    bool compare(std::size_t address, std::uint16_t expected, std::uint16_t actual);
+
+    // "" where all agreed.
+    const std::string& text() const { return text_; }
+
+  private:
+    std::string text_;
+    int count_ = 0;
+};
+
+}  // namespace quillon
