@@ -2,13 +2,13 @@
 // The simulated programmer board, the other end of the wire: takes bytes, keeps time, answers
 // bytes.
 //
-// Bytes come in with the time at which their last bit was there and go out with the time at which
-// they are ready for the line; whoever owns the line adds its delay. Between calls the board stands
-// still: run_until() lets the work go on that a pulse or a time limit had interrupted.
+// An incoming byte carries the time at which its last bit arrived, an outgoing one the time at
+// which it is ready for the line. The owner of the line adds the line's delay. The board does
+// nothing between calls: run_until() continues work that waits for a pulse or a time limit.
 //
-// Three "*" in a row bring it to its command loop from any state; one does where an item or an
-// acknowledge is awaited. A host that sends a letter it doesn't know, or hurries, gets silence up
-// to the next "*", and a line in notes().
+// Three "*" in a row return it to its command loop from any state. One is enough while it waits for
+// an item or an acknowledge. A host that sends an unknown letter, or sends too fast, gets silence
+// until the next "*", and a line in notes().
 #pragma once
 
 #include <cstddef>
@@ -42,7 +42,7 @@ class SimulatedBoard {
     std::vector<SentByte> take_sent(Time until) { return bench_.out.take(until); }
     // When it will have something to do or to send with no byte coming. Nothing while it waits.
     std::optional<Time> next_event() const;
-    // The port is gone: nothing more is taken, and the line's owner has to say so.
+    // The cable is out: the board takes nothing more, and the owner of the line reports it.
     bool unplugged() const { return bench_.faults.unplugged(); }
 
     SimulatedTarget& target() { return bench_.socket.target; }
@@ -65,7 +65,7 @@ class SimulatedBoard {
     std::uint8_t power_delay() const { return bench_.power_delay; }
 
   private:
-    // What has been going on when a "*" came: the run of them is broken by anything else.
+    // The state when a "*" came. If anything has changed by the next one, the row starts anew.
     struct Progress {
         std::size_t sent = 0;
         std::size_t items = 0;
@@ -83,7 +83,7 @@ class SimulatedBoard {
     std::size_t stars_ = 0;
     bool spaced_ = false;
     Progress progress_at_star_;
-    std::optional<Time> call_at_;  // three "*" have come too close to be told from data
+    std::optional<Time> call_at_;  // three "*" came too close together to tell them from data
 };
 
 }  // namespace quillon

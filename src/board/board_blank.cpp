@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What stands behind "b": blank checks, single words, erases.
+// The commands behind "b": blank checks, single words, erases.
 //
 // An address of a single word counts from 1: word 0 of program memory is 1, and on 12-bit parts the
 // configuration word, which leads their address range.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How long the simulated board takes for its work, and how it tells letters apart by time.
+// How long the simulated board takes for its work, and the gaps by which it separates letters.
 #pragma once
 
 #include <chrono>

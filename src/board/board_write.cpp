@@ -3,7 +3,7 @@
 //
 // Two or more bytes at once break a write off. From a program memory write they begin with "@",
 // from one that the board checks item by item (EEPROM, configuration, 12-bit stream) with "*",
-// behind which stands the word that was read back, high byte first.
+// followed by the word that was read back, high byte first.
 #include <fmt/core.h>
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The serial port of a simulated board in the same process, over a line of any speed.
 //
-// The board is carried on lazily: each call first lets happen what has happened by the clock. A
-// wait moves the clock from event to event, so that in virtual time a limit of 10 s takes
+// The board runs only when it is asked: each call first brings it up to the present time. A wait
+// moves the clock from event to event, so that in virtual time a limit of 10 s takes
 // microseconds.
 #pragma once
 
@@ -48,7 +48,7 @@ class InProcessPort : public SerialPort {
 
     // Up to date with the clock.
     WireLog& wire();
-    // Lets happen what has happened by the clock.
+    // Brings the board up to the present time.
     void catch_up();
 
   private:

@@ -17,7 +17,7 @@ class SerialLine {
     explicit SerialLine(int baud)
         : byte_time_{baud > 0 ? Time{std::chrono::seconds{10}} / baud : Time{0}} {}
 
-    // A byte is handed over at that time; the result is when its last bit is through.
+    // Takes a byte at that time, returns when its last bit has been sent.
     Time pass(Time handed) {
         free_ = std::max(free_, handed) + byte_time_;
         return free_;

@@ -37,7 +37,7 @@ class Machine {
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
 
-    // The board's clock: the time of what it has got to.
+    // The board's clock: the time up to which it has worked.
     Time now() const { return now_; }
 
     // A byte comes in; the stamps of successive calls never go back.

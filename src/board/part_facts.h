@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a part holds from the factory and no catalogue tells: identification and calibration words.
+// What a part holds from the factory and no catalogue lists: identification and calibration words.
 //
 // Board-side data of its own: the programmer's tables are compared with it, not made from it.
 #pragma once

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A target as it comes from the factory, made from what the catalogue tells of the device.
+// A target as it comes from the factory, made from the catalogue's description of the device.
 #pragma once
 
 #include <array>

@@ -3,7 +3,7 @@
 //
 // Words are hexadecimal texts. Program memory is an array of rows of 16 words, EEPROM one of rows
 // of 16 cells, an erased row at the end may be left out. What a reader needs of the device's facts
-// stands under "part"; it is written from the catalogue once, when the file is made.
+// is under "part"; it is written from the catalogue once, when the file is made.
 #pragma once
 
 #include <filesystem>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The clock that a simulated line goes by: a test's own, or the machine's.
+// The clock of a simulated line: a test's own, or the machine's.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,7 @@ class TimeSource {
     using Time = Host::Time;
     virtual ~TimeSource() = default;
     virtual Time now() const = 0;
-    // Comes back once it is that time, or later. A time that has passed changes nothing.
+    // Returns at that time or later; at once if it has passed.
     virtual void advance_to(Time time) = 0;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The grammar of the commands, as far as their letters tell it.
+// The grammar of the commands, as far as it follows from their letters.
 #include "board/wire_text.h"
 
 namespace quillon {

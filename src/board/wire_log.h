@@ -11,7 +11,7 @@
 //   > nwGe 20 00  < + x8192  > 16384 bytes 5F3A9C01  < @
 //   > nbd 0A  < @
 //
-// ">" is the host, "<" the board. A command's letters stand together as they are, its parameters
+// ">" is the host, "<" the board. A command's letters are shown without blanks, its parameters
 // in hexadecimal. Data is hexadecimal up to 40 bytes; more is "N x HH HH" where all pairs are
 // alike, else the number of bytes and their CRC-32. A read folds the blocks: all data, all
 // acknowledges

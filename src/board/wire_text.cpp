@@ -39,7 +39,7 @@ std::string shown(std::span<const std::uint8_t> bytes) {
     return fmt::format("{} bytes {:08X}", bytes.size(), crc32(bytes));
 }
 
-// What stands where the end code is due.
+// The byte at the place of the end code.
 std::string closing(std::span<const std::uint8_t> bytes) {
     return bytes.size() == 1 && bytes[0] == '@' ? "@" : hexadecimal(bytes);
 }

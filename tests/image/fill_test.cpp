@@ -179,7 +179,8 @@ TEST(FillId, gives_a_PIC18_its_default_words_and_zeros_to_the_flash_types_alone)
         FillIdOnes(*session);
         EXPECT_EQ(session->ConfigWord, session->ConfigDefault) << type;
         FillIdZeros(*session);
-        EXPECT_EQ(session->ConfigWord == PerConfigWord{}, is_pic18_flash(type)) << type;
+        EXPECT_EQ(session->ConfigWord == PerConfigWord{}, is_pic18_flash(programming_type(type)))
+            << type;
         EXPECT_EQ(bytes_of(session->CfgIdMem, 0, 3), "55555555") << type;
     }
 }

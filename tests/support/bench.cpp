@@ -12,8 +12,10 @@
 #include <utility>
 
 #include "app/text.h"
+#include "board/session_facts.h"
 #include "board/target_facts.h"
 #include "run/start_up.h"
+#include "support/bench_image.h"
 
 namespace quillon::test {
 
@@ -47,22 +49,6 @@ std::string row_with(const std::string& row,
     for (const auto& [key, value] : other_values)
         if (row.starts_with(key + " ")) return key + " " + value;
     return row;
-}
-
-TargetFacts facts_of(const DeviceRecord& device) {
-    TargetFacts facts;
-    facts.name = device.DeviceName;
-    facts.type = device.PgmType.text();
-    facts.program_words = static_cast<std::size_t>(device.PgmWords);
-    facts.eeprom_cells = static_cast<std::size_t>(device.EepBytes);
-    facts.protect_mask = static_cast<std::uint16_t>(device.CpMask);
-    for (std::size_t n = 1; n <= kConfigWords; ++n) {
-        facts.config_present[n - 1] = device.ConfigPresent[n];
-        facts.config_default[n - 1] = static_cast<std::uint16_t>(device.ConfigDefault[n]);
-        facts.config_mask[n - 1] = static_cast<std::uint16_t>(device.ConfigMask[n]);
-        facts.config_force[n - 1] = static_cast<std::uint16_t>(device.ConfigForce[n]);
-    }
-    return facts;
 }
 
 std::vector<const Control*> locked_controls(const MainForm& form) {
@@ -148,23 +134,8 @@ void Bench::put_into_socket(std::string_view device) {
     shown->lines.clear();
 }
 
-// Odd factors and strides that share no divisor with a block, a page or a part's size, so that a
-// word that is swapped, shifted or sent twice shows.
 void Bench::fill_image() {
-    auto& image = session();
-    const auto put = [](auto& bytes, std::size_t word, unsigned value) {
-        bytes[2 * word] = static_cast<std::uint8_t>(value >> 8U);
-        bytes[2 * word + 1] = static_cast<std::uint8_t>(value);
-    };
-    for (unsigned w = 0; w < static_cast<unsigned>(image.PgmWords); ++w)
-        put(image.PgmMem, w, (w * 0x1A35U + 0x0123U) & 0x3FFFU);
-    for (unsigned c = 0; c < static_cast<unsigned>(image.EepBytes); ++c)
-        put(image.EepMem, c, 0x3F00U | ((c * 37U + 5U) & 0xFFU));
-    for (unsigned digit = 0; digit < 4; ++digit)
-        put(image.CfgIdMem, digit, 0x3FF0U | (0xAU + digit));
-    // The first free option of the word: the oscillator's lowest bit goes.
-    image.ConfigWord[1] = (image.ConfigDefault[1] | image.ConfigForce[1]) & ~1U;
-    put(image.CfgIdMem, 7, image.ConfigWord[1]);
+    fill_pattern(session());
     run->views.ShowConfigSummary();
 }
 
@@ -173,17 +144,7 @@ void Bench::clear_image() {
     shown->lines.clear();
 }
 
-void Bench::program_target() {
-    for (std::size_t w = 0; w < target().program.size(); ++w)
-        target().program[w] =
-            static_cast<std::uint16_t>(session().PgmMem[2 * w] << 8 | session().PgmMem[2 * w + 1]);
-    for (std::size_t c = 0; c < target().eeprom.size(); ++c)
-        target().eeprom[c] = session().EepMem[2 * c + 1];
-    for (std::size_t i = 0; i < target().id.size(); ++i)
-        target().id[i] = static_cast<std::uint16_t>(session().CfgIdMem[2 * i] << 8 |
-                                                    session().CfgIdMem[2 * i + 1]);
-    target().config[0] = static_cast<std::uint16_t>(session().ConfigWord[1]);
-}
+void Bench::program_target() { put_into_part(session(), target()); }
 
 void Bench::protect_target() {
     target().config[0] = static_cast<std::uint16_t>(target().config[0] & ~target().protect_mask);
