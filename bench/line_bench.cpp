@@ -3,7 +3,7 @@
 // programming time, against the time that their bytes and required sleeps alone would take.
 //
 // That time isn't added up by hand: the same operation runs once in virtual time, where nothing
-// costs anything but the line and the sleeps, and the virtual clock tells.
+// costs anything but the line and the sleeps, and the virtual clock shows it.
 #include <fmt/format.h>
 #include <sys/resource.h>
 

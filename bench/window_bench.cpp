@@ -32,7 +32,7 @@ double milliseconds_since(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>{Clock::now() - start}.count();
 }
 
-// Resident memory of this process in megabytes; 0 where the system doesn't tell.
+// Resident memory of this process in megabytes; 0 where the system doesn't say.
 double memory() {
     std::ifstream status{"/proc/self/status"};
     for (std::string word; status >> word;)

@@ -11,7 +11,7 @@ namespace {
 using namespace quillon;
 using fuzz::require;
 
-// Every item lies inside the text and behind the one before: the reader can't stand still.
+// Every item lies inside the text and behind the one before: the reader always moves on.
 void check_items(std::string_view text) {
     HexItems items{text};
     const char* behind = text.data();

@@ -177,8 +177,8 @@ struct MenuItem : Control {
     Property<bool> Checked{false};
 };
 
-// Two columns of texts under a heading row 0. Changed is told after each change while Redraw is on,
-// and once when it comes on again.
+// Two columns of texts under a heading row 0. Changed is emitted after each change while Redraw is
+// on, and once when it comes on again.
 struct Grid : Control {
     using Row = std::array<std::string, 2>;
 

@@ -41,7 +41,7 @@ fs::path find_from(const fs::path& folder, fs::path::iterator part, fs::path::it
     std::error_code error;
     if (part == end) return folder;
     const auto next = std::next(part);
-    // An empty last part stands for the separator at the end: only a folder has one.
+    // An empty last part is the separator at the end: only a folder has one.
     if (part->empty()) return fs::is_directory(folder, error) ? folder / "" : fs::path{};
     for (const auto& name : candidates(folder, *part)) {
         const fs::path path = folder / name;

@@ -2,7 +2,7 @@
 // Files and folders as start-up needs them: found without regard to case, tested, made.
 //
 // The command line is upper-cased before its path is used, so a name is looked up by its letters
-// alone where the file system tells cases apart. Cases are ASCII's: others aren't changed.
+// alone where the file system distinguishes cases. Only ASCII letters have cases here.
 #pragma once
 
 #include <filesystem>
@@ -15,8 +15,8 @@ namespace quillon {
 
 inline constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
 
-// The path as it stands on the disk: itself where it exists, else the first (in alphabetical order)
-// whose names differ by case only. "\" parts folders too. Empty where there is none.
+// The path as it is spelt on the disk: itself where it exists, else the first (in alphabetical
+// order) whose names differ by case only. "\" parts folders too. Empty where there is none.
 std::filesystem::path on_disk(const std::filesystem::path& path);
 
 // True for a file that can be opened for reading.
@@ -28,7 +28,7 @@ bool is_read_only(const std::filesystem::path& path);
 bool takes_files(const std::filesystem::path& folder);
 
 enum class Ask : bool { No, Yes };
-// Makes a folder with its parents; true where it stands in the end. No folder whose path begins
+// Makes a folder with its parents; true where it exists afterwards. No folder whose path begins
 // with "A" is made. Appends a separator to `path` where the parents had to be made.
 bool MakeFolder(std::string& path, Ask ask, Dialogs& dialogs);
 

@@ -46,8 +46,8 @@ class Host {
     // Opens a file or a web page with its default program; false where that can't be done.
     virtual bool open_document(const std::string& path_or_url) = 0;
     // Replaces a file whole or not at all: written beside it, flushed to the disk, renamed. A
-    // device or a pipe is written to as it stands. Gives the reason where that failed; what stood
-    // there stands.
+    // device or a pipe is written to directly. Returns the reason where that failed; the old
+    // content is then unchanged.
     [[nodiscard]] virtual std::optional<std::string> write_file(const std::filesystem::path& path,
                                                                 std::string_view content) = 0;
     // A text of the system's code page as UTF-8. Bytes that don't convert become U+FFFD.

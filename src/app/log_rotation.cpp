@@ -52,7 +52,7 @@ bool take_back_interrupted(const fs::path& folder, const MoveFile& move) {
     return move(folder / kAside, folder / kLogFiles.back());
 }
 
-// False where something that isn't a file stands in a log's place.
+// False where a log's name belongs to something that isn't a file.
 bool complete_chain(const fs::path& folder) {
     std::error_code error;
     for (const auto name : kLogFiles) {

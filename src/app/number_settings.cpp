@@ -9,7 +9,7 @@ namespace quillon {
 namespace {
 
 std::optional<int> usable_value(const Settings& settings, const NumberSetting& setting) {
-    // Outside of every range, so that it can stand for what isn't a number.
+    // Outside of every range, so that it can mark a text that isn't a number.
     constexpr int kNone = std::numeric_limits<int>::min();
     const int value = settings.number(setting.key, kNone);
     if (value < setting.lowest || value > setting.highest) return std::nullopt;

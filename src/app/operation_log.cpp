@@ -51,7 +51,7 @@ void OperationLog::note(std::string_view text) {
 
 void OperationLog::append(const std::string& line) {
     // The folder may have been tidied away since the start. Its parents are not made: a drive that
-    // is gone is to be told of.
+    // is gone has to be reported.
     std::error_code ignored;
     fs::create_directory(session_.TempDir, ignored);
     if (!write_line(fs::path{session_.TempDir} / kLogFiles.front(), line)) {

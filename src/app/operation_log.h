@@ -52,7 +52,7 @@ class OperationLog {
 // "2026-11-20 14:03:22", the log's date and time on every platform, so that logs sort.
 std::string log_time(const std::tm& time);
 
-// Moves a file to a new name, replacing what stands there; false where that can't be done.
+// Moves a file to a new name, replacing a file of that name; false where that can't be done.
 using MoveFile =
     std::function<bool(const std::filesystem::path& from, const std::filesystem::path& to)>;
 bool move_file(const std::filesystem::path& from, const std::filesystem::path& to);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// A value that tells its observers when it changes.
+// A value that notifies its observers when it changes.
 //
 // Controls are made of these, so that a flow can run under a window, the command line or a test.
 // All use is on one thread. An observer may set the same property again, and may be added or
-// removed while another one is being told.
+// removed while another one is being notified.
 #pragma once
 
 #include <algorithm>
@@ -78,7 +78,7 @@ class Property {
 
     const T& get() const { return value_; }
 
-    // Tells the observers only when the value differs from the one that stands.
+    // Notifies the observers only when the value differs from the present one.
     void set(T value) {
         if (value == value_) return;
         value_ = std::move(value);

@@ -2,7 +2,7 @@
 // The values that live from start to exit, under the names that the system gives them.
 //
 // Plain data: behaviour stays with the classes that own a job. One object a run, handed down by
-// reference. It is large (the image alone is 2 MB), so it stands on the heap or in main's frame.
+// reference. It is large (the image alone is 2 MB), so it lives on the heap or in main's frame.
 #pragma once
 
 #include <array>
@@ -15,11 +15,11 @@
 
 namespace quillon {
 
-// Configuration word n stands at index n; words 1 to 7 are in use.
+// Configuration word n is at index n; words 1 to 7 are in use.
 inline constexpr int kConfigWords = 7;
 using PerConfigWord = std::array<std::uint32_t, kConfigWords + 1>;
 
-// The selected device as its catalogue block tells it.
+// The selected device as its catalogue block describes it.
 struct DeviceRecord {
     std::string DeviceName;  // "" while none is selected
     PgmTypeToken PgmType;    // catalogue token, such as "FLASH8"

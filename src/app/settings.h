@@ -26,7 +26,7 @@ class Settings {
     static constexpr std::string_view kSection = "Settings6";
 
     std::string text(std::string_view key, std::string_view default_value = "") const;
-    // The default also stands for a value that isn't a number.
+    // The default also replaces a value that isn't a number.
     int number(std::string_view key, int default_value) const;
     // "1", "true" and any number but 0 are true; "0", "false" false; anything else the default.
     bool flag(std::string_view key, bool default_value) const;

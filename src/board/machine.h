@@ -3,8 +3,8 @@
 //
 // The board's program reads like firmware: it waits for a byte, waits out a pulse, sends. Time is a
 // stamp that comes with each byte, so the same program runs in true and in virtual time. A routine
-// that calls another hands over to it here, not on the call stack: a stream of any length needs the
-// same stack, and a restart takes the whole pile down from any state.
+// that awaits another is kept in a list here, not on the call stack: a stream of any length needs
+// no more stack, and a restart can end all routines from any state.
 #pragma once
 
 #include <coroutine>

@@ -56,7 +56,7 @@ void Flows::open() {
     session.FailDetail.clear();
 }
 
-// The operation's verdict stands by now: giving up here only cuts the pauses short.
+// The operation's verdict is known by now: giving up here only cuts the pauses short.
 void Flows::close() {
     try {
         context_.link.Writer_Close();

@@ -2,7 +2,7 @@
 // Blank and zero values of the memory image by programming type, parity and check sum.
 //
 // The fills touch the spans that the device's sizes cover; what lies beyond keeps its old content.
-// "LDR418" stands in no group on purpose: the fills leave its arrays as they are.
+// "LDR418" is in no group on purpose: the fills leave its arrays as they are.
 #pragma once
 
 #include <cstddef>

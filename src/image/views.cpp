@@ -108,7 +108,8 @@ std::string eeprom_text(std::span<const std::uint8_t> cells) {
     return text;
 }
 
-// The view stands without its file: a full disk must not take the image from the user's sight.
+// The view is shown even without its file: a full disk must not take the image from the user's
+// sight.
 //
 // The file is written over and then cut, never emptied first: some file systems bring a file that
 // was emptied to the disk before its close returns, which held up a selection for up to 160 ms.

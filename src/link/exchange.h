@@ -61,7 +61,7 @@ class Exchange {
     // A count of words or EEPROM locations, or an address: as many bytes as the dialect has, high
     // byte first.
     void send_number(std::int32_t value);
-    // The mode byte of an erase: the reply follows it at once, so no pause stands behind it.
+    // The mode byte of an erase: the reply follows it at once, so there is no pause behind it.
     void send_unpaced(std::uint8_t byte);
     // 1 ms, then "@": the board may go on.
     void acknowledge();

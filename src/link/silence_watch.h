@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Tells the user that the board has gone silent in a wait that has no limit.
+// Reports that the board has gone silent in a wait that has no limit.
 //
-// Such a wait goes on until the user gives up. Without a word the user can't tell a board that is
-// busy from one that is dead.
+// Such a wait goes on until the user gives up. Without a message a dead
+// board looks like a busy one.
 #pragma once
 
 #include <chrono>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Words as they stand on the wire and in the image: high byte first.
+// Words as they are on the wire and in the image: high byte first.
 #pragma once
 
 #include <cstdint>

@@ -19,7 +19,7 @@ inline constexpr int kComPorts = 20;
 struct OptionForm : Form {
     OptionForm() { Caption.set("通信ポート選択して下さい。"); }
 
-    // Instance n stands for COM(n+1); option buttons, so that choosing one lets go of the others.
+    // Instance n is COM(n+1); option buttons, so that choosing one lets go of the others.
     std::array<CheckBox, kComPorts> Option_Com{
         {{*this, "Option_Com(0)", "COM1"},   {*this, "Option_Com(1)", "COM2"},
          {*this, "Option_Com(2)", "COM3"},   {*this, "Option_Com(3)", "COM4"},

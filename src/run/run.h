@@ -65,7 +65,7 @@ struct Run {
 };
 
 // Writer_Find outside of an operation, in a frame of its own: false where the user gave the program
-// up meanwhile. A port that vanished is closed, and the user told.
+// up meanwhile. A port that vanished is closed, with a message.
 [[nodiscard]] bool search_board(Run& run);
 
 }  // namespace quillon

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What unloading frmMain does. Nobody is left to be told of an error, so all are ignored.
+// What unloading frmMain does. Nobody is left to read of an error, so all are ignored.
 #include <array>
 #include <filesystem>
 #include <system_error>

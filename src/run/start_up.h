@@ -19,7 +19,7 @@ std::vector<std::string> GetCommandLine(std::string_view tail, std::size_t most 
 std::string command_tail(std::span<const std::string> arguments);
 
 // What the first item of the command line asks for. Both operands follow the path, each behind a
-// "/"; what stands between the path and the first "/" is lost.
+// "/"; text between the path and the first "/" is lost.
 struct HexOperands {
     std::string CmdHexPath;  // up to and including ".HEX" and one more character
     std::string CmdArg2;

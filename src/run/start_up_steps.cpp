@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 constexpr int kFormWidth = 10710;  // twips
 constexpr int kBackMargin = 120;
 
-// One name stands twice and "eepmemory_temp.txt" is missing, as in the product: a read-only one
+// One name is listed twice and "eepmemory_temp.txt" is missing, as in the product: a read-only one
 // shows at the first EEPROM view.
 constexpr std::array<std::string_view, 13> kTestedFiles{
     "temp.txt",     "pgmmemory_temp.txt", "pgmmemory_temp.txt", "LOG_NEW0.txt", "LOG_OLD1.txt",

@@ -33,7 +33,7 @@ struct Panel {
         form.Text_ID.MaxLength.set(4);
         form.Text_ID.Text.set("1234");
         session->IdText = "1234";
-        show_type(panel_of(type), *session, form);
+        show_type(panel_of(programming_type(type)), *session, form);
     }
     std::vector<std::size_t> tabs() const {
         std::vector<std::size_t> result;

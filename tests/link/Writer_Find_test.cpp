@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The search for the board: which bytes, sleeps and flushes, and what a user is told.
+// The search for the board: which bytes, sleeps and flushes, and what a user sees.
 #include "link_bench.h"
 
 namespace quillon::test {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the tests of the link stand on: a scripted port, virtual time, COM3, a device with a power
+// What the tests of the link need: a scripted port, virtual time, COM3, a device with a power
 // delay of 10 ms.
 #pragma once
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A row of the listing has the address in its first 7 columns, up to 15 characters of object code,
 // and the number of its source line. Object code that runs on has rows of its own behind it, with
-// nothing but the code; a page's head may stand between them.
+// nothing but the code; a page's head may come between them.
 #include "programs/assembled.h"
 
 #include <cstdlib>

@@ -9,11 +9,11 @@
 
 namespace quillon::test {
 
-// What stands where in a HEX file: bytes by their full byte address.
+// The content of a HEX file: bytes by their full byte address.
 using FileBytes = std::map<std::uint32_t, std::uint8_t>;
 
 struct Assembled {
-    bool ok = false;  // false where gpasm isn't there, or has an error to tell
+    bool ok = false;  // false where gpasm isn't there, or reports an error
     std::filesystem::path hex;
     // The words of the listing, from its columns of addresses and object code. EEPROM is left out:
     // this assembler's listing counts its cells in bytes.

@@ -102,7 +102,7 @@ TEST_P(enhanced_program, comes_back_from_a_file_saved_by_full_address) {
     EXPECT_EQ(bench.told().size(), 2U) << testing::PrintToString(bench.shown);
 }
 
-// What no bit of a word stands for is written by the assembler and dropped by the reader.
+// The assembler writes bits that mean nothing; the reader drops them.
 TEST_P(enhanced_program, is_saved_where_its_assembler_put_it) {
     const auto saved = bench.folder / "saved.hex";
     ASSERT_EQ(bench.files.mnuFileSave_Click(saved), Outcome::Success);

@@ -29,7 +29,7 @@ struct ProgramBench : FilesBench {
         shown.clear();
         return files.mnuFileOpen_Click(assembled.hex);
     }
-    // What was told from the start of the load on.
+    // The messages from the start of the load on.
     std::vector<std::string> told() const {
         return {std::ranges::find(shown, "ファイルロード中.........."), shown.end()};
     }

@@ -2,7 +2,7 @@
 // Small real programs of each architecture, as their assembler writes them: all that they hold
 // comes into the image, and a saved file holds it again.
 //
-// The program is held against the assembler's listing. ID, configuration and EEPROM stand in the
+// The program is held against the assembler's listing. ID, configuration and EEPROM are in the
 // tables here, worked out by hand from the sources and the data sheets.
 #include <gtest/gtest.h>
 
@@ -29,7 +29,7 @@ struct Program {
     std::string IdText;
     // Configuration words, of a PIC18 all seven.
     std::vector<std::uint32_t> config;
-    // What is told behind "ファイルロード中..........".
+    // The messages behind "ファイルロード中..........".
     std::vector<std::string> told = {"ファイルロード完了"};
     std::int32_t used_words = 0;  // PIC18
     std::int32_t used_cells = 0;
@@ -47,7 +47,7 @@ std::string hex_of(std::string_view text) {
 }
 
 const std::vector<Program> kPrograms{
-    // The ID words of this part stand at word 100, which is behind its program; the reader looks
+    // The ID words of this part are at word 100, which is behind its program; the reader looks
     // for them at word 200. They are lost, and the check says that data had no place.
     {.name = "night_light",
      .device = "PIC10F200",

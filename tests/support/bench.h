@@ -62,7 +62,7 @@ class Bench {
     void clear_image();
     // The part in the socket holds what the image holds.
     void program_target();
-    // Another blank part, of that device of the catalogue. The selection stands afterwards.
+    // Another blank part, of that device of the catalogue. The selection is kept.
     void put_into_socket(std::string_view device);
     // Takes the protection bits off configuration word 1, in the part that is in the socket.
     void protect_target();

@@ -86,7 +86,7 @@ class FakeHost : public Host {
         file << content;
         return file ? std::optional<std::string>{} : "can't be written";
     }
-    // Bytes that aren't UTF-8 stand for themselves here: tests of the conversion use the real host.
+    // Bytes that aren't UTF-8 are kept as they are here: tests of the conversion use the real host.
     std::string from_code_page(std::string_view bytes) const override { return std::string{bytes}; }
 
     void advance(Time time) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The family modules whose operations the flow tests run, a row each: which device stands for the
+// The family modules whose operations the flow tests run, a row each: which device represents the
 // module, and what it is expected to send.
 //
 // The letters and modes are written here a second time on purpose; nothing is taken from the

@@ -97,7 +97,7 @@ class ScriptedPort : public SerialPort {
     void arrives(std::chrono::microseconds later, std::string_view bytes) {
         incoming_.push_back({host_.now() + later, bytes_of(bytes)});
     }
-    // Empty while the host has sent exactly what the script told, to its end.
+    // Empty while the host has sent exactly what the script says, to its end.
     std::string problem() const {
         if (!problem_.empty()) return problem_;
         return script_.empty() ? "" : "never sent: " + script_.front().sent;
