@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every single fault at every byte that the board sends, in each operation of each family: whatever
-// happens, no operation claims a success that isn't one, and port and controls come back.
+// Single faults all over what the board sends, in each operation of each family: whatever happens,
+// no operation claims a success that isn't one, and port and controls come back.
 //
 // A part of 64 words and 16 cells keeps the matrix small. An altered byte of a read can't be found
 // out, as the protocol has no check sum: reads are judged by the other faults only.
@@ -15,11 +15,14 @@ namespace {
 constexpr std::array<std::string_view, 5> kFaults{"drop", "alter", "add", "silent-after",
                                                   "unplug-after"};
 
+// Every third byte is tried. Items have two bytes, so first and second bytes take turns.
+constexpr std::size_t kStride = 3;
+
 class SmallBench : public Bench {
   public:
     explicit SmallBench(std::string_view device)
         : Bench{device,
-                {CatalogueBlock{device, {{"PGM_SIZE_WORD", "0x003F"}, {"EEPROM_BYTE", "16"}}}}} {
+                {CatalogueBlock{device, {{"PGM_SIZE_WORD", "0x003F"}, {"EEPROM_BYTE", "15"}}}}} {
         EXPECT_EQ(session().PgmWords, 64);
         EXPECT_EQ(session().EepBytes, 16);
         notes_expected = true;  // a fault makes the host break off where the board goes on
@@ -40,6 +43,7 @@ class SmallBench : public Bench {
         shown->lines.clear();
         dialogs.boxes.clear();
         host.sleeps.clear();
+        restart_the_clock();
         const auto end = host.now() + 30s;
         give_up_when([this, end] { return host.now() >= end; });
     }
@@ -105,7 +109,7 @@ TEST_P(fault_matrix, holds_no_success_that_is_none) {
         const auto bytes = bytes_of_operation(bench, operation);
         ASSERT_GT(bytes, 40U) << operation.name;
         for (const auto fault : kFaults) {
-            for (std::size_t n = 1; n <= bytes; ++n, ++runs) {
+            for (std::size_t n = 1; n <= bytes; n += kStride, ++runs) {
                 bench.start_over(operation.on_blank_part);
                 bench.board.add_fault(fmt::format("{}:{}", fault, n));
                 const auto outcome = (bench.run->flows.*operation.run)();
@@ -120,7 +124,7 @@ TEST_P(fault_matrix, holds_no_success_that_is_none) {
     }
     RecordProperty("runs", runs);
     RecordProperty("true_successes", successes);
-    EXPECT_GT(runs, 3000);
+    EXPECT_GT(runs, 1000);
 }
 
 }  // namespace quillon::test

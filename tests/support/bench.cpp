@@ -191,14 +191,16 @@ void Bench::when_shown(std::string_view message, std::function<void()> action) {
         }));
 }
 
+void Bench::restart_the_clock() { end_ = host.now() + kLongestOperation; }
+
 void Bench::watch_the_clock() {
-    const auto end = host.now() + kLongestOperation;
-    host.on_pump = [this, end] {
+    restart_the_clock();
+    host.on_pump = [this] {
         if (gives_up_ && gives_up_()) {
             gives_up_ = nullptr;
             throw Abandoned{Abandoned::Reason::Closed};
         }
-        if (host.now() < end) return;
+        if (host.now() < end_) return;
         ADD_FAILURE() << "a wait without end";
         throw Abandoned{Abandoned::Reason::Deadline};
     };

@@ -86,6 +86,8 @@ class Bench {
 
     // The user closes the window at the first turn at which the condition holds.
     void give_up_when(std::function<bool()> condition) { gives_up_ = std::move(condition); }
+    // Another ten minutes from now on, for a test that runs many operations.
+    void restart_the_clock();
     // Does something as that message comes up, once.
     void when_shown(std::string_view message, std::function<void()> action);
 
@@ -108,6 +110,7 @@ class Bench {
     void watch_the_clock();
 
     std::function<bool()> gives_up_;
+    Host::Time end_{};
     std::vector<Connection> watches_;
 };
 
