@@ -23,7 +23,7 @@ constexpr unsigned kBehindFirst64K = 2;
 constexpr std::ptrdiff_t kCfgIdBytes = 32;
 constexpr std::ptrdiff_t kEepromBytes = std::tuple_size_v<decltype(MemoryImage::EepMem)>;
 constexpr std::ptrdiff_t kId18Bytes = 8;
-constexpr std::ptrdiff_t kConfig18Bytes = 2 * kConfigWords;
+constexpr std::ptrdiff_t kConfig18Bytes = std::ptrdiff_t{2} * kConfigWords;
 
 // The bytes written to one area; a place of -1 was not.
 class Shadow {

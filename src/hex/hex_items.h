@@ -39,14 +39,14 @@ class HexItems {
 
 // By character: the value of a hexadecimal digit of either case, -1 for any other.
 inline constexpr auto kHexValues = [] {
-    std::array<std::int8_t, 256> values{};
+    std::array<std::int16_t, 256> values{};
     values.fill(-1);
-    for (int i = 0; i < 10; ++i)
-        values[static_cast<std::size_t>('0' + i)] = static_cast<std::int8_t>(i);
-    for (int i = 10; i < 16; ++i) {
-        values[static_cast<std::size_t>('A' + i - 10)] = static_cast<std::int8_t>(i);
-        values[static_cast<std::size_t>('a' + i - 10)] = static_cast<std::int8_t>(i);
-    }
+    std::int16_t value = 0;
+    for (const char digit : std::string_view{"0123456789ABCDEF"})
+        values[static_cast<std::uint8_t>(digit)] = value++;
+    value = 0xA;
+    for (const char digit : std::string_view{"abcdef"})
+        values[static_cast<std::uint8_t>(digit)] = value++;
     return values;
 }();
 

@@ -170,7 +170,7 @@ std::string pic18_text(Session& session) {
         config[2 * n - 2] = static_cast<std::uint8_t>(session.ConfigWord[n]);
         config[2 * n - 1] = static_cast<std::uint8_t>(session.ConfigWord[n] >> 8);
     }
-    text.record(kData, 0x0000, std::span{config}.first(2 * kConfigWords));
+    text.record(kData, 0x0000, std::span{config}.first(std::size_t{2} * kConfigWords));
     text.upper_address(0x0020);
     text.record(kData, 0x0000, session.IdBytes18);
     return text.finish();
