@@ -26,7 +26,6 @@ void check(const test::Bench& bench) {
     const auto& session = bench.session;
     require(session.PgmWords >= 0 && session.PgmWords <= 0x100000);
     require(session.EepBytes >= 0 && session.EepBytes <= most_eeprom_cells(session.PgmType));
-    require(bench.catalogue.CatRows().size() <= 257);
     require(bench.catalogue.CmtTable().size() <= 129);
     for (const auto& option : bench.catalogue.options())
         require(option.word >= 1 && option.word <= kConfigWords && !option.name.empty());

@@ -116,12 +116,10 @@ void Catalogue::scan_for(std::string_view name, LineReader reader, ConfigModel& 
         if (tokens[0] != "#BEGIN" || !reader.next() || tokens[0] != name) continue;
         start_block();
         auto block = ReadDeviceBlock(reader);
-        if (block.error.empty()) {
-            process(std::move(block), config);
-        } else {
-            rows_ = std::move(block.rows);
+        if (block.error.empty())
+            process(block, config);
+        else
             problems_.push_back(std::move(block.error));
-        }
         return;
     }
     problems_.clear();
@@ -147,11 +145,10 @@ void Catalogue::start_block() {
     session_.ConfigWidth = {};
     session_.CatError = false;
     session_.CatErrorText.clear();
-    rows_.clear();
     options_.clear();
 }
 
-void Catalogue::process(DeviceBlock block, ConfigModel& config) {
+void Catalogue::process(const DeviceBlock& block, ConfigModel& config) {
     RecordLoader loader{session_, form_, board_, config, type_of(block, session_.PgmType)};
     for (std::size_t i = 0; i < block.rows.size(); ++i) {
         const auto& source = block.sources[i];
@@ -161,7 +158,6 @@ void Catalogue::process(DeviceBlock block, ConfigModel& config) {
         const RowProblem problem = loader.take(block.rows[i]);
         if (!problem.empty()) add_problem(source.line, source.text, problem);
     }
-    rows_ = std::move(block.rows);
     options_ = std::move(loader.options());
     for (auto& grid : form_.HFGrids) {
         grid.CursorColumn.set(1);

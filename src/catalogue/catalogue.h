@@ -39,7 +39,6 @@ class Catalogue {
     // nothing.
     void LoadDeviceRecord(std::string_view name, ConfigModel& config);
 
-    const std::vector<CatRow>& CatRows() const { return rows_; }
     const std::vector<CmtRow>& CmtTable() const { return comments_; }
     // The options of all configuration fields of the block, in file order.
     const std::vector<FieldOption>& options() const { return options_; }
@@ -53,7 +52,7 @@ class Catalogue {
     void scan_for(std::string_view name, LineReader reader, ConfigModel& config);
     void take_comment(const LineReader& reader);
     void start_block();
-    void process(DeviceBlock block, ConfigModel& config);
+    void process(const DeviceBlock& block, ConfigModel& config);
     void check_former_eeprom();
     void add_problem(int line, std::string_view text, std::string_view reason);
     void report();
@@ -63,7 +62,6 @@ class Catalogue {
     BoardForm& board_;
     Host& host_;
     Dialogs& dialogs_;
-    std::vector<CatRow> rows_;
     std::vector<CmtRow> comments_;
     std::vector<FieldOption> options_;
     std::vector<std::string> problems_;  // of the load in work

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The catalogue's numbers, the version in the board's identity, and the hexadecimal key filter.
+// The catalogue's numbers and the version in the board's identity.
 #include "catalogue/number.h"
 
 #include <gtest/gtest.h>
 
 #include <optional>
 #include <string>
-
-#include "catalogue/hex_keys.h"
 
 namespace quillon {
 namespace {
@@ -77,21 +75,6 @@ TEST(numeric_prefix, reads_the_number_that_a_text_begins_with) {
     EXPECT_EQ(numeric_prefix("inf"), 0);
     EXPECT_EQ(numeric_prefix(""), 0);
     EXPECT_EQ(numeric_prefix("   "), 0);
-}
-
-TEST(hex_key, passes_hexadecimal_digits_in_upper_case_and_backspace) {
-    EXPECT_EQ(hex_key('0'), '0');
-    EXPECT_EQ(hex_key('9'), '9');
-    EXPECT_EQ(hex_key('A'), 'A');
-    EXPECT_EQ(hex_key('F'), 'F');
-    EXPECT_EQ(hex_key('a'), 'A');
-    EXPECT_EQ(hex_key('f'), 'F');
-    EXPECT_EQ(hex_key('\b'), '\b');
-}
-
-TEST(hex_key, drops_every_other_key) {
-    for (const char key : {'G', 'g', ' ', '@', '`', '/', ':', '\n', '\x7F', '\0'})
-        EXPECT_EQ(hex_key(key), std::nullopt) << static_cast<int>(key);
 }
 
 }  // namespace
