@@ -1,8 +1,16 @@
 # SPDX-License-Identifier: MIT
 # How every target of the project is compiled, and how tests are declared.
 
+# lld links the programs in a fraction of the default linker's time.
+find_program(QUILLON_LLD ld.lld)
+if(QUILLON_LLD)
+    add_link_options(-fuse-ld=lld)
+endif()
+
 add_library(quillon_options INTERFACE)
 target_compile_options(quillon_options INTERFACE -Wall -Wextra -Wconversion -Wshadow=local -Werror)
+# Qt's targets ask for it; with it everywhere they can share the core's precompiled headers.
+target_compile_options(quillon_options INTERFACE -fPIC)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 takes std::string's own memcpy for an overlapping one (its bug 105651).
     target_compile_options(quillon_options INTERFACE -Wno-restrict)
@@ -13,27 +21,31 @@ target_include_directories(quillon_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 add_library(quillon_fmt INTERFACE)
 target_link_libraries(quillon_fmt INTERFACE fmt::fmt)
 
-# quillon_library(NAME SOURCES a.cpp ... LINK target ... PRECOMPILE header ...): one static library,
-# its arrows in LINK.
-function(quillon_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRECOMPILE" ${ARGN})
-    add_library(${name} STATIC ${ARG_SOURCES})
-    target_link_libraries(${name} PUBLIC quillon_options quillon_fmt ${ARG_LINK})
-    if(ARG_PRECOMPILE)
-        target_precompile_headers(${name} PRIVATE ${ARG_PRECOMPILE})
-    endif()
+# quillon_precompiled(NAME LINK target ... HEADERS header ...): headers that are compiled once and
+# shared by all targets with the same options. Only headers of others belong here: an edit of one of
+# ours must rebuild what includes it and nothing else.
+file(WRITE ${CMAKE_BINARY_DIR}/precompiled.cpp "// Gives a target of precompiled headers a source.\n")
+function(quillon_precompiled name)
+    cmake_parse_arguments(ARG "" "" "LINK;HEADERS" ${ARGN})
+    add_library(${name} OBJECT EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/precompiled.cpp)
+    target_link_libraries(${name} PRIVATE quillon_options quillon_fmt ${ARG_LINK})
+    target_precompile_headers(${name} PRIVATE ${ARG_HEADERS})
 endfunction()
 
-# quillon_add_test(NAME SOURCES a.cpp ... LINK target ... PRECOMPILE header ...): a GoogleTest program,
-# each test known to ctest. PRECOMPILE: what all its sources include and takes long to compile.
-function(quillon_add_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRECOMPILE" ${ARGN})
-    add_executable(${name} ${ARG_SOURCES})
-    target_link_libraries(${name} PRIVATE quillon_options quillon_fmt ${ARG_LINK} GTest::gtest_main)
-    # The framework's headers cost more than most tests, and checking the tests' own arithmetic for
-    # undefined behaviour more than it tells.
-    target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <fmt/format.h> <string> <vector>
-        ${ARG_PRECOMPILE})
-    target_compile_options(${name} PRIVATE -O0 -fno-sanitize=undefined)
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+set(QUILLON_STANDARD_HEADERS
+    <algorithm> <array> <charconv> <chrono> <cstddef> <cstdint> <filesystem> <fstream> <functional>
+    <map> <memory> <optional> <set> <span> <sstream> <string> <string_view> <system_error> <utility>
+    <vector> <fmt/format.h>)
+quillon_precompiled(quillon_core_headers HEADERS ${QUILLON_STANDARD_HEADERS})
+
+# quillon_library(NAME SOURCES a.cpp ... LINK target ... PRECOMPILED target): one static library, its
+# arrows in LINK. PRECOMPILED: the headers that it shares, the core's where none are named.
+function(quillon_library name)
+    cmake_parse_arguments(ARG "" "PRECOMPILED" "SOURCES;LINK" ${ARGN})
+    if(NOT ARG_PRECOMPILED)
+        set(ARG_PRECOMPILED quillon_core_headers)
+    endif()
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(${name} PUBLIC quillon_options quillon_fmt ${ARG_LINK})
+    target_precompile_headers(${name} REUSE_FROM ${ARG_PRECOMPILED})
 endfunction()
