@@ -11,7 +11,6 @@
 #include "app/text.h"
 #include "catalogue/catalogue_file.h"
 #include "catalogue/catalogue_texts.h"
-#include "catalogue/config_model.h"
 #include "catalogue/record_loader.h"
 
 namespace quillon {
@@ -94,14 +93,14 @@ void Catalogue::fail_start() {
                   .icon = BoxIcon::Critical});
 }
 
-void Catalogue::LoadDeviceRecord(std::string_view name, ConfigModel& config) {
+void Catalogue::LoadDeviceRecord(std::string_view name) {
     session_.CalibText.clear();
     session_.EraseBlock18 = {};
     comments_.clear();
     problems_.clear();
     redraw_grids(form_, false);
     if (const auto text = read_catalogue_file(path(), host_))
-        scan_for(name, LineReader{*text}, config);
+        scan_for(name, LineReader{*text});
     else
         problems_.emplace_back(catalogue_text::kCannotOpen);
     redraw_grids(form_, true);
@@ -109,7 +108,7 @@ void Catalogue::LoadDeviceRecord(std::string_view name, ConfigModel& config) {
 }
 
 // Loads the first block of that name; without one nothing is loaded and nothing said.
-void Catalogue::scan_for(std::string_view name, LineReader reader, ConfigModel& config) {
+void Catalogue::scan_for(std::string_view name, LineReader reader) {
     while (reader.next()) {
         const LineTokens& tokens = reader.tokens();
         if (tokens[0] == "CMT") take_comment(reader);
@@ -117,7 +116,7 @@ void Catalogue::scan_for(std::string_view name, LineReader reader, ConfigModel& 
         start_block();
         auto block = ReadDeviceBlock(reader);
         if (block.error.empty())
-            process(block, config);
+            process(block);
         else
             problems_.push_back(std::move(block.error));
         return;
@@ -148,8 +147,8 @@ void Catalogue::start_block() {
     options_.clear();
 }
 
-void Catalogue::process(const DeviceBlock& block, ConfigModel& config) {
-    RecordLoader loader{session_, form_, board_, config, type_of(block, session_.PgmType)};
+void Catalogue::process(const DeviceBlock& block) {
+    RecordLoader loader{session_, form_, board_, type_of(block, session_.PgmType)};
     for (std::size_t i = 0; i < block.rows.size(); ++i) {
         const auto& source = block.sources[i];
         if (source.too_many_tokens)

@@ -24,8 +24,6 @@ struct CmtRow {
     std::string text;
 };
 
-class ConfigModel;
-
 class Catalogue {
   public:
     Catalogue(Session& session, MainForm& form, BoardForm& board, Host& host, Dialogs& dialogs);
@@ -37,7 +35,7 @@ class Catalogue {
     // configuration grids. A block with no end loads nothing, a line that can't be used is left
     // out; both show a box, and what was read stands. A name that the file doesn't hold changes
     // nothing.
-    void LoadDeviceRecord(std::string_view name, ConfigModel& config);
+    void LoadDeviceRecord(std::string_view name);
 
     const std::vector<CmtRow>& CmtTable() const { return comments_; }
     // The options of all configuration fields of the block, in file order.
@@ -49,10 +47,10 @@ class Catalogue {
     void write_device_list() const;
     void fail_start();
 
-    void scan_for(std::string_view name, LineReader reader, ConfigModel& config);
+    void scan_for(std::string_view name, LineReader reader);
     void take_comment(const LineReader& reader);
     void start_block();
-    void process(const DeviceBlock& block, ConfigModel& config);
+    void process(const DeviceBlock& block);
     void check_former_eeprom();
     void add_problem(int line, std::string_view text, std::string_view reason);
     void report();

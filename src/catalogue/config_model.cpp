@@ -10,7 +10,7 @@
 
 #include "app/text.h"
 #include "catalogue/catalogue_texts.h"
-#include "catalogue/number.h"
+#include "catalogue/config_row.h"
 
 namespace quillon {
 
@@ -93,32 +93,6 @@ void ConfigModel::ResetConfigGrids() {
     }
 }
 
-void ConfigModel::ApplyConfigRow(int n, const CatRow& row) {
-    std::array<std::uint32_t, 4> values{};
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const auto value = parse_number(row[1 + i]);
-        if (!value || *value < 0) return;
-        values[i] = static_cast<std::uint32_t>(*value);
-    }
-    const auto [standard, always_zero, always_one, width] = values;
-    const std::size_t word = index_of(n);
-    session_.ConfigDefault[word] = session_.ConfigWord[word] = standard;
-    session_.ConfigForce[word] = always_one;
-    session_.ConfigWidth[word] = width;
-    session_.ConfigMask[word] = width ^ always_zero;
-    if (!session_.ConfigFromFile)
-        session_.ConfigWord[word] = (session_.ConfigMask[word] & standard) | always_one;
-
-    const std::uint32_t value = session_.ConfigWord[word];
-    show_heading(n, "L01_0x");
-    session_.CfgBytes18[2 * word - 2] = static_cast<std::uint8_t>(value);
-    session_.CfgBytes18[2 * word - 1] = static_cast<std::uint8_t>(value >> 8);
-    if (n != 1) return;
-    session_.CfgIdMem[14] = static_cast<std::uint8_t>(value >> 8);
-    session_.CfgIdMem[15] = static_cast<std::uint8_t>(value);
-    form_.Text_Config1.Text.set(hex(value & 0xFFFF, 4));
-}
-
 void ConfigModel::ConfigGridChanged(int n) {
     Grid& grid = form_.HFGrid(n);
     grid.set_redraw(false);
@@ -137,7 +111,7 @@ void ConfigModel::ConfigGridChanged(int n) {
         });
         if (chosen != nullptr) word &= chosen->value | (chosen->mask ^ width);
     }
-    show_heading(n, "0x");
+    show_config_heading(session_, form_, n, "0x");
     grid.set_redraw(true);
     store_bytes(n);
     views_.ShowConfigSummary();
@@ -157,11 +131,6 @@ void ConfigModel::store_bytes(int n) {
     session_.CfgBytes18[2 * at - 1] = high;
 }
 
-void ConfigModel::show_heading(int n, std::string_view prefix) {
-    const std::uint32_t word = session_.ConfigWord[index_of(n)] & 0xFFFF;
-    form_.HFGrid(n).set_cell(0, 1, fmt::format("{}{}", prefix, hex(word, 4)));
-}
-
 void ConfigModel::ShowConfigWords() {
     protect_mixed_ = false;
     for (std::size_t n = 1; n <= kConfigWords; ++n) {
@@ -175,7 +144,7 @@ void ConfigModel::ShowConfigWords() {
         // The words that are there, not the tabs that are visible: while a device is being chosen
         // the tabs are still the former one's.
         if (session_.ConfigPresent[index_of(n)]) show_options(n);
-        show_heading(n, "0x");
+        show_config_heading(session_, form_, n, "0x");
         grid.set_redraw(true);
     }
 }

@@ -21,9 +21,6 @@ class ConfigModel {
 
     void InitConfigGrids();
     void ResetConfigGrids();
-    // Takes a "CONFIGn" row: default, always-zero bits, always-one bits, all bits. A row whose
-    // values don't convert changes nothing.
-    void ApplyConfigRow(int n, const CatRow& row);
     // From word n's options to its number.
     void ConfigGridChanged(int n);
     // From the numbers to the options; sets ProtectMixed.
@@ -45,7 +42,6 @@ class ConfigModel {
 
   private:
     void show_options(int n);
-    void show_heading(int n, std::string_view prefix);
     void store_bytes(int n);
     int current_word() const;
     bool has_field(int n, int row) const;

@@ -83,7 +83,7 @@ void DeviceSelection::load_record() {
     }
     session_.DeviceName = name;
     ClearDeviceView();
-    catalogue_.LoadDeviceRecord(name, config_);
+    catalogue_.LoadDeviceRecord(name);
 }
 
 // Silent at the very first selection with no board: start-up has told that there is none.

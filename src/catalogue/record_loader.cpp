@@ -14,6 +14,7 @@
 
 #include "app/text.h"
 #include "catalogue/catalogue_texts.h"
+#include "catalogue/config_row.h"
 #include "catalogue/number.h"
 
 namespace quillon {
@@ -199,7 +200,7 @@ RowProblem RecordLoader::CONFIG(const CatRow& row, int n) {
     for (std::size_t i = 1; i <= 4; ++i)
         if (!value_up_to(kWord, row[i])) return unreadable(row[i]);
     session_.ConfigPresent[static_cast<std::size_t>(n)] = true;
-    config_.ApplyConfigRow(n, row);
+    ApplyConfigRow(session_, form_, n, row);
     return kFine;
 }
 

@@ -11,7 +11,6 @@
 
 #include "app/main_form.h"
 #include "app/session.h"
-#include "catalogue/config_model.h"
 #include "catalogue/device_block.h"
 
 namespace quillon {
@@ -22,9 +21,8 @@ using RowProblem = std::string_view;
 class RecordLoader {
   public:
     // `type` is the type that the block will have: the EEPROM's limit depends on it.
-    RecordLoader(Session& session, MainForm& form, BoardForm& board, ConfigModel& config,
-                 ProgrammingType type)
-        : session_{session}, form_{form}, board_{board}, config_{config}, type_{type} {}
+    RecordLoader(Session& session, MainForm& form, BoardForm& board, ProgrammingType type)
+        : session_{session}, form_{form}, board_{board}, type_{type} {}
 
     // A row that can't be used leaves everything as it was.
     [[nodiscard]] RowProblem take(const CatRow& row);
@@ -66,7 +64,6 @@ class RecordLoader {
     Session& session_;
     MainForm& form_;
     BoardForm& board_;
-    ConfigModel& config_;
     ProgrammingType type_;
 
     std::vector<FieldOption> options_;

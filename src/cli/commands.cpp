@@ -185,7 +185,7 @@ Finish Commands::list_devices() {
     for (const auto& name : run_.form.Combo_device.Items.get()) {
         // A block that can't be read leaves what stands: better nothing than the former device's.
         static_cast<DeviceRecord&>(session) = {};
-        run_.catalogue.LoadDeviceRecord(name, run_.config);
+        run_.catalogue.LoadDeviceRecord(name);
         events_.device({name, session.PgmType.text(), session.PgmWords, session.EepBytes,
                         std::string{name_of(module_of(name))}});
     }

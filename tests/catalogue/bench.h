@@ -29,7 +29,7 @@ struct Bench {
         form.Combo_device.Click = [this] { selection.Combo_device_Click(); };
     }
 
-    void load(std::string_view name) { catalogue.LoadDeviceRecord(name, config); }
+    void load(std::string_view name) { catalogue.LoadDeviceRecord(name); }
     // As the user does it: the list, then the entry.
     bool select(std::string_view name) {
         if (form.Combo_device.Items.get().empty()) catalogue.LoadDeviceList();

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "catalogue/bench.h"
+#include "catalogue/config_row.h"
 
 namespace quillon::test {
 namespace {
@@ -64,7 +65,7 @@ TEST(InitConfigGrids, hides_and_empties_the_two_entries) {
 
 TEST(ApplyConfigRow, passes_a_word_with_no_fixed_bits_unchanged) {
     Bench bench;
-    bench.config.ApplyConfigRow(1, word_row("0x2ABC", "0", "0", "0x3FFF"));
+    ApplyConfigRow(bench.session, bench.form, 1, word_row("0x2ABC", "0", "0", "0x3FFF"));
     EXPECT_EQ(bench.session.ConfigDefault[1], 0x2ABCU);
     EXPECT_EQ(bench.session.ConfigWord[1], 0x2ABCU);
     EXPECT_EQ(bench.session.ConfigMask[1], 0x3FFFU);
@@ -73,7 +74,7 @@ TEST(ApplyConfigRow, passes_a_word_with_no_fixed_bits_unchanged) {
 
 TEST(ApplyConfigRow, clears_the_bits_that_are_always_0_and_sets_those_that_are_always_1) {
     Bench bench;
-    bench.config.ApplyConfigRow(2, word_row("0xFFFB", "0x0F00", "0x0004", "0xFFFF"));
+    ApplyConfigRow(bench.session, bench.form, 2, word_row("0xFFFB", "0x0F00", "0x0004", "0xFFFF"));
     EXPECT_EQ(bench.session.ConfigMask[2], 0xF0FFU);
     EXPECT_EQ(bench.session.ConfigForce[2], 0x0004U);
     EXPECT_EQ(bench.session.ConfigDefault[2], 0xFFFBU);
@@ -83,13 +84,13 @@ TEST(ApplyConfigRow, clears_the_bits_that_are_always_0_and_sets_those_that_are_a
 TEST(ApplyConfigRow, does_not_mask_a_word_that_came_from_outside) {
     Bench bench;
     bench.session.ConfigFromFile = true;
-    bench.config.ApplyConfigRow(2, word_row("0xFFFB", "0x0F00", "0x0004", "0xFFFF"));
+    ApplyConfigRow(bench.session, bench.form, 2, word_row("0xFFFB", "0x0F00", "0x0004", "0xFFFF"));
     EXPECT_EQ(bench.session.ConfigWord[2], 0xFFFBU);
 }
 
 TEST(ApplyConfigRow, shows_word_1_and_stores_its_bytes) {
     Bench bench;
-    bench.config.ApplyConfigRow(1, word_row("0x2ABC", "0", "0", "0x3FFF"));
+    ApplyConfigRow(bench.session, bench.form, 1, word_row("0x2ABC", "0", "0", "0x3FFF"));
     EXPECT_EQ(bench.form.HFGrid(1).cell(0, 1), "L01_0x2ABC");
     EXPECT_EQ(bench.form.Text_Config1.Text.get(), "2ABC");
     EXPECT_EQ(bench.session.CfgIdMem[14], 0x2A);
@@ -100,7 +101,7 @@ TEST(ApplyConfigRow, shows_word_1_and_stores_its_bytes) {
 
 TEST(ApplyConfigRow, stores_a_further_word_in_the_pic18_bytes_only) {
     Bench bench;
-    bench.config.ApplyConfigRow(7, word_row("0x1234", "0", "0", "0xFFFF"));
+    ApplyConfigRow(bench.session, bench.form, 7, word_row("0x1234", "0", "0", "0xFFFF"));
     EXPECT_EQ(bench.form.HFGrid(7).cell(0, 1), "L01_0x1234");
     EXPECT_EQ(bench.session.CfgBytes18[12], 0x34);
     EXPECT_EQ(bench.session.CfgBytes18[13], 0x12);
@@ -110,7 +111,7 @@ TEST(ApplyConfigRow, stores_a_further_word_in_the_pic18_bytes_only) {
 
 TEST(ApplyConfigRow, takes_nothing_of_a_row_that_does_not_convert) {
     Bench bench;
-    bench.config.ApplyConfigRow(1, word_row("0x2ABC", "0", "x", "0x3FFF"));
+    ApplyConfigRow(bench.session, bench.form, 1, word_row("0x2ABC", "0", "x", "0x3FFF"));
     EXPECT_EQ(bench.session.ConfigWord[1], 0U);
     EXPECT_EQ(bench.session.ConfigWidth[1], 0U);
 }

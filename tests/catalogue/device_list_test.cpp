@@ -203,7 +203,7 @@ TEST(read_catalogue_file, takes_bytes_that_are_not_utf8_as_the_code_page) {
     Bench bench{"CMT FOSC \x94\xAD\x90\x55 x\n" + block("PIC1", "JP2 NON\n")};
     JapaneseHost host;
     Catalogue catalogue{bench.session, bench.form, bench.board, host, bench.dialogs};
-    catalogue.LoadDeviceRecord("PIC1", bench.config);
+    catalogue.LoadDeviceRecord("PIC1");
     ASSERT_EQ(catalogue.CmtTable().size(), 1U);
     EXPECT_EQ(catalogue.CmtTable()[0].title, "発振");
     EXPECT_EQ(host.conversions, 1);
@@ -213,7 +213,7 @@ TEST(read_catalogue_file, takes_valid_utf8_as_it_stands) {
     Bench bench{"CMT FOSC 発振 x\n" + block("PIC1", "JP2 NON\n")};
     JapaneseHost host;
     Catalogue catalogue{bench.session, bench.form, bench.board, host, bench.dialogs};
-    catalogue.LoadDeviceRecord("PIC1", bench.config);
+    catalogue.LoadDeviceRecord("PIC1");
     ASSERT_EQ(catalogue.CmtTable().size(), 1U);
     EXPECT_EQ(catalogue.CmtTable()[0].title, "発振");
     EXPECT_EQ(host.conversions, 0);
