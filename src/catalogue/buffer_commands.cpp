@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/buffer_commands.h"
 
-#include "catalogue/device_selection.h"
 #include "image/fill.h"
 #include "parts/device_traits.h"
 
@@ -13,14 +12,14 @@ constexpr std::uint32_t kOnes14 = 0x3FFF;
 
 }  // namespace
 
-bool BufferCommands::begin(DeviceSelection& selection) {
+bool BufferCommands::begin() {
     form_.CmbInit.Visible.set(false);
     form_.TxtInit.Visible.set(false);
-    return selection.Mcu_Selected_Check() == Token::OK;
+    return device_check_.Mcu_Selected_Check() == Token::OK;
 }
 
-void BufferCommands::mnuPcBufferMemoryClear(DeviceSelection& selection) {
-    if (!begin(selection)) return;
+void BufferCommands::mnuPcBufferMemoryClear() {
+    if (!begin()) return;
     FillProgramOnes(session_);
     views_.ShowProgramMemory();
     FillIdOnes(session_);
@@ -43,10 +42,10 @@ void BufferCommands::mnuPcBufferMemoryClear(DeviceSelection& selection) {
 }
 
 // Types that begin "18" but not "18F" go with the others here, and not in the clear.
-void BufferCommands::mnuPcBufferMemory_0(DeviceSelection& selection) {
+void BufferCommands::mnuPcBufferMemory_0() {
     // Only the low nibble of an ID byte stands for a digit.
     constexpr std::uint8_t kZeroId = 0x0F;
-    if (!begin(selection)) return;
+    if (!begin()) return;
     FillProgramZeros(session_);
     views_.ShowProgramMemory();
     FillIdZeros(session_);

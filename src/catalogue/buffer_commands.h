@@ -8,23 +8,27 @@
 #include "app/main_form.h"
 #include "app/session.h"
 #include "catalogue/config_model.h"
+#include "catalogue/device_check.h"
 #include "image/views.h"
 
 namespace quillon {
 
-class DeviceSelection;
-
 class BufferCommands {
   public:
-    BufferCommands(Session& session, MainForm& form, MemoryViews& views, ConfigModel& config)
-        : session_{session}, form_{form}, views_{views}, config_{config} {}
+    BufferCommands(Session& session, MainForm& form, MemoryViews& views, ConfigModel& config,
+                   DeviceCheck& device_check)
+        : session_{session},
+          form_{form},
+          views_{views},
+          config_{config},
+          device_check_{device_check} {}
 
     // Both end with Mcu_Selected_Check's message where no device is selected.
-    void mnuPcBufferMemoryClear(DeviceSelection& selection);
-    void mnuPcBufferMemory_0(DeviceSelection& selection);
+    void mnuPcBufferMemoryClear();
+    void mnuPcBufferMemory_0();
 
   private:
-    bool begin(DeviceSelection& selection);
+    bool begin();
     void show_id(const std::string& digits, std::uint8_t byte18);
     void show_four_words(const std::string& digits);
 
@@ -32,6 +36,7 @@ class BufferCommands {
     MainForm& form_;
     MemoryViews& views_;
     ConfigModel& config_;
+    DeviceCheck& device_check_;
 };
 
 }  // namespace quillon

@@ -41,14 +41,15 @@ std::string version_text(double version) {
 
 DeviceSelection::DeviceSelection(Session& session, MainForm& form, BoardForm& board,
                                  Settings& settings, Dialogs& dialogs, Messages& messages,
-                                 MemoryViews&, Catalogue& catalogue, ConfigModel& config,
-                                 BufferCommands& buffer)
+                                 DeviceCheck& device_check, Catalogue& catalogue,
+                                 ConfigModel& config, BufferCommands& buffer)
     : session_{session},
       form_{form},
       board_{board},
       settings_{settings},
       dialogs_{dialogs},
       messages_{messages},
+      device_check_{device_check},
       catalogue_{catalogue},
       config_{config},
       buffer_{buffer} {}
@@ -58,7 +59,7 @@ void DeviceSelection::Combo_device_Click() {
     load_record();
     board_.Visible.set(form_.mnuBoardInfomation.Checked.get());
     config_.ShowConfigWords();
-    buffer_.mnuPcBufferMemoryClear(*this);
+    buffer_.mnuPcBufferMemoryClear();
     show_firmware_verdict();
     settings_.save("deviceNew", form_.Combo_device.ListIndex.get());
     for (int n = 1; n <= kConfigWords; ++n) config_.ConfigGridChanged(n);
@@ -140,17 +141,6 @@ void DeviceSelection::ask_power_order() {
         dialogs_.Frm_VPP_DECIDE(fmt::format(catalogue_text::kPowerQuestion, session_.DeviceName));
     if (session_.FormAnswer == 1) session_.PowerMode = "VPP";
     if (session_.FormAnswer == 2) session_.PowerMode = "VDD";
-}
-
-Token DeviceSelection::Mcu_Selected_Check() {
-    if (!session_.DeviceName.empty()) return Token::OK;
-    messages_.ShowMessage(catalogue_text::kNoDevice);
-    dialogs_.box({.title = std::string{catalogue_text::kNoDeviceTitle},
-                  .text = std::string{catalogue_text::kNoDevice},
-                  .icon = BoxIcon::Warning});
-    form_.Focus.set("");
-    form_.Focus.set(form_.Combo_device.name);
-    return Token::NG;
 }
 
 void DeviceSelection::ClearDeviceView() {

@@ -11,7 +11,7 @@
 #include "catalogue/buffer_commands.h"
 #include "catalogue/catalogue.h"
 #include "catalogue/config_model.h"
-#include "image/views.h"
+#include "catalogue/device_check.h"
 
 namespace quillon {
 
@@ -20,14 +20,13 @@ struct DeviceGroup;
 class DeviceSelection {
   public:
     DeviceSelection(Session& session, MainForm& form, BoardForm& board, Settings& settings,
-                    Dialogs& dialogs, Messages& messages, MemoryViews& views, Catalogue& catalogue,
-                    ConfigModel& config, BufferCommands& buffer);
+                    Dialogs& dialogs, Messages& messages, DeviceCheck& device_check,
+                    Catalogue& catalogue, ConfigModel& config, BufferCommands& buffer);
 
     // What happens when Combo_device's choice is made, by the user or by an assignment. The image
     // of the former device is lost, even where the same device is chosen again.
     void Combo_device_Click();
-    // OK, or NG with a message, a box and the focus on Combo_device where no device is selected.
-    Token Mcu_Selected_Check();
+    Token Mcu_Selected_Check() { return device_check_.Mcu_Selected_Check(); }
     void ClearDeviceView();
     // The user has checked or cleared the box: the calibration fields are locked or opened.
     void Chk_12F_CalibData_Select_Click();
@@ -46,6 +45,7 @@ class DeviceSelection {
     Settings& settings_;
     Dialogs& dialogs_;
     Messages& messages_;
+    DeviceCheck& device_check_;
     Catalogue& catalogue_;
     ConfigModel& config_;
     BufferCommands& buffer_;

@@ -176,7 +176,7 @@ std::optional<std::string> HexFiles::read(const fs::path& path) {
 }
 
 void HexFiles::take_as_current(const fs::path& path) {
-    buffer_.mnuPcBufferMemoryClear(selection_);
+    buffer_.mnuPcBufferMemoryClear();
     show_name(path);
     session_.HexFilePath = text_of(path);
     session_.LoadedHexPath = session_.HexFilePath;

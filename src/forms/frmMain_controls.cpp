@@ -192,13 +192,13 @@ void frmMain::connect_menus() {
     menus_->start(form.exit, [this] { close(); });
     menus_->start(form.mnuPcBufferMemoryClear, [this] {
         command([this] {
-            run_.buffer.mnuPcBufferMemoryClear(run_.selection);
+            run_.buffer.mnuPcBufferMemoryClear();
             file_in_buffer_ = false;
         });
     });
     menus_->start(form.mnuPcBufferMemory_0, [this] {
         command([this] {
-            run_.buffer.mnuPcBufferMemory_0(run_.selection);
+            run_.buffer.mnuPcBufferMemory_0();
             file_in_buffer_ = false;
         });
     });

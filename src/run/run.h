@@ -15,6 +15,7 @@
 #include "catalogue/buffer_commands.h"
 #include "catalogue/catalogue.h"
 #include "catalogue/config_model.h"
+#include "catalogue/device_check.h"
 #include "catalogue/device_selection.h"
 #include "files/hex_files.h"
 #include "flows/flows.h"
@@ -55,6 +56,7 @@ struct Run {
     IdEntry id_entry;
     Catalogue catalogue;
     ConfigModel config;
+    DeviceCheck device_check;
     BufferCommands buffer;
     DeviceSelection selection;
     HexFiles files;

@@ -14,6 +14,7 @@
 #include "catalogue/buffer_commands.h"
 #include "catalogue/catalogue.h"
 #include "catalogue/config_model.h"
+#include "catalogue/device_check.h"
 #include "catalogue/device_selection.h"
 #include "image/views.h"
 #include "support/fakes.h"
@@ -56,9 +57,10 @@ struct Bench {
     MemoryViews views{session, form, host};
     Catalogue catalogue{session, form, board, host, dialogs};
     ConfigModel config{session, form, messages, views, catalogue};
-    BufferCommands buffer{session, form, views, config};
-    DeviceSelection selection{session,  form,  board,     settings, dialogs,
-                              messages, views, catalogue, config,   buffer};
+    DeviceCheck device_check{session, form, dialogs, messages};
+    BufferCommands buffer{session, form, views, config, device_check};
+    DeviceSelection selection{session,  form,         board,     settings, dialogs,
+                              messages, device_check, catalogue, config,   buffer};
 };
 
 // A block of that name with the given rows, each ending in a line end.

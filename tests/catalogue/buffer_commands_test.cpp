@@ -14,8 +14,8 @@ struct Selected : Bench {
         : Bench{block(name, rows)} {
         select(name);
     }
-    void clear() { buffer.mnuPcBufferMemoryClear(selection); }
-    void zero() { buffer.mnuPcBufferMemory_0(selection); }
+    void clear() { buffer.mnuPcBufferMemoryClear(); }
+    void zero() { buffer.mnuPcBufferMemory_0(); }
 };
 
 constexpr std::string_view kPic18Rows =
@@ -34,7 +34,7 @@ TEST(mnuPcBufferMemoryClear, needs_a_device) {
     bench.form.CmbInit.Visible.set(true);
     bench.form.TxtInit.Visible.set(true);
     bench.form.Text_ID.Text.set("1234");
-    bench.buffer.mnuPcBufferMemoryClear(bench.selection);
+    bench.buffer.mnuPcBufferMemoryClear();
     EXPECT_FALSE(bench.form.CmbInit.Visible.get());
     EXPECT_FALSE(bench.form.TxtInit.Visible.get());
     EXPECT_EQ(bench.form.Text_ID.Text.get(), "1234");
@@ -44,7 +44,7 @@ TEST(mnuPcBufferMemoryClear, needs_a_device) {
 
 TEST(mnuPcBufferMemory_0, needs_a_device) {
     Bench bench;
-    bench.buffer.mnuPcBufferMemory_0(bench.selection);
+    bench.buffer.mnuPcBufferMemory_0();
     EXPECT_EQ(bench.form.LabelCmt.Caption.get(), "MCUを選んでください。 ");
     ASSERT_EQ(bench.dialogs.boxes.size(), 1U);
 }

@@ -14,6 +14,7 @@
 #include "catalogue/buffer_commands.h"
 #include "catalogue/catalogue.h"
 #include "catalogue/config_model.h"
+#include "catalogue/device_check.h"
 #include "catalogue/device_selection.h"
 #include "files/hex_files.h"
 #include "image/image_support.h"
@@ -110,9 +111,10 @@ struct FilesBench {
     MemoryViews views{session, form, host};
     Catalogue catalogue{session, form, board, host, dialogs};
     ConfigModel config{session, form, messages, views, catalogue};
-    BufferCommands buffer{session, form, views, config};
-    DeviceSelection selection{session,  form,  board,     settings, dialogs,
-                              messages, views, catalogue, config,   buffer};
+    DeviceCheck device_check{session, form, dialogs, messages};
+    BufferCommands buffer{session, form, views, config, device_check};
+    DeviceSelection selection{session,  form,         board,     settings, dialogs,
+                              messages, device_check, catalogue, config,   buffer};
     HexFiles files{session,  form,  about,  settings, host,     dialogs,
                    messages, views, config, buffer,   selection};
     std::vector<std::string> shown;  // "red " before a red text, "|" between main and extra text

@@ -60,7 +60,7 @@ TEST(IdEntry, is_saved_and_read_back) {
     Bench bench;
     ASSERT_TRUE(bench.entry.take_digits("2026"));
     ASSERT_EQ(bench.files.mnuFileSave_Click(bench.folder / "a.hex"), Outcome::Success);
-    bench.buffer.mnuPcBufferMemoryClear(bench.selection);
+    bench.buffer.mnuPcBufferMemoryClear();
     ASSERT_EQ(bench.files.mnuFileOpen_Click(bench.folder / "a.hex"), Token::OK);
     EXPECT_EQ(bench.form.Text_ID.Text.get(), "2026");
 }

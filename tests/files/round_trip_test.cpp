@@ -152,7 +152,7 @@ TEST(round_trip, brings_back_the_random_image_of_every_device) {
         bench.form.HexUpperAddress.Checked.set(false);
         ASSERT_TRUE(bench.form.Combo_device.select(std::string_view{name}));
         bench.form.HexUpperAddress.Checked.set(is_large(bench.session));
-        bench.buffer.mnuPcBufferMemoryClear(bench.selection);
+        bench.buffer.mnuPcBufferMemoryClear();
         RandomImage{bench, bench.session}.fill();
         const Kept before{bench.session};
         const auto path = bench.folder / "a.hex";
@@ -175,7 +175,7 @@ TEST(round_trip, by_full_address_brings_back_every_enhanced_device) {
         if (!has_full_addresses(name)) continue;
         SCOPED_TRACE(name);
         ASSERT_TRUE(bench.form.Combo_device.select(std::string_view{name}));
-        bench.buffer.mnuPcBufferMemoryClear(bench.selection);
+        bench.buffer.mnuPcBufferMemoryClear();
         RandomImage{bench, bench.session}.fill();
         const Kept before{bench.session};
         const auto path = bench.folder / "a.hex";
@@ -211,7 +211,7 @@ TEST(round_trip, files_are_accepted_by_srec_cat_and_objcopy) {
         bench.form.HexUpperAddress.Checked.set(false);
         ASSERT_TRUE(bench.form.Combo_device.select(std::string_view{name}));
         bench.form.HexUpperAddress.Checked.set(is_large(bench.session));
-        bench.buffer.mnuPcBufferMemoryClear(bench.selection);
+        bench.buffer.mnuPcBufferMemoryClear();
         RandomImage{bench, bench.session}.fill();
         ASSERT_EQ(bench.files.mnuFileSave_Click(bench.folder / (name + ".hex")), Outcome::Success);
     }
