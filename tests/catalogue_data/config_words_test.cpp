@@ -6,6 +6,7 @@
 #include <ios>
 #include <map>
 #include <set>
+#include <vector>
 
 #include "device_facts.h"
 #include "plain_reader.h"
@@ -53,6 +54,31 @@ const Option* option_for(const Field& field, std::uint32_t word) {
     return found == field.options.end() ? nullptr : &*found;
 }
 
+// Every value that the bits of the mask can have.
+std::vector<std::uint32_t> codes_of(std::uint32_t mask) {
+    std::vector<std::uint32_t> codes{0};
+    for (std::uint32_t code = mask; code != 0; code = (code - 1) & mask) codes.push_back(code);
+    return codes;
+}
+
+// The bits of the mask that read the same as `bit` in every option.
+std::uint32_t copies_of(std::uint32_t bit, const Field& field) {
+    std::uint32_t copies = mask_of(field);
+    for (const Option& option : field.options)
+        copies &= (option.value & bit) != 0 ? option.value : ~option.value;
+    return copies;
+}
+
+// Whether each bit of the code agrees with its copies.
+bool copies_agree(std::uint32_t code, const Field& field) {
+    for (std::uint32_t bit = 1; bit <= mask_of(field); bit <<= 1) {
+        if ((mask_of(field) & bit) == 0) continue;
+        const std::uint32_t copies = copies_of(bit, field);
+        if ((code & copies) != 0 && (code & copies) != copies) return false;
+    }
+    return true;
+}
+
 TEST(configuration_field, has_options_that_stay_inside_the_one_mask_of_the_field) {
     for_each_field([](const Block& block, const Word& word, const Field& field) {
         EXPECT_GE(field.options.size(), 2U) << where(block, word, field) << " leaves no choice";
@@ -76,6 +102,18 @@ TEST(configuration_field, has_options_that_differ_in_name_and_value) {
             EXPECT_TRUE(values.insert(option.value).second)
                 << where(block, word, field) << " " << option.name << ": value stands twice";
         }
+    });
+}
+
+// A word from a file or a device is shown by its options, and a choice in one field keeps the
+// others by theirs: a code without an option would turn into another one. Protection is looked at
+// below.
+TEST(configuration_field, has_an_option_for_every_code_of_its_bits) {
+    for_each_field([](const Block& block, const Word& word, const Field& field) {
+        if (field.name == "CP") return;
+        for (const std::uint32_t code : codes_of(mask_of(field)))
+            EXPECT_NE(option_for(field, code), nullptr)
+                << where(block, word, field) << " has no option for 0x" << std::hex << code;
     });
 }
 
@@ -223,6 +261,17 @@ TEST(code_protection, is_a_field_named_CP_on_every_12_bit_and_14_bit_part) {
         EXPECT_EQ(open->value, open->mask) << where(*block, *word, *field);
     }
     EXPECT_EQ(parts, 179U);
+}
+
+// The protection bits of a word are copies of one or two bits. A mix of them is no choice of a
+// user: such a word is reported as mixed, which needs a code that is no option.
+TEST(code_protection, has_an_option_for_every_code_whose_copied_bits_agree) {
+    for_each_field([](const Block& block, const Word& word, const Field& field) {
+        if (field.name != "CP") return;
+        for (const std::uint32_t code : codes_of(mask_of(field)))
+            EXPECT_EQ(option_for(field, code) != nullptr, copies_agree(code, field))
+                << where(block, word, field) << " 0x" << std::hex << code;
+    });
 }
 
 TEST(code_protection, of_a_PIC18_is_the_whole_of_word_5_and_no_field_named_CP) {
