@@ -115,8 +115,6 @@ void ConfigModel::ConfigGridChanged(int n) {
     grid.set_redraw(true);
     store_bytes(n);
     views_.ShowConfigSummary();
-    if (session_.PgmType == ProgrammingType::EPROM2 && n == 1)
-        session_.CfgIdMem[14] |= kEprom2HighBits;
 }
 
 // A PIC18 file without configuration records is loaded on top of CfgBytes18, so that the options
@@ -129,6 +127,28 @@ void ConfigModel::store_bytes(int n) {
     session_.CfgIdMem[13 + 2 * at] = low;
     session_.CfgBytes18[2 * at - 2] = low;
     session_.CfgBytes18[2 * at - 1] = high;
+    if (session_.PgmType == "EPROM2" && n == 1) session_.CfgIdMem[14] |= kEprom2HighBits;
+}
+
+void ConfigModel::put_word(int n, std::uint32_t word) {
+    const std::size_t at = index_of(n);
+    session_.ConfigWord[at] = (word & session_.ConfigMask[at]) | session_.ConfigForce[at];
+    store_bytes(n);
+    show_word(n);
+    views_.ShowConfigSummary();
+}
+
+ConfigModel::FieldChange ConfigModel::set_field(int n, std::string_view field,
+                                                std::string_view option) {
+    bool found = false;
+    for (const auto& candidate : catalogue_.options()) {
+        if (candidate.word != n || candidate.name != field) continue;
+        found = true;
+        if (candidate.option != option) continue;
+        put_word(n, (session_.ConfigWord[index_of(n)] & ~candidate.mask) | candidate.value);
+        return FieldChange::Done;
+    }
+    return found ? FieldChange::NoOption : FieldChange::NoField;
 }
 
 void ConfigModel::ShowConfigWords() {
@@ -138,15 +158,17 @@ void ConfigModel::ShowConfigWords() {
         session_.ConfigWord[n] =
             (session_.ConfigMask[n] & session_.ConfigWord[n]) | session_.ConfigForce[n];
     }
-    for (int n = 1; n <= kConfigWords; ++n) {
-        Grid& grid = form_.HFGrid(n);
-        grid.set_redraw(false);
-        // The words that are there, not the tabs that are visible: while a device is being chosen
-        // the tabs are still the former one's.
-        if (session_.ConfigPresent[index_of(n)]) show_options(n);
-        show_config_heading(session_, form_, n, "0x");
-        grid.set_redraw(true);
-    }
+    for (int n = 1; n <= kConfigWords; ++n) show_word(n);
+}
+
+void ConfigModel::show_word(int n) {
+    Grid& grid = form_.HFGrid(n);
+    grid.set_redraw(false);
+    // The words that are there, not the tabs that are visible: while a device is being chosen the
+    // tabs are still the former one's.
+    if (session_.ConfigPresent[index_of(n)]) show_options(n);
+    show_config_heading(session_, form_, n, "0x");
+    grid.set_redraw(true);
 }
 
 // A number that matches none of a field's options leaves the cell as it was.

@@ -6,6 +6,10 @@
 // catalogue stand in the same order.
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <string_view>
+
 #include "app/main_form.h"
 #include "app/messages.h"
 #include "app/session.h"
@@ -23,6 +27,12 @@ class ConfigModel {
     void ResetConfigGrids();
     // From word n's options to its number.
     void ConfigGridChanged(int n);
+    // Word n as a whole, as its number says but for the bits that are always 0 or 1. The other
+    // words keep what they hold.
+    void put_word(int n, std::uint32_t word);
+    // One field of word n; where the word has no such field or option, nothing changes.
+    enum class FieldChange : std::uint8_t { Done, NoField, NoOption };
+    [[nodiscard]] FieldChange set_field(int n, std::string_view field, std::string_view option);
     // From the numbers to the options; sets ProtectMixed.
     void ShowConfigWords();
     // Title and text of the field in the given grid row, in the message area.
@@ -41,6 +51,7 @@ class ConfigModel {
     bool ProtectMixed() const { return protect_mixed_; }
 
   private:
+    void show_word(int n);
     void show_options(int n);
     void store_bytes(int n);
     int current_word() const;

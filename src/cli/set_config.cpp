@@ -22,37 +22,20 @@ std::optional<std::uint32_t> hex_value(std::string_view text) {
     return value;
 }
 
-void put_config_word(Run& run, int n, std::uint32_t word) {
-    auto& session = run.session;
-    const auto at = static_cast<std::size_t>(n);
-    word = (word & session.ConfigMask[at]) | session.ConfigForce[at];
-    session.ConfigWord[at] = word;
-    const auto high = static_cast<std::uint8_t>(word >> 8 & 0xFF);
-    const auto low = static_cast<std::uint8_t>(word & 0xFF);
-    session.CfgIdMem[12 + 2 * at] = high;
-    session.CfgIdMem[13 + 2 * at] = low;
-    if (session.PgmType == ProgrammingType::EPROM2 && n == 1) session.CfgIdMem[14] |= 0xC0;
-    session.CfgBytes18[2 * at - 2] = low;
-    session.CfgBytes18[2 * at - 1] = high;
-    run.config.ShowConfigWords();
-    run.views.ShowConfigSummary();
-}
-
 // The word with one field changed.
 std::optional<std::string> set_field(Run& run, int n, std::string_view field,
                                      std::string_view option) {
     const auto name = fmt::format("CONFIG{}", n);
-    bool field_found = false;
-    for (const auto& candidate : run.catalogue.options()) {
-        if (candidate.word != n || candidate.name != field) continue;
-        field_found = true;
-        if (candidate.option != option) continue;
-        const auto word = run.session.ConfigWord[static_cast<std::size_t>(n)];
-        put_config_word(run, n, (word & ~candidate.mask) | candidate.value);
-        return std::nullopt;
+    using enum ConfigModel::FieldChange;
+    switch (run.config.set_field(n, field, option)) {
+        case Done:
+            return std::nullopt;
+        case NoField:
+            return fmt::format(text::kNoConfigField, name, field);
+        case NoOption:
+            return fmt::format(text::kNoConfigOption, name, field, option);
     }
-    return field_found ? fmt::format(text::kNoConfigOption, name, field, option)
-                       : fmt::format(text::kNoConfigField, name, field);
+    return std::nullopt;
 }
 
 }  // namespace
@@ -68,7 +51,7 @@ std::optional<std::string> set_config(Run& run, int n, std::string_view value) {
     const auto word = hex_value(digits);
     if (!word || (*word & ~run.session.ConfigWidth[at]) != 0)
         return fmt::format(text::kBadValue, name, value, "a word of this device in hexadecimal");
-    put_config_word(run, n, *word);
+    run.config.put_word(n, *word);
     return std::nullopt;
 }
 

@@ -224,6 +224,42 @@ TEST(ConfigGridChanged, gives_a_word_that_the_device_lacks_no_bits) {
     EXPECT_EQ(bench.session.ConfigWord[3], 0U);
 }
 
+TEST(put_word, sets_number_options_and_bytes_of_its_word_alone) {
+    Loaded bench{kTwoWords};
+    bench.session.ConfigWord[2] = 0x7EFF;  // as it came from outside, with a bit beyond the word
+    bench.config.put_word(1, 0x3FFB);
+    EXPECT_EQ(bench.session.ConfigWord[1], 0x3FFBU);
+    EXPECT_EQ(bench.grid(1), Rows{"WDTE=OFF"});
+    EXPECT_EQ(bench.form.HFGrid(1).cell(0, 1), "0x3FFB");
+    EXPECT_EQ(bench.session.CfgIdMem[14], 0x3F);
+    EXPECT_EQ(bench.session.CfgIdMem[15], 0xFB);
+    EXPECT_EQ(bench.session.CfgBytes18[0], 0xFB);
+    EXPECT_EQ(bench.form.Text_Config1.Text.get(), "3FFB");
+    EXPECT_EQ(bench.session.ConfigWord[2], 0x7EFFU);
+}
+
+TEST(put_word, keeps_the_bits_that_are_always_0_or_1) {
+    Loaded bench{"PGM_TYPE EPROM2\nCONFIG1 0x3FFF 0x0100 0x0004 0x3FFF\n"};
+    bench.config.put_word(1, 0x0FF0);
+    EXPECT_EQ(bench.session.ConfigWord[1], 0x0EF4U);
+    EXPECT_EQ(bench.session.CfgIdMem[14], 0xCE) << "the two top bits of an EPROM2 word";
+}
+
+TEST(set_field, changes_the_bits_of_one_field) {
+    Loaded bench{kFlashRows};
+    bench.session.ConfigWord[1] = 0x1FFE;  // a protection that no option has
+    EXPECT_EQ(bench.config.set_field(1, "FOSC", "XT"), ConfigModel::FieldChange::Done);
+    EXPECT_EQ(bench.session.ConfigWord[1], 0x1FFDU);
+    EXPECT_EQ(bench.form.HFGrid(1).cell(1, 1), "XT");
+}
+
+TEST(set_field, changes_nothing_where_the_word_has_no_such_field_or_option) {
+    Loaded bench{kTwoWords};
+    EXPECT_EQ(bench.config.set_field(1, "FOSC", "XT"), ConfigModel::FieldChange::NoField);
+    EXPECT_EQ(bench.config.set_field(2, "WDTE", "MAYBE"), ConfigModel::FieldChange::NoOption);
+    EXPECT_EQ(bench.session.ConfigWord[2], 0x3FFFU);
+}
+
 TEST(ShowConfigWords, shows_the_options_that_the_numbers_stand_for) {
     Loaded bench{kFlashRows};
     bench.session.ConfigWord[1] = 0x3FFE;
