@@ -60,7 +60,6 @@ HexFiles::HexFiles(Session& session, MainForm& form, AboutForm& about, Settings&
       dialogs_{dialogs},
       messages_{messages},
       views_{views},
-      config_{config},
       buffer_{buffer},
       selection_{selection},
       history_{form, settings},
@@ -220,8 +219,9 @@ void HexFiles::select_named_device(std::string_view text) {
 }
 
 Token HexFiles::load(std::string_view text) {
+    // It shows the words by their options. The way back, from the options to the words, is only for
+    // the user's choice: a code that no option has must be saved as it came.
     loader_.load(text);
-    config_.ConfigGridChanged(form_.SSTab_Config.Tab.get() + 1);
     session_.ConfigFromFile = false;
     if (is_pic18_flash(session_.PgmType)) {
         loader_.show_pic18_id();

@@ -77,7 +77,6 @@ class HexFiles {
     Dialogs& dialogs_;
     Messages& messages_;
     MemoryViews& views_;
-    ConfigModel& config_;
     BufferCommands& buffer_;
     DeviceSelection& selection_;
     FileHistory history_;

@@ -121,4 +121,12 @@ struct FilesBench {
     Connection watch;
 };
 
+// The same on the shipped catalogue.
+struct AllDevices : FilesBench {
+    AllDevices() : FilesBench{""} {
+        session.CatalogueFile = QUILLON_CATALOGUE;
+        catalogue.LoadDeviceList();
+    }
+};
+
 }  // namespace quillon::test

@@ -312,6 +312,15 @@ TEST(mnuFileOpen_Click, brings_the_configuration_to_the_grid_and_lets_the_catalo
     EXPECT_FALSE(bench.session.ConfigFromFile);
 }
 
+TEST(mnuFileOpen_Click, keeps_a_word_whose_code_has_no_option) {
+    FilesBench bench{"PIC18F2550"};
+    EXPECT_EQ(bench.open(upper_address(0x30) + data(0, {0x24, 0x0D})), Token::OK);
+    EXPECT_EQ(bench.session.ConfigWord[1], 0x0D24U);
+    EXPECT_EQ(bench.form.HFGrid(1).cell(0, 1), "0x0D24");
+    EXPECT_EQ(bench.form.HFGrid(1).cell(1, 1), "HS") << "the cell stays as it was";
+    EXPECT_EQ(bench.form.HFGrid(1).cell(2, 1), "5");
+}
+
 TEST(mnuFileOpen_Click, takes_both_words_of_a_device_with_two) {
     FilesBench bench{"PIC16F887"};
     EXPECT_EQ(bench.open(data(0x400E, {0xF4, 0x20, 0xFF, 0x3E})), Token::OK);

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -19,24 +18,16 @@
 namespace quillon {
 
 namespace fs = std::filesystem;
+using test::AllDevices;
 using test::FilesBench;
 
 namespace {
-
-// A bench on the shipped catalogue.
-struct AllDevices : FilesBench {
-    AllDevices() : FilesBench{""} {
-        session.CatalogueFile = QUILLON_CATALOGUE;
-        catalogue.LoadDeviceList();
-    }
-};
 
 // Random content that the device can hold: what its own bits and its ID rule leave of chance.
 class RandomImage {
   public:
     explicit RandomImage(const FilesBench& bench, Session& session)
         : session_{session},
-          options_{bench.catalogue.options()},
           addresses_{hex_addresses(bench.form, session.DeviceName)},
           random_{static_cast<unsigned>(session.PgmWords)} {}
 
@@ -55,12 +46,9 @@ class RandomImage {
         for (std::size_t i = 0; i < static_cast<std::size_t>(session_.EepBytes); ++i)
             session_.EepMem[i] = byte();
         for (auto& id : session_.IdBytes18) id = byte();
-        // A value that no option has doesn't outlive the panel: one option of each field.
-        for (const auto& option : options_) {
-            auto& word = session_.ConfigWord[static_cast<std::size_t>(option.word)];
-            const bool first = (word & option.mask) == 0;
-            if (first || random_() % 2 == 0) word = (word & ~option.mask) | option.value;
-        }
+        for (std::size_t n = 1; n <= kConfigWords; ++n)
+            session_.ConfigWord[n] =
+                ((byte() * 256U + byte()) & session_.ConfigMask[n]) | session_.ConfigForce[n];
     }
 
     void fill_words() {
@@ -106,7 +94,6 @@ class RandomImage {
     }
 
     Session& session_;
-    std::span<const FieldOption> options_;
     HexAddresses addresses_;
     std::mt19937 random_;
 };
