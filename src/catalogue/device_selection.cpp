@@ -82,6 +82,8 @@ void DeviceSelection::load_record() {
         form_.Chk_UseFileData.Checked.set(false);
         form_.Chk_UseFileData.Visible.set(false);
     }
+    // Before the image is cleared, which shows the program: the box was the former device's.
+    form_.Check_Parity_Disp.Checked.set(false);
     session_.DeviceName = name;
     ClearDeviceView();
     catalogue_.LoadDeviceRecord(name);

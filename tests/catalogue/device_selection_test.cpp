@@ -50,6 +50,19 @@ TEST(Combo_device_Click, clears_the_message_area_where_a_board_was_found) {
     EXPECT_EQ(captions[0], "");
 }
 
+TEST(Combo_device_Click, shows_the_program_in_words_after_a_device_whose_parity_was_shown) {
+    Bench bench{typed("PIC1", "EPROM2") + typed("PIC2", "FLASH4")};
+    bench.select("PIC1");
+    bench.form.Check_Parity_Disp.Checked.set(true);
+    bench.select("PIC2");
+    EXPECT_EQ(bench.form.RichTxtPgmMem.Text.get().substr(0, 17), "000000: 3FFF 3FFF");
+    bench.select("PIC1");
+    bench.form.Check_Parity_Disp.Checked.set(true);
+    bench.select("PIC1");
+    EXPECT_FALSE(bench.form.Check_Parity_Disp.Checked.get());
+    EXPECT_EQ(bench.form.RichTxtPgmMem.Text.get().find("---"), std::string::npos);
+}
+
 TEST(Combo_device_Click, hides_the_entries_over_the_grids) {
     Bench bench{typed("PIC1", "FLASH4")};
     bench.form.CmbInit.Visible.set(true);
