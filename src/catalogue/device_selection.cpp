@@ -65,7 +65,7 @@ void DeviceSelection::Combo_device_Click() {
     for (int n = 1; n <= kConfigWords; ++n) config_.ConfigGridChanged(n);
     form_.LblCheckSUM.Caption.set(ProgramCheckSum(session_));
     ApplyBlankSkip(session_.DeviceName, form_);
-    show_config_tabs();
+    show_config_words();
     reset_information_tabs();
     show_group();
     show_type(panel_of(session_.PgmType), session_, form_);
@@ -101,12 +101,16 @@ void DeviceSelection::show_firmware_verdict() {
             fmt::format(catalogue_text::kFirmwareTooOld, version_text(session_.FirmRequired)));
 }
 
-void DeviceSelection::show_config_tabs() {
+void DeviceSelection::show_config_words() {
     TabSet& tabs = form_.SSTab_Config;
     tabs.Redraw.set(false);
     tabs.Tab.set(0);
     for (std::size_t n = 1; n <= kConfigWords; ++n) tabs.show_tab(n - 1, session_.ConfigPresent[n]);
     tabs.Redraw.set(true);
+    // The two boxes show words of CfgIdMem, which a PIC18 doesn't use.
+    const bool in_boxes = !is_pic18_flash(session_.PgmType);
+    form_.Text_Config1.Visible.set(in_boxes);
+    form_.Text_Config2.Visible.set(in_boxes);
 }
 
 // Leaves the drawing off; the selection's end turns it on.

@@ -34,7 +34,7 @@ class DeviceSelection {
   private:
     void load_record();
     void show_firmware_verdict();
-    void show_config_tabs();
+    void show_config_words();
     void reset_information_tabs();
     void show_group();
     void ask_power_order();

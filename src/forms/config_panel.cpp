@@ -178,6 +178,7 @@ void ConfigPanel::make_texts(Bindings& bindings) {
         auto* edit = new QLineEdit{this};
         auto* label = new QLabel{q(title), this};
         label->setBuddy(edit);
+        bindings.follow(control.Visible, [label](bool on) { label->setVisible(on); });
         edit->setAccessibleName(q(title));
         edit->setAcceptDrops(false);
         row.addWidget(label);

@@ -17,6 +17,7 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "app/text.h"
 #include "form_bench.h"
@@ -186,6 +187,23 @@ TEST(HFGrid, a_field_has_its_help_line_as_tooltip) {
     FormBench bench;
     auto* grid = bench.find<QTableWidget>("HFGrid(1)");
     EXPECT_FALSE(grid->item(row_of(*grid, "WDTE"), 0)->toolTip().isEmpty());
+}
+
+TEST(Text_Config1, is_there_with_its_label_for_all_but_a_pic18) {
+    FormBench bench;
+    const auto shown = [&](const char* name) {
+        auto* box = bench.find<QLineEdit>(name);
+        const auto labels = bench.window->findChildren<QLabel*>();
+        const auto label = std::ranges::find(labels, box, &QLabel::buddy);
+        return label != labels.end() && (*label)->isVisible() && box->isVisible();
+    };
+    EXPECT_TRUE(shown("Text_Config1") && shown("Text_Config2"));
+    bench.select("PIC18F2550");
+    EXPECT_FALSE(shown("Text_Config1") || shown("Text_Config2"));
+    for (const auto* label : bench.window->findChildren<QLabel*>())
+        EXPECT_FALSE(label->isVisible() && label->text().contains("CFG"));
+    bench.select("PIC16F887");
+    EXPECT_TRUE(shown("Text_Config1") && shown("Text_Config2"));
 }
 
 TEST(Text_Config1, a_click_tells_of_the_display) {
