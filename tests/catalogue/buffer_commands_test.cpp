@@ -2,7 +2,9 @@
 // The two commands that fill the image, type by type.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 #include "catalogue/bench.h"
 
@@ -87,6 +89,45 @@ TEST(mnuPcBufferMemory_0, fills_a_14_bit_image_with_zeros_and_leaves_the_words) 
     EXPECT_EQ(bench.session.ConfigWord[1], 0x0FCDU);
     EXPECT_EQ(bench.form.HFGrid(1).cell(1, 1), "XT");
     EXPECT_EQ(bench.form.LblCheckSUM.Caption.get(), "0000");
+}
+
+TEST(mnuPcBufferMemory_0, hides_the_entries_and_selects_the_first_tab) {
+    for (const std::string_view rows : {kFlashRows, kPic18Rows}) {
+        Selected bench{rows};
+        bench.form.CmbInit.Visible.set(true);
+        bench.form.TxtInit.Visible.set(true);
+        bench.form.SSTab_Config.Tab.set(1);
+        bench.zero();
+        EXPECT_FALSE(bench.form.CmbInit.Visible.get());
+        EXPECT_FALSE(bench.form.TxtInit.Visible.get());
+        EXPECT_EQ(bench.form.SSTab_Config.Tab.get(), 0);
+    }
+}
+
+TEST(mnuPcBufferMemory_0, zeroes_every_byte_of_program_eeprom_and_16_words) {
+    Selected bench{kFlashRows};
+    bench.zero();
+    const auto& session = bench.session;
+    const auto zeros = [](const auto& bytes, std::size_t count) {
+        return std::all_of(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count),
+                           [](std::uint8_t byte) { return byte == 0; });
+    };
+    EXPECT_TRUE(zeros(session.PgmMem, 0x4000));
+    EXPECT_TRUE(zeros(session.EepMem, 0x200));
+    EXPECT_TRUE(zeros(session.CfgIdMem, 32));
+    EXPECT_EQ(session.CfgIdMem[32], 0x3F) << "the fill with ones takes one word more";
+    EXPECT_EQ(session.CfgIdMem[33], 0xFF);
+    EXPECT_TRUE(bench.form.RichTxtPgmMem.Text.get().starts_with("000000: 0000 0000 "));
+    EXPECT_TRUE(bench.form.rText_EepromMem.Text.get().starts_with("0000: 00 00 "));
+}
+
+TEST(mnuPcBufferMemory_0, zeroes_the_8_words_of_a_12_bit_part) {
+    Selected bench{"PGM_TYPE 10F2\nPGM_SIZE_WORD 0xFF\nCONFIG1 0x0FFF 0 0 0x0FFF\n"};
+    bench.session.CfgIdMem[16] = 0x12;
+    bench.zero();
+    for (std::size_t i = 0; i < 16; ++i) EXPECT_EQ(bench.session.CfgIdMem[i], 0) << i;
+    EXPECT_EQ(bench.session.CfgIdMem[16], 0x12);
+    EXPECT_EQ(bench.session.PgmMem[0x1FF], 0);
 }
 
 TEST(mnuPcBufferMemoryClear, leaves_the_eeprom_of_a_device_that_has_none) {
