@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/buffer_commands.h"
 
+#include "catalogue/catalogue_texts.h"
 #include "image/fill.h"
 #include "parts/device_traits.h"
 
@@ -9,6 +10,16 @@ namespace quillon {
 namespace {
 
 constexpr std::uint32_t kOnes14 = 0x3FFF;
+
+// Whether the words that the tabs show are the ones that would be written.
+bool words_are_in_image(const Session& session) {
+    for (std::size_t n = 1; n <= kConfigWords; ++n) {
+        const std::uint32_t stored =
+            (session.CfgIdMem[12 + 2 * n] & 0x3FU) * 256U + session.CfgIdMem[13 + 2 * n];
+        if (session.ConfigPresent[n] && stored != session.ConfigWord[n]) return false;
+    }
+    return true;
+}
 
 }  // namespace
 
@@ -64,6 +75,7 @@ void BufferCommands::mnuPcBufferMemory_0() {
     else
         form_.Text_ID.Text.set(session_.IdText = "0000");
     show_four_words("0000");
+    if (!pic18 && !words_are_in_image(session_)) messages_.AddMessage(catalogue_text::kZerosKept);
 }
 
 // PIC18: the ID's text, its eight bytes, and no device identity.

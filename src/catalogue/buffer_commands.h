@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/main_form.h"
+#include "app/messages.h"
 #include "app/session.h"
 #include "catalogue/config_model.h"
 #include "catalogue/device_check.h"
@@ -15,17 +16,18 @@ namespace quillon {
 
 class BufferCommands {
   public:
-    BufferCommands(Session& session, MainForm& form, MemoryViews& views, ConfigModel& config,
-                   DeviceCheck& device_check)
+    BufferCommands(Session& session, MainForm& form, Messages& messages, MemoryViews& views,
+                   ConfigModel& config, DeviceCheck& device_check)
         : session_{session},
           form_{form},
+          messages_{messages},
           views_{views},
           config_{config},
           device_check_{device_check} {}
 
     // Both end with Mcu_Selected_Check's message where no device is selected.
     void mnuPcBufferMemoryClear();
-    void mnuPcBufferMemory_0();
+    void mnuPcBufferMemory_0();  // says so where the words shown stay and zeros would be written
 
   private:
     bool begin();
@@ -34,6 +36,7 @@ class BufferCommands {
 
     Session& session_;
     MainForm& form_;
+    Messages& messages_;
     MemoryViews& views_;
     ConfigModel& config_;
     DeviceCheck& device_check_;

@@ -55,6 +55,10 @@ inline constexpr std::string_view kPowerQuestion =
     "　　"
     "未書込みのデバイス、あるいは自走する可能性の無い事が明らかな場合は「VDD-FIRST」の設定が可能です。これによりイン・サーキット・プログラミングの手法を用いて書き込める可能性が向上します。ですが当プログラマはインサーキットプログラミングを推奨しておりません。ご自身の判断の上での設定変更をお願いします。初期設定は「VPP-FIRST」です。（パワーアップシーケンスオプションで再設定可能です。）";
 
+// The words that the tabs show are left alone by the fill with zeros, what would be written isn't
+inline constexpr std::string_view kZerosKept =
+    "redコンフィギュレーションワードの表示は元のままですが、このまま書込むと０が書込まれます。";
+
 inline constexpr std::string_view kConfigRadix =
     "コンフィギュレーションデータ表示。クリックでの１６ or "
     "２進数表示を切り替えます。変更は左側のデバイス設定で行います。";

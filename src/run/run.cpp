@@ -19,7 +19,7 @@ Run::Run(SettingsStore& store, Host& host_, SerialPort& port_, Dialogs& dialogs_
       catalogue{session, form, board, host, dialogs},
       config{session, form, messages, views, catalogue},
       device_check{session, form, dialogs, messages},
-      buffer{session, form, views, config, device_check},
+      buffer{session, form, messages, views, config, device_check},
       selection{session,  form,         board,     settings, dialogs,
                 messages, device_check, catalogue, config,   buffer},
       files{session,  form,  about,  settings, host,     dialogs,

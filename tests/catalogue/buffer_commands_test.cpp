@@ -130,6 +130,37 @@ TEST(mnuPcBufferMemory_0, zeroes_the_8_words_of_a_12_bit_part) {
     EXPECT_EQ(bench.session.PgmMem[0x1FF], 0);
 }
 
+constexpr std::string_view kZerosLine =
+    "コンフィギュレーションワードの表示は元のままですが、このまま書込むと０が書込まれます。";
+
+TEST(mnuPcBufferMemory_0, says_in_red_that_zeros_would_be_written_for_the_words_it_leaves) {
+    for (const std::string_view type : {"FLASH4", "EPROM2", "10F2"}) {
+        Selected bench{"PGM_TYPE " + std::string{type} +
+                       "\nPGM_SIZE_WORD 7\nEEPROM_BYTE 0\nCONFIG1 0x0FFF 0 0 0x0FFF\n"};
+        bench.form.LabelCmt.Caption.set("before");
+        bench.zero();
+        EXPECT_EQ(bench.session.ConfigWord[1], 0x0FFFU) << type;
+        EXPECT_EQ(bench.form.LabelCmt.Caption.get(), "before\r\n" + std::string{kZerosLine} + " ")
+            << type;
+        EXPECT_EQ(bench.form.LabelCmt.ForeColor.get(), Colour::Red) << type;
+    }
+}
+
+TEST(mnuPcBufferMemory_0, says_nothing_where_the_words_shown_are_those_in_the_buffer) {
+    for (const std::string_view type : {"18F_00", "18C_00", "LDR418"}) {
+        Selected bench{"PGM_TYPE " + std::string{type} +
+                       "\nPGM_SIZE_WORD 7\nEEPROM_BYTE 0\nCONFIG1 0x0FFF 0 0 0x0FFF\n"};
+        bench.form.LabelCmt.Caption.set("before");
+        bench.zero();
+        EXPECT_EQ(bench.form.LabelCmt.Caption.get(), "before") << type;
+    }
+    Selected bench{"PGM_TYPE FLASH4\nPGM_SIZE_WORD 7\nCONFIG1 0x0FFF 0 0 0x0FFF\n"};
+    bench.session.ConfigWord[1] = 0;
+    bench.form.LabelCmt.Caption.set("before");
+    bench.zero();
+    EXPECT_EQ(bench.form.LabelCmt.Caption.get(), "before");
+}
+
 TEST(mnuPcBufferMemoryClear, leaves_the_eeprom_of_a_device_that_has_none) {
     Selected bench{"PGM_TYPE FLASH4\nPGM_SIZE_WORD 7\nEEPROM_BYTE 0\n"};
     bench.session.EepMem[0] = 0x12;

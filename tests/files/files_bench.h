@@ -112,7 +112,7 @@ struct FilesBench {
     Catalogue catalogue{session, form, board, host, dialogs};
     ConfigModel config{session, form, messages, views, catalogue};
     DeviceCheck device_check{session, form, dialogs, messages};
-    BufferCommands buffer{session, form, views, config, device_check};
+    BufferCommands buffer{session, form, messages, views, config, device_check};
     DeviceSelection selection{session,  form,         board,     settings, dialogs,
                               messages, device_check, catalogue, config,   buffer};
     HexFiles files{session,  form,  about,  settings, host,     dialogs,
