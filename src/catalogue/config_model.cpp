@@ -207,8 +207,12 @@ void ConfigModel::ShowFieldHelp(int n, int row) {
     if (help != table.end()) messages_.ShowMessage(help->title, help->text);
 }
 
+bool ConfigModel::is_option_cell(int n, int row, int column) const {
+    return column == 1 && !session_.DeviceName.empty() && has_field(n, row);
+}
+
 void ConfigModel::FieldClicked(int n, int row, int column) {
-    if (column != 1 || session_.DeviceName.empty() || !has_field(n, row)) return;
+    if (!is_option_cell(n, row, column)) return;
     Grid& grid = form_.HFGrid(n);
     grid.CursorRow.set(row);
     grid.CursorColumn.set(column);
@@ -239,6 +243,16 @@ void ConfigModel::CmbInit_Click() {
         grid.CursorRow.set(static_cast<int>(grid.rows()) - 1);
     }
     form_.CmbInit.Visible.set(false);
+}
+
+bool ConfigModel::FieldTyped(int n, int row, int column, char key) {
+    if (!is_option_cell(n, row, column) || !hex_digit(key)) return false;
+    form_.HFGrid(n).CursorRow.set(row);
+    form_.HFGrid(n).CursorColumn.set(column);
+    form_.CmbInit.Visible.set(false);
+    form_.TxtInit.Text.set(upper(std::string_view{&key, 1}));
+    form_.TxtInit.Visible.set(true);
+    return true;
 }
 
 void ConfigModel::TxtInit_Done() {

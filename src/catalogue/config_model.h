@@ -40,6 +40,9 @@ class ConfigModel {
     // A click on a cell: fills CmbInit with the field's options and shows it, with the field's
     // help.
     void FieldClicked(int n, int row, int column);
+    // A key on a cell: a hexadecimal digit on an option opens TxtInit with it. False, with nothing
+    // done, for any other key and cell.
+    bool FieldTyped(int n, int row, int column, char key);
     // Writes CmbInit's text into the clicked cell of the current tab's grid.
     void CmbInit_Click();
     // The free entry of a value over the clicked cell is done.
@@ -56,6 +59,7 @@ class ConfigModel {
     void store_bytes(int n);
     int current_word() const;
     bool has_field(int n, int row) const;
+    bool is_option_cell(int n, int row, int column) const;
     void enter(int n, std::string value);
 
     Session& session_;

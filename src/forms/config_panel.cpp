@@ -50,6 +50,35 @@ class OptionList : public QComboBox {
     }
 };
 
+// Closes itself when the user leaves it. A menu of its own, or another window, isn't leaving.
+class FreeEntry : public QLineEdit {
+  public:
+    using QLineEdit::QLineEdit;
+    std::function<void()> on_left;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape && on_left)
+            on_left();
+        else
+            QLineEdit::keyPressEvent(event);
+        event->accept();  // else the grid below takes Return and opens its list
+    }
+    void focusOutEvent(QFocusEvent* event) override {
+        QLineEdit::focusOutEvent(event);
+        const bool stays = event->reason() == Qt::PopupFocusReason ||
+                           event->reason() == Qt::ActiveWindowFocusReason;
+        if (!stays && on_left) on_left();
+    }
+};
+
+// The character that the key writes into a cell, 0 for a command.
+char typed_character(const QKeyEvent& event) {
+    const auto held = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    const QString text = event.text();
+    return held == Qt::NoModifier && text.size() == 1 ? text.front().toLatin1() : '\0';
+}
+
 }  // namespace
 
 ConfigGrid::ConfigGrid(QWidget* parent) : QTableWidget{parent} {
@@ -82,6 +111,8 @@ void ConfigGrid::keyPressEvent(QKeyEvent* event) {
             if (currentRow() >= 0 && on_open) on_open(currentRow(), 1);
             return;
         default:
+            if (currentRow() >= 0 && on_type && on_type(currentRow(), typed_character(*event)))
+                return;
             QTableWidget::keyPressEvent(event);
     }
 }
@@ -103,7 +134,7 @@ ConfigPanel::ConfigPanel(MainForm& form, ConfigModel& config, const Catalogue& c
       bindings_{bindings},
       tabs_{new QTabWidget{this}},
       options_{new OptionList{this}},
-      free_entry_{new QLineEdit{this}} {
+      free_entry_{new FreeEntry{this}} {
     auto* layout = new QVBoxLayout{this};
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(6);
@@ -131,6 +162,11 @@ void ConfigPanel::make_grids(Bindings& bindings) {
             form_.HFGrid(n).CursorColumn.set(column);
             bindings.act([&] { config_.FieldClicked(n, row + 1, column); });
         };
+        grid->on_type = [this, n, &bindings](int row, char key) {
+            bool taken = false;
+            bindings.act([&] { taken = config_.FieldTyped(n, row + 1, 1, key); });
+            return taken;
+        };
         connect(grid->verticalScrollBar(), &QScrollBar::valueChanged, this,
                 [this] { close_option_list(); });
     }
@@ -157,20 +193,21 @@ void ConfigPanel::make_option_list(Bindings& bindings) {
     bindings.bind(form_.TxtInit, *free_entry_);
     form_.CmbInit.Click = [this] { change([this] { config_.CmbInit_Click(); }); };
     static_cast<OptionList*>(options_)->on_left = [this] { close_option_list(); };
+    static_cast<FreeEntry*>(free_entry_)->on_left = [this] { close_option_list(); };
     free_entry_->setValidator(new HexValidator{free_entry_});
     free_entry_->setAcceptDrops(false);
-    connect(free_entry_, &QLineEdit::returnPressed, this,
-            [this] { bindings_.act([this] { change([this] { config_.TxtInit_Done(); }); }); });
+    connect(free_entry_, &QLineEdit::returnPressed, this, [this] {
+        bindings_.act([this] { change([this] { config_.TxtInit_Done(); }); });
+        // Behind the command, which gives the focus back to where it was.
+        if (!form_.TxtInit.Visible.get()) focus_grid();
+    });
     bindings.keep(form_.CmbInit.Visible.observe([this](bool shown) {
-        if (!shown)
-            return grids_.at(static_cast<std::size_t>(form_.SSTab_Config.Tab.get()))
-                ->setFocus(Qt::OtherFocusReason);
+        if (!shown) return focus_grid();
         place_over_cell(*options_);
         options_->showPopup();
     }));
-    bindings.keep(form_.TxtInit.Visible.observe([this](bool shown) {
-        if (shown) place_over_cell(*free_entry_);
-    }));
+    bindings.keep(form_.TxtInit.Visible.observe(
+        [this](bool shown) { shown ? place_over_cell(*free_entry_) : focus_grid(); }));
 }
 
 void ConfigPanel::make_texts(Bindings& bindings) {
@@ -211,6 +248,11 @@ void ConfigPanel::show_help_tips(int n) {
             if (comment.key == name) tip = q(comment.title) + QChar{u'　'} + q(comment.text);
         for (int column = 0; column < 2; ++column) grid.item(row, column)->setToolTip(tip);
     }
+}
+
+void ConfigPanel::focus_grid() {
+    grids_.at(static_cast<std::size_t>(form_.SSTab_Config.Tab.get()))
+        ->setFocus(Qt::OtherFocusReason);
 }
 
 void ConfigPanel::place_over_cell(QWidget& widget) {

@@ -2,7 +2,8 @@
 // The configuration tabs of frmMain: a grid of fields for each word, the option list and the free
 // entry over a cell, the ID boxes and the words as numbers.
 //
-// A click, Return, F2 or Space on a cell opens its option list; Escape leaves it as it was.
+// A click, Return, F2 or Space on a cell opens its option list, a hexadecimal digit the free entry;
+// Escape leaves the cell as it was.
 #pragma once
 
 #include <QTableWidget>
@@ -24,6 +25,7 @@ class ConfigGrid : public QTableWidget {
   public:
     explicit ConfigGrid(QWidget* parent = nullptr);
     std::function<void(int row, int column)> on_open;  // counted from 0, without the heading
+    std::function<bool(int row, char key)> on_type;    // false where the key isn't taken
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -47,6 +49,7 @@ class ConfigPanel : public QWidget {
     void make_texts(Bindings& bindings);
     void show_help_tips(int n);
     void place_over_cell(QWidget& widget);
+    void focus_grid();
     void close_option_list();
 
     MainForm& form_;

@@ -105,6 +105,31 @@ TEST(CmbInit_Click, changes_nothing_where_the_cursor_is_on_no_field) {
     EXPECT_FALSE(bench.form.CmbInit.Visible.get());
 }
 
+TEST(FieldTyped, opens_the_free_entry_with_a_hexadecimal_digit) {
+    for (const char key : {'7', 'B', 'b'}) {
+        Grids bench;
+        bench.form.CmbInit.Visible.set(true);
+        EXPECT_TRUE(bench.config.FieldTyped(1, 2, 1, key));
+        EXPECT_EQ(bench.form.TxtInit.Text.get(), key == '7' ? "7" : "B");
+        EXPECT_TRUE(bench.form.TxtInit.Visible.get());
+        EXPECT_FALSE(bench.form.CmbInit.Visible.get());
+        EXPECT_EQ(bench.form.HFGrid(1).CursorRow.get(), 2);
+        EXPECT_EQ(bench.form.HFGrid(1).CursorColumn.get(), 1);
+    }
+}
+
+TEST(FieldTyped, leaves_other_keys_and_cells) {
+    Grids bench;
+    EXPECT_FALSE(bench.config.FieldTyped(1, 1, 1, 'G'));
+    EXPECT_FALSE(bench.config.FieldTyped(1, 1, 1, ' '));
+    EXPECT_FALSE(bench.config.FieldTyped(1, 1, 0, '7'));
+    EXPECT_FALSE(bench.config.FieldTyped(1, 0, 1, '7'));
+    EXPECT_FALSE(bench.config.FieldTyped(1, 3, 1, '7'));
+    bench.session.DeviceName.clear();
+    EXPECT_FALSE(bench.config.FieldTyped(1, 1, 1, '7'));
+    EXPECT_FALSE(bench.form.TxtInit.Visible.get());
+}
+
 TEST(TxtInit_Done, pads_a_digit_and_writes_behind_the_first_eight_characters) {
     Grids bench;
     bench.form.HFGrid(1).CursorRow.set(1);

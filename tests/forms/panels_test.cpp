@@ -175,6 +175,60 @@ TEST(HFGrid, escape_leaves_the_option_as_it_was) {
     EXPECT_EQ(bench.window->focusWidget(), grid);
 }
 
+TEST(HFGrid, a_hexadecimal_digit_opens_the_free_entry_over_the_option) {
+    FormBench bench;
+    auto* grid = bench.find<QTableWidget>("HFGrid(1)");
+    auto* entry = bench.find<QLineEdit>("TxtInit");
+    const int row = row_of(*grid, "WDTE");
+    const QString option = grid->item(row, 1)->text();
+    grid->setFocus();
+    grid->setCurrentCell(row, 1);
+    QTest::keyClick(grid, 'b');
+    ASSERT_TRUE(entry->isVisible());
+    EXPECT_TRUE(grid->visualItemRect(grid->item(row, 1)).contains(entry->geometry()));
+    EXPECT_EQ(bench.window->focusWidget(), entry);
+    QTest::keyClicks(entry, "4x");
+    EXPECT_EQ(entry->text(), "B4");
+    QTest::keyClick(entry, Qt::Key_Return);
+    EXPECT_FALSE(entry->isVisible());
+    EXPECT_EQ(grid->item(row, 1)->text(), option + "B4");
+    EXPECT_EQ(bench.window->focusWidget(), grid);
+}
+
+TEST(HFGrid, escape_or_another_widget_leaves_the_free_entry_and_the_option) {
+    FormBench bench;
+    auto* grid = bench.find<QTableWidget>("HFGrid(1)");
+    auto* entry = bench.find<QLineEdit>("TxtInit");
+    const int row = row_of(*grid, "WDTE");
+    const QString option = grid->item(row, 1)->text();
+    const auto open = [&] {
+        grid->setFocus();
+        grid->setCurrentCell(row, 1);
+        QTest::keyClick(grid, '1');
+        return entry->isVisible();
+    };
+    ASSERT_TRUE(open());
+    QTest::keyClick(entry, Qt::Key_Escape);
+    EXPECT_FALSE(entry->isVisible());
+    EXPECT_EQ(bench.window->focusWidget(), grid);
+    ASSERT_TRUE(open());
+    bench.find<QPlainTextEdit>("RichTxtPgmMem")->setFocus();
+    EXPECT_FALSE(entry->isVisible());
+    EXPECT_EQ(grid->item(row, 1)->text(), option);
+    EXPECT_FALSE(bench.run->form.TxtInit.Visible.get());
+}
+
+TEST(HFGrid, other_keys_and_shortcuts_open_no_entry) {
+    FormBench bench;
+    auto* grid = bench.find<QTableWidget>("HFGrid(1)");
+    grid->setFocus();
+    grid->setCurrentCell(0, 0);
+    QTest::keyClick(grid, 'w');
+    EXPECT_EQ(grid->currentRow(), row_of(*grid, "WDTE"));
+    QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_FALSE(bench.find<QLineEdit>("TxtInit")->isVisible());
+}
+
 TEST(HFGrid, a_click_on_a_fields_name_opens_nothing) {
     FormBench bench;
     auto* grid = bench.find<QTableWidget>("HFGrid(1)");
