@@ -276,7 +276,7 @@ void ConfigModel::enter(int n, std::string value) {
 }
 
 void ConfigModel::Text_Config_Click() {
-    views_.ShowConfigSummary();
+    views_.switch_config_radix();
     messages_.ShowMessage(catalogue_text::kConfigRadix);
 }
 

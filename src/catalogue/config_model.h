@@ -47,7 +47,7 @@ class ConfigModel {
     void CmbInit_Click();
     // The free entry of a value over the clicked cell is done.
     void TxtInit_Done();
-    // A click on the configuration text.
+    // A click on the configuration text: its words are shown in the other radix, and it says so.
     void Text_Config_Click();
 
     // A word was read whose CP field matches no option.

@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTabWidget>
@@ -69,6 +70,26 @@ class FreeEntry : public QLineEdit {
         const bool stays = event->reason() == Qt::PopupFocusReason ||
                            event->reason() == Qt::ActiveWindowFocusReason;
         if (!stays && on_left) on_left();
+    }
+};
+
+// A word as a text, to be clicked. It handles its own events: a command watches the widget with the
+// focus, and a filter that is added while another one runs makes that one run again.
+class WordText : public QLineEdit {
+  public:
+    using QLineEdit::QLineEdit;
+    std::function<void()> on_click;
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QLineEdit::mouseReleaseEvent(event);
+        if (event->button() == Qt::LeftButton && on_click) on_click();
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Space && on_click)
+            on_click();
+        else
+            QLineEdit::keyPressEvent(event);
     }
 };
 
@@ -211,29 +232,34 @@ void ConfigPanel::make_option_list(Bindings& bindings) {
 }
 
 void ConfigPanel::make_texts(Bindings& bindings) {
-    const auto box = [&](TextBox& control, std::string_view title, QHBoxLayout& row) {
-        auto* edit = new QLineEdit{this};
+    // A word in binary is wider than an ID of four digits; eight digits have the row for
+    // themselves.
+    constexpr int kIdShare = 2;
+    constexpr int kWordShare = 5;
+    auto* row = new QHBoxLayout;
+    row->setSpacing(6);
+    const auto add = [&](TextBox& control, std::string_view title, QLineEdit* edit, int share) {
         auto* label = new QLabel{q(title), this};
         label->setBuddy(edit);
         bindings.follow(control.Visible, [label](bool on) { label->setVisible(on); });
         edit->setAccessibleName(q(title));
         edit->setAcceptDrops(false);
-        row.addWidget(label);
-        row.addWidget(edit, 1);
+        row->addWidget(label);
+        row->addWidget(edit, share);
         bindings.bind(control, *edit);
-        return edit;
     };
-    auto* row = new QHBoxLayout;
-    row->setSpacing(6);
-    auto* id = box(form_.Text_ID, form_text::kId, *row);
-    id->setValidator(new HexValidator{id});
-    config1_ = box(form_.Text_Config1, form_text::kConfig1, *row);
-    config2_ = box(form_.Text_Config2, form_text::kConfig2, *row);
-    for (auto* edit : {config1_, config2_}) {
+    const auto add_word = [&](TextBox& control, std::string_view title) {
+        auto* edit = new WordText{this};
         edit->setReadOnly(true);
         edit->setToolTip(q(form_text::kConfigTextTip));
-        edit->installEventFilter(this);
-    }
+        edit->on_click = [this] { bindings_.act([this] { config_.Text_Config_Click(); }); };
+        add(control, title, edit, kWordShare);
+    };
+    auto* id = new QLineEdit{this};
+    id->setValidator(new HexValidator{id});
+    add(form_.Text_ID, form_text::kId, id, kIdShare);
+    add_word(form_.Text_Config1, form_text::kConfig1);
+    add_word(form_.Text_Config2, form_text::kConfig2);
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
@@ -269,15 +295,6 @@ void ConfigPanel::place_over_cell(QWidget& widget) {
 void ConfigPanel::close_option_list() {
     form_.CmbInit.Visible.set(false);
     form_.TxtInit.Visible.set(false);
-}
-
-bool ConfigPanel::eventFilter(QObject* watched, QEvent* event) {
-    const bool text = watched == config1_ || watched == config2_;
-    const bool key =
-        event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space;
-    if (text && (key || event->type() == QEvent::MouseButtonRelease))
-        bindings_.act([this] { config_.Text_Config_Click(); });
-    return QWidget::eventFilter(watched, event);
 }
 
 }  // namespace quillon

@@ -39,9 +39,6 @@ class ConfigPanel : public QWidget {
 
     std::function<void()> on_change;  // the user has changed a word
 
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
     void make_grids(Bindings& bindings);
     void make_option_list(Bindings& bindings);
@@ -60,8 +57,6 @@ class ConfigPanel : public QWidget {
     std::array<ConfigGrid*, 7> grids_{};
     QComboBox* options_;
     QLineEdit* free_entry_;
-    QLineEdit* config1_ = nullptr;
-    QLineEdit* config2_ = nullptr;
 };
 
 }  // namespace quillon

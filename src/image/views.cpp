@@ -5,6 +5,8 @@
 // them, and a view is rendered at each load, read and verify.
 #include "image/views.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -153,6 +155,14 @@ std::string word_digits(const Session& session, std::size_t index) {
     return hex((session.CfgIdMem[index] & 0x3FU) * 256U + session.CfgIdMem[index + 1], 4);
 }
 
+// The same 14 bits in binary, in groups that are one hexadecimal digit each.
+std::string binary_word_digits(const Session& session, std::size_t index) {
+    std::string digits;
+    for (const char digit : word_digits(session, index))
+        digits += fmt::format("{}{:04b}", digits.empty() ? "" : " ", *hex_digit(digit));
+    return digits.substr(2);
+}
+
 }  // namespace
 
 void MemoryViews::ShowProgramMemory() {
@@ -201,10 +211,16 @@ void MemoryViews::ShowConfigSummary() {
             form_.Text_ID3.Text.set(word_digits(session_, 4));
             form_.Text_ID4.Text.set(word_digits(session_, 6));
         }
-        form_.Text_Config1.Text.set(word_digits(session_, 14));
-        form_.Text_Config2.Text.set(word_digits(session_, 16));
+        const auto digits = config_in_binary_ ? binary_word_digits : word_digits;
+        form_.Text_Config1.Text.set(digits(session_, 14));
+        form_.Text_Config2.Text.set(digits(session_, 16));
     }
     form_.LblCheckSUM.Caption.set(ProgramCheckSum(session_));
+}
+
+void MemoryViews::switch_config_radix() {
+    config_in_binary_ = !config_in_binary_;
+    ShowConfigSummary();
 }
 
 }  // namespace quillon

@@ -20,11 +20,15 @@ class MemoryViews {
     void show_eeprom();        // the one of the two that PgmType asks for ("18F": bytes)
     // ID and configuration texts and LblCheckSUM. For types beginning "18F" the check sum alone.
     void ShowConfigSummary();
+    // Shows Text_Config1 and Text_Config2 in binary from now on, or in hexadecimal again. The words
+    // themselves stay.
+    void switch_config_radix();
 
   private:
     Session& session_;
     MainForm& form_;
     Host& host_;
+    bool config_in_binary_ = false;
 };
 
 }  // namespace quillon

@@ -157,11 +157,27 @@ TEST(TxtInit_Done, leaves_the_cell_where_nothing_was_entered) {
     EXPECT_EQ(bench.form.HFGrid(1).cell(1, 1), "RC");
 }
 
+TEST(Text_Config_Click, switches_the_words_shown_between_hexadecimal_and_binary) {
+    Grids bench;
+    bench.config.put_word(1, 0x0FC2);
+    const auto words = bench.session.ConfigWord;
+    const auto bytes = bench.session.CfgIdMem;
+    bench.config.Text_Config_Click();
+    EXPECT_EQ(bench.form.Text_Config1.Text.get(), "00 1111 1100 0010");
+    EXPECT_EQ(bench.form.Text_Config2.Text.get(), "11 1111 1111 1111");
+    bench.config.put_word(2, 0x3FFE);
+    EXPECT_EQ(bench.form.Text_Config2.Text.get(), "11 1111 1111 1110") << "and stays binary";
+    bench.config.put_word(2, 0x3FFF);
+    bench.config.Text_Config_Click();
+    EXPECT_EQ(bench.form.Text_Config1.Text.get(), "0FC2");
+    EXPECT_EQ(bench.form.Text_Config2.Text.get(), "3FFF");
+    EXPECT_EQ(bench.session.ConfigWord, words);
+    EXPECT_EQ(bench.session.CfgIdMem, bytes);
+}
+
 TEST(Text_Config_Click, tells_what_a_click_does) {
     Grids bench;
-    bench.form.Text_Config1.Text.set("");
     bench.config.Text_Config_Click();
-    EXPECT_EQ(bench.form.Text_Config1.Text.get(), "3FFF");
     EXPECT_EQ(bench.form.LabelCmt.Caption.get(),
               "コンフィギュレーションデータ表示。クリックでの１６ or "
               "２進数表示を切り替えます。変更は左側のデバイス設定で行います。 ");

@@ -260,6 +260,19 @@ TEST(Text_Config1, is_there_with_its_label_for_all_but_a_pic18) {
     EXPECT_TRUE(shown("Text_Config1") && shown("Text_Config2"));
 }
 
+TEST(Text_Config1, a_click_shows_the_words_in_binary_and_another_in_hexadecimal) {
+    FormBench bench{"PIC16F877A"};
+    auto* box = bench.find<QLineEdit>("Text_Config1");
+    const QString word = box->text();
+    EXPECT_EQ(word.size(), 4);
+    QTest::mouseClick(box, Qt::LeftButton);
+    EXPECT_EQ(box->text().remove(' ').toInt(nullptr, 2), word.toInt(nullptr, 16));
+    EXPECT_EQ(box->text().size(), 17);
+    EXPECT_GE(box->contentsRect().width(), box->fontMetrics().horizontalAdvance(box->text()));
+    QTest::mouseClick(box, Qt::LeftButton);
+    EXPECT_EQ(box->text(), word);
+}
+
 TEST(Text_Config1, a_click_tells_of_the_display) {
     FormBench bench;
     QTest::mouseClick(bench.find<QLineEdit>("Text_Config1"), Qt::LeftButton);
