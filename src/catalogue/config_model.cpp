@@ -11,13 +11,13 @@
 #include "app/text.h"
 #include "catalogue/catalogue_texts.h"
 #include "catalogue/config_row.h"
+#include "image/config_area.h"
 
 namespace quillon {
 
 namespace {
 
 // A part of type "EPROM2" has parity bits above the 14 of the word; in word 1 they are all set.
-constexpr std::uint8_t kEprom2HighBits = 0xC0;
 
 std::size_t index_of(int n) { return static_cast<std::size_t>(n); }
 
@@ -121,13 +121,10 @@ void ConfigModel::ConfigGridChanged(int n) {
 // that the user has set stand in both byte images.
 void ConfigModel::store_bytes(int n) {
     const std::size_t at = index_of(n);
-    const auto high = static_cast<std::uint8_t>(session_.ConfigWord[at] >> 8);
-    const auto low = static_cast<std::uint8_t>(session_.ConfigWord[at]);
-    session_.CfgIdMem[12 + 2 * at] = high;
-    session_.CfgIdMem[13 + 2 * at] = low;
-    session_.CfgBytes18[2 * at - 2] = low;
-    session_.CfgBytes18[2 * at - 1] = high;
-    if (session_.PgmType == "EPROM2" && n == 1) session_.CfgIdMem[14] |= kEprom2HighBits;
+    const std::uint32_t word = session_.ConfigWord[at];
+    config_area::put_word(session_, at, word);
+    session_.CfgBytes18[2 * at - 2] = static_cast<std::uint8_t>(word);
+    session_.CfgBytes18[2 * at - 1] = static_cast<std::uint8_t>(word >> 8);
 }
 
 void ConfigModel::put_word(int n, std::uint32_t word) {
