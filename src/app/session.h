@@ -100,6 +100,7 @@ struct LinkValues {
     std::string FirmVersionText;  // 16 characters of the reply to "?"
     std::string FirmwareText;     // the same as of the last Writer_Find
     double FirmVersion = 0;
+    bool BoardUnasked = false;  // the run began with no search, and nothing was sent since
 };
 
 // Text files and folders. Paths use the host's separator; folders end in one.

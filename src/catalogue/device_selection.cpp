@@ -89,14 +89,21 @@ void DeviceSelection::load_record() {
     catalogue_.LoadDeviceRecord(name);
 }
 
-// Silent at the very first selection with no board: start-up has told that there is none.
+// The board that answered last, whether a search or the check of an operation found it.
+std::string_view DeviceSelection::known_board() const {
+    const bool checked = session_.WriterFound && !session_.FirmVersionText.empty();
+    return checked ? session_.FirmVersionText : session_.FirmwareText;
+}
+
+// Silent at the very first selection with no board: start-up has shown that there is none. A board
+// that nobody has asked isn't too old.
 void DeviceSelection::show_firmware_verdict() {
     const bool due = session_.FirmChecked || session_.WriterFound;
     session_.FirmChecked = true;
     if (!due) return;
-    if (firmware_version(session_.FirmwareText) >= session_.FirmRequired)
+    if (firmware_version(known_board()) >= session_.FirmRequired)
         messages_.ShowMessage(session_.CommentText);
-    else
+    else if (!session_.BoardUnasked)
         messages_.ShowMessage(
             fmt::format(catalogue_text::kFirmwareTooOld, version_text(session_.FirmRequired)));
 }

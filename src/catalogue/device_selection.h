@@ -2,6 +2,8 @@
 // Choosing a device: the main form becomes that device's panel.
 #pragma once
 
+#include <string_view>
+
 #include "app/dialogs.h"
 #include "app/main_form.h"
 #include "app/messages.h"
@@ -33,6 +35,7 @@ class DeviceSelection {
 
   private:
     void load_record();
+    std::string_view known_board() const;
     void show_firmware_verdict();
     void show_config_words();
     void reset_information_tabs();

@@ -74,6 +74,7 @@ void Link::Writer_Find() {
         dialogs_.box({.text = std::string{link_text::kChoosePort}, .icon = BoxIcon::Information});
         return;
     }
+    session_.BoardUnasked = false;
     messages_.ShowMessage(link_text::kSearching);
     if (!open_for_search()) return;
 
@@ -139,6 +140,7 @@ bool Link::resynchronise(std::chrono::milliseconds limit) {
 }
 
 Token Link::Writer_Check() {
+    session_.BoardUnasked = false;
     if (!resynchronise(4s)) {
         if (!port_.is_open()) return port_not_chosen();
         messages_.ShowMessage("*");

@@ -47,6 +47,7 @@ StartUp::End StartUp::prepare() {
     if (!make_work_folder() || !work_files_writable()) return End::EndProcess;
     set_titles();
     if (!load_catalogue()) return End::CatalogueFailed;
+    run_.session.BoardUnasked = true;
     restore_link_settings();
     if (run_.session.ComNo != 0) run_.port.CommPort(run_.session.ComNo);
     restore_modes();

@@ -226,6 +226,31 @@ TEST(Combo_device_Click, compares_the_version_at_both_sides_of_the_edge) {
     EXPECT_TRUE(bench.shown().starts_with("指定したＰＩＣマイコンは"));
 }
 
+TEST(Combo_device_Click, takes_the_board_that_a_check_found_after_a_search_in_vain) {
+    Firmware bench;
+    bench.shown();
+    bench.session.WriterFound = true;
+    bench.session.FirmVersionText = "ZQ-LDR412A V6.76";
+    EXPECT_EQ(bench.shown(), " hello there ");
+}
+
+TEST(Combo_device_Click, takes_the_last_board_that_answered_and_not_the_one_of_the_search) {
+    Firmware bench;
+    bench.session.WriterFound = true;
+    bench.session.FirmwareText = "ZQ-LDR412A V6.70";
+    bench.session.FirmVersionText = "ZQ-LDR412A V6.80";
+    EXPECT_EQ(bench.shown(), " hello there ");
+}
+
+TEST(Combo_device_Click, does_not_warn_of_a_board_that_nobody_has_asked_yet) {
+    Firmware bench;
+    bench.session.BoardUnasked = true;
+    bench.shown();
+    EXPECT_EQ(bench.shown(), "");
+    bench.session.BoardUnasked = false;
+    EXPECT_TRUE(bench.shown().starts_with("指定したＰＩＣマイコンは"));
+}
+
 TEST(Combo_device_Click, writes_a_version_below_1_without_a_leading_zero) {
     Bench bench{typed("PIC1", "FLASH4", "FIRM 0.5\n")};
     bench.select("PIC1");

@@ -45,6 +45,14 @@ TEST(devices, tells_type_sizes_and_family_of_each_as_json) {
     EXPECT_EQ(cli.result()["event"], "result") << "the result is the last line here too";
 }
 
+TEST(load, says_nothing_of_the_firmware_of_a_board_that_it_has_not_asked) {
+    CliBench cli;
+    const auto file = cli.home.write("named.hex", ":00000001FF\n;PIC16F887\n").string();
+    ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", file}), 0) << cli.err;
+    for (const auto& message : cli.messages())
+        EXPECT_EQ(message.find("以降でサポートしています"), std::string::npos) << message;
+}
+
 TEST(load, puts_the_file_into_the_image_and_dumps_it) {
     CliBench cli;
     ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker, "--dump", cli.path("d.json")}),
