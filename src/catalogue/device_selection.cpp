@@ -84,9 +84,12 @@ void DeviceSelection::load_record() {
     }
     // Before the image is cleared, which shows the program: the box was the former device's.
     form_.Check_Parity_Disp.Checked.set(false);
+    if (name != session_.DeviceName) power_answered_ = false;
+    const std::string order = session_.PowerMode;
     session_.DeviceName = name;
     ClearDeviceView();
     catalogue_.LoadDeviceRecord(name);
+    if (power_answered_) session_.PowerMode = order;
 }
 
 // The board that answered last, whether a search or the check of an operation found it.
@@ -149,11 +152,14 @@ void DeviceSelection::show_group() {
     form_.SSTab91X.Redraw.set(true);
 }
 
+// Once for a device: opening its file selects it anew, and what the user has decided holds.
 void DeviceSelection::ask_power_order() {
+    if (power_answered_) return;
     session_.FormAnswer =
         dialogs_.Frm_VPP_DECIDE(fmt::format(catalogue_text::kPowerQuestion, session_.DeviceName));
     if (session_.FormAnswer == 1) session_.PowerMode = "VPP";
     if (session_.FormAnswer == 2) session_.PowerMode = "VDD";
+    power_answered_ = session_.FormAnswer == 1 || session_.FormAnswer == 2;
 }
 
 void DeviceSelection::ClearDeviceView() {

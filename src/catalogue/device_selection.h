@@ -52,6 +52,7 @@ class DeviceSelection {
     Catalogue& catalogue_;
     ConfigModel& config_;
     BufferCommands& buffer_;
+    bool power_answered_ = false;  // the power question, for the device that is selected
 };
 
 }  // namespace quillon

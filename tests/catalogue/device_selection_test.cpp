@@ -370,6 +370,33 @@ TEST(Frm_VPP_DECIDE, closed_without_an_answer_keeps_the_order_of_the_catalogue) 
     EXPECT_EQ(bench.session.PowerMode, "VDD");
 }
 
+TEST(Frm_VPP_DECIDE, is_not_asked_again_for_the_device_that_is_selected_and_its_answer_stays) {
+    for (const auto& [answer, mode] :
+         std::vector<std::pair<int, std::string>>{{1, "VPP"}, {2, "VDD"}}) {
+        Bench bench{typed("PIC16F887", "FLASH8", answer == 2 ? "POWER_MODE VPP\n" : "")};
+        bench.dialogs.power_answer = answer;
+        bench.select("PIC16F887");
+        bench.dialogs.power_answer = 0;
+        bench.select("PIC16F887");
+        EXPECT_EQ(bench.dialogs.power_questions.size(), 1U);
+        EXPECT_EQ(bench.session.PowerMode, mode);
+    }
+}
+
+TEST(Frm_VPP_DECIDE, is_asked_again_after_another_device_and_after_no_answer) {
+    Bench bench{typed("PIC16F887", "FLASH8") + typed("PIC16F690", "FLASH8")};
+    bench.select("PIC16F887");
+    bench.dialogs.power_answer = 1;
+    bench.select("PIC16F887");
+    EXPECT_EQ(bench.dialogs.power_questions.size(), 2U);
+    EXPECT_EQ(bench.session.PowerMode, "VPP");
+    bench.dialogs.power_answer = 0;
+    bench.select("PIC16F690");
+    bench.select("PIC16F887");
+    EXPECT_EQ(bench.dialogs.power_questions.size(), 4U);
+    EXPECT_EQ(bench.session.PowerMode, "VDD");
+}
+
 TEST(Frm_VPP_DECIDE, is_not_asked_for_a_device_whose_row_does_not_say_so) {
     Bench bench{typed("PIC16F716", "FLASH8") + typed("PIC16F84A", "FLASH0")};
     bench.select("PIC16F716");

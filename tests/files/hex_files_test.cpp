@@ -330,6 +330,17 @@ TEST(mnuFileOpen_Click, takes_both_words_of_a_device_with_two) {
     EXPECT_EQ(bench.dialogs.power_questions.size(), 1U);
 }
 
+TEST(mnuFileOpen_Click, keeps_the_power_order_that_the_user_has_chosen) {
+    FilesBench bench{""};
+    bench.dialogs.power_answer = 1;
+    bench.form.Combo_device.select("PIC16F887");
+    bench.dialogs.power_questions.clear();
+    bench.dialogs.power_answer = 2;
+    EXPECT_EQ(bench.open(data(0x400E, {0xF4, 0x20, 0xFF, 0x3E})), Token::OK);
+    EXPECT_EQ(bench.session.PowerMode, "VPP");
+    EXPECT_TRUE(bench.dialogs.power_questions.empty());
+}
+
 TEST(mnuFileOpen_Click, rebuilds_the_PIC18_ID_and_loads_all_seven_words) {
     FilesBench bench{"PIC18F2550"};
     const auto text = upper_address(0x20) + data(0, {0xF1, 2, 3, 4, 0x0A, 0x0B, 0x0C, 0xFF}) +
