@@ -8,6 +8,7 @@
 #include <array>
 #include <charconv>
 #include <string_view>
+#include <utility>
 
 #include "link/link_texts.h"
 #include "link/wait.h"
@@ -111,27 +112,41 @@ bool Link::wake_and_ask() {
     return wait_for(host_, port_, kReplyBytes, 3s);
 }
 
+bool Link::open_port() {
+    last_open_ = port_.is_open() ? PortOpen::Ok : port_.open();
+    return last_open_ == PortOpen::Ok;
+}
+
 bool Link::open_for_search() {
     port_.RTSEnable(!form_.mnuComMode1.Checked.get());
-    const PortOpen opened = port_.is_open() ? PortOpen::Ok : port_.open();
-    if (opened == PortOpen::Ok) return true;
+    if (open_port()) return true;
     session_.WriterFound = false;
-    if (opened == PortOpen::Busy) {
+    if (last_open_ == PortOpen::Busy) {
         messages_.ShowMessage(link_text::kPortBusy);
         dialogs_.box({.text = std::string{link_text::kPortBusyBox}, .icon = BoxIcon::Critical});
-    } else {
-        messages_.ShowMessage(link_text::kPortUnusable);
-        dialogs_.box({.title = std::string{link_text::kInformation},
-                      .text = std::string{link_text::kPortUnusableBox},
-                      .icon = BoxIcon::Critical});
+        return false;
     }
+    std::string box{link_text::kPortUnusableBox};
+    if (last_open_ == PortOpen::Denied) box += link_text::kPortDenied;
+    messages_.ShowMessage(link_text::kPortUnusable);
+    report_denied();
+    dialogs_.box({.title = std::string{link_text::kInformation},
+                  .text = std::move(box),
+                  .icon = BoxIcon::Critical});
     return false;
+}
+
+// The product's messages are the same for every port that can't be opened. What the user can do
+// about this one is a line of its own.
+void Link::report_denied() {
+    if (last_open_ == PortOpen::Denied)
+        messages_.AddMessage(fmt::format("red{}", link_text::kPortDenied));
 }
 
 // The board may be in the middle of anything; three "*" bring it back to its command loop.
 bool Link::resynchronise(std::chrono::milliseconds limit) {
     port_.discard_input();
-    if (!port_.is_open() && port_.open() != PortOpen::Ok) return false;
+    if (!open_port()) return false;
     for (int i = 0; i < 3; ++i) send('*');
     host_.sleep(100ms);
     port_.discard_input();
@@ -176,6 +191,7 @@ Token Link::accept_board() {
 
 Token Link::port_not_chosen() {
     messages_.ShowMessage(link_text::kPortNotChosen);
+    report_denied();
     return Token::NG;
 }
 

@@ -56,7 +56,9 @@ class Link {
     void send(std::uint8_t byte);
     std::string read_identity();
     void show_board();
+    bool open_port();
     bool open_for_search();
+    void report_denied();
     bool wake_and_ask();
     bool resynchronise(std::chrono::milliseconds limit);
     Token accept_board();
@@ -69,6 +71,7 @@ class Link {
     SerialPort& port_;
     Dialogs& dialogs_;
     Messages& messages_;
+    PortOpen last_open_ = PortOpen::Ok;
 };
 
 }  // namespace quillon

@@ -31,6 +31,9 @@ inline constexpr std::string_view kPortUnusableBox =
     "通信ポートが使用できませんでした。　他のシリアルポートを選択して下さい。"
     "　　　"
     "\r\n";
+// Behind the two above, on a line of its own
+inline constexpr std::string_view kPortDenied =
+    "この通信ポートを使用する権限がありません。ポートのグループ（dialout など）への登録が必要です。";
 inline constexpr std::string_view kNotFound =
     "ライターを検出できませんでした。"
     "メニューバーの [オプション] から [ＣＯＭポート設定] を選択してください。";

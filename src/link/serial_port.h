@@ -17,7 +17,8 @@ namespace quillon {
 enum class PortOpen : std::uint8_t {
     Ok,
     Busy,         // somebody else holds it
-    Unavailable,  // no such port, no permission, no port chosen
+    Denied,       // it is there, and this user may not use it
+    Unavailable,  // no such port, no port chosen
 };
 
 class SerialPort {

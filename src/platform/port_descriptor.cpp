@@ -39,7 +39,9 @@ int poll_for(int descriptor, short events, std::chrono::microseconds time, short
 
 }  // namespace
 
-bool may_open(const std::string& path) { return ::access(path.c_str(), R_OK | W_OK) == 0; }
+bool may_open(const std::string& path) {
+    return ::faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) == 0;
+}
 
 bool lock(int descriptor) {
     ::ioctl(descriptor, TIOCEXCL);

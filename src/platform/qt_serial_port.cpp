@@ -29,7 +29,7 @@ PortOpen reason_of_failure(const QSerialPort& port, [[maybe_unused]] const std::
     if (port.error() != QSerialPort::PermissionError) return PortOpen::Unavailable;
 #ifdef Q_OS_UNIX
     // One error stands for a lock that somebody holds and for a port that isn't ours to use.
-    return port_descriptor::may_open(name) ? PortOpen::Busy : PortOpen::Unavailable;
+    return port_descriptor::may_open(name) ? PortOpen::Busy : PortOpen::Denied;
 #else
     return PortOpen::Busy;
 #endif

@@ -167,6 +167,23 @@ TEST(Writer_Check, takes_a_version_that_is_no_number_for_a_wrong_port) {
               "\r\n");
 }
 
+TEST(Writer_Check, says_that_the_rights_are_missing_where_they_are) {
+    LinkBench bench;
+    bench.port.next_open = PortOpen::Denied;
+    EXPECT_EQ(bench.link.Writer_Check(), Token::NG);
+
+    EXPECT_EQ(
+        bench.shown.lines,
+        (Lines{
+            "[red] シリアルポートが未指定です。"
+            "\r\n"
+            "メニューバーの [オプション] から [ＣＯＭポート設定] を選択してください。"
+            "\r\n",
+            "[+] [red] "
+            "この通信ポートを使用する権限がありません。ポートのグループ（dialout など）への登録が必要です。",
+        }));
+}
+
 TEST(Writer_Check, tells_that_no_usable_port_is_chosen_where_it_cannot_be_opened) {
     for (const auto opened : {PortOpen::Busy, PortOpen::Unavailable}) {
         LinkBench bench;

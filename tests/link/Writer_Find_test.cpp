@@ -140,6 +140,26 @@ TEST(Writer_Find, tells_that_the_port_cannot_be_used) {
     EXPECT_EQ(bench.journal.text(), "rts on, open");
 }
 
+TEST(Writer_Find, says_that_the_rights_are_missing_where_they_are) {
+    LinkBench bench;
+    bench.port.next_open = PortOpen::Denied;
+    bench.link.Writer_Find();
+
+    ASSERT_EQ(bench.shown.lines.size(), 3U);
+    EXPECT_EQ(bench.shown.lines[1], "通信ポートが使用できませんでした。\r");
+    EXPECT_EQ(
+        bench.shown.lines[2],
+        "[+] [red] "
+        "この通信ポートを使用する権限がありません。ポートのグループ（dialout など）への登録が必要です。");
+    ASSERT_EQ(bench.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(
+        bench.dialogs.boxes[0].text,
+        "通信ポートが使用できませんでした。　他のシリアルポートを選択して下さい。"
+        "　　　"
+        "\r\n"
+        "この通信ポートを使用する権限がありません。ポートのグループ（dialout など）への登録が必要です。");
+}
+
 TEST(Writer_Find, takes_a_reply_that_is_complete_after_exactly_3_s) {
     LinkBench bench;
     bench.port.when("?");

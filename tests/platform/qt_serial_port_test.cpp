@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QCoreApplication>
 #include <optional>
@@ -11,6 +12,7 @@
 
 #include "app/host.h"
 #include "platform/pty.h"
+#include "support/ordinary_user.h"
 
 namespace quillon {
 namespace {
@@ -136,6 +138,15 @@ TEST_F(QtSerialPort_, is_unavailable_without_a_name_and_where_the_name_leads_now
     EXPECT_FALSE(absent.is_open());
     QtSerialPort folder{[](int) { return std::string{"/tmp"}; }};
     EXPECT_EQ(folder.open(), PortOpen::Unavailable);
+}
+
+TEST_F(QtSerialPort_, is_denied_to_a_user_without_rights_to_it) {
+    ASSERT_EQ(::fchmod(pty.slave(), 0600), 0);
+    const test::OrdinaryUser user;
+    if (::faccessat(AT_FDCWD, pty.path().c_str(), R_OK, AT_EACCESS) == 0)
+        GTEST_SKIP() << "the terminal belongs to this user";
+    EXPECT_EQ(port.open(), PortOpen::Denied);
+    EXPECT_FALSE(port.is_open());
 }
 
 TEST_F(QtSerialPort_, is_busy_while_somebody_else_holds_it) {
