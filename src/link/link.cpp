@@ -65,7 +65,8 @@ void Link::show_board() {
 void Link::show_no_board() {
     session_.WriterFound = false;
     form_.Label_FirmwareVersion.Caption.set(
-        fmt::format(link_text::kLabelNotConnected, session_.ComNo));
+        session_.ComNo == 0 ? std::string{link_text::kLabelNoPort}
+                            : fmt::format(link_text::kLabelNotConnected, session_.ComNo));
     form_.Label_FirmwareVersion.BackColor.set(Colour::ButtonFace);
 }
 

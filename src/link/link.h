@@ -48,7 +48,8 @@ class Link {
     // Gives the board's last bytes time to arrive, then closes the port.
     void Writer_Close();
 
-    // The label's words while no board is known behind the port.
+    // No board is known behind the port, or no port is chosen: forgets the former board, and the
+    // label says so.
     void show_no_board();
 
   private:

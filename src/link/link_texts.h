@@ -44,6 +44,7 @@ inline constexpr std::string_view kVersionUnreadable =
     "メニューバーの [オプション] から [ＣＯＭポート設定] を選択してください。";
 inline constexpr std::string_view kLabelFound = "COM{} : {}";
 inline constexpr std::string_view kLabelNotConnected = "COM{} : ライター未接続";
+inline constexpr std::string_view kLabelNoPort = "通信ポート未選択";
 inline constexpr std::string_view kCheckNotFound =
     "redライターを検出できませんでした。"
     "\r\n"

@@ -9,6 +9,7 @@
 #include "app/messages.h"
 #include "app/session.h"
 #include "app/settings.h"
+#include "link/link.h"
 #include "link/serial_port.h"
 
 namespace quillon {
@@ -38,13 +39,14 @@ struct OptionForm : Form {
 class OptionDialog {
   public:
     OptionDialog(OptionForm& form, Session& session, Settings& settings, SerialPort& port,
-                 Dialogs& dialogs, Messages& messages)
+                 Dialogs& dialogs, Messages& messages, Link& link)
         : form_{form},
           session_{session},
           settings_{settings},
           port_{port},
           dialogs_{dialogs},
-          messages_{messages} {}
+          messages_{messages},
+          link_{link} {}
 
     void Form_Load();
     // The user's choice of one button, 0 to 19.
@@ -52,12 +54,12 @@ class OptionDialog {
     // Opens the chosen port and leaves it open. True when the form is done; where the port can't be
     // opened a box says so and the form stays.
     bool Command_Ok_Click();
-    // CANCEL, Escape and the close box.
+    // CANCEL, Escape and the close box: the port of the form's load is the chosen one again.
     void Command1_Click();
 
   private:
     void choose();
-    void refuse();
+    void refuse(PortOpen reason);
 
     OptionForm& form_;
     Session& session_;
@@ -65,6 +67,8 @@ class OptionDialog {
     SerialPort& port_;
     Dialogs& dialogs_;
     Messages& messages_;
+    Link& link_;
+    int former_ = 0;  // ComNo at the load
 };
 
 }  // namespace quillon

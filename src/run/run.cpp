@@ -12,7 +12,8 @@ Run::Run(SettingsStore& store, Host& host_, SerialPort& port_, Dialogs& dialogs_
       settings{store},
       messages{form},
       log{session, form, host, messages},
-      option{option_form, session, settings, port, dialogs, messages},
+      link{session, form, settings, host, port, dialogs, messages},
+      option{option_form, session, settings, port, dialogs, messages, link},
       device_select{device_select_form, session, form},
       views{session, form, host},
       id_entry{session, form, views},
@@ -24,7 +25,6 @@ Run::Run(SettingsStore& store, Host& host_, SerialPort& port_, Dialogs& dialogs_
                 messages, device_check, catalogue, config,   buffer},
       files{session,  form,  about,  settings, host,     dialogs,
             messages, views, config, buffer,   selection},
-      link{session, form, settings, host, port, dialogs, messages},
       context{session, form, host, port, dialogs, messages, log, views, config, selection, link},
       flows{context},
       menu{*this} {

@@ -50,6 +50,7 @@ struct Run {
     Settings settings;
     Messages messages;
     OperationLog log;
+    Link link;
     OptionDialog option;
     DeviceSelectDialog device_select;
     MemoryViews views;
@@ -60,7 +61,6 @@ struct Run {
     BufferCommands buffer;
     DeviceSelection selection;
     HexFiles files;
-    Link link;
     RunContext context;
     Flows flows;
     MenuCommands menu;

@@ -171,6 +171,7 @@ bool StartUp::connect_board() {
     auto& session = run_.session;
     restore_link_settings();
     if (session.ComNo == 0) {
+        run_.link.show_no_board();
         run_.option.Form_Load();
         run_.dialogs.frmOption();
         return !run_.port.is_open() || search_board(run_);

@@ -215,6 +215,16 @@ TEST(Writer_Find, takes_no_other_identity_than_its_own) {
               "メニューバーの [オプション] から [ＣＯＭポート設定] を選択してください。");
 }
 
+TEST(Label_FirmwareVersion, says_that_no_port_is_chosen) {
+    LinkBench bench;
+    bench.session.ComNo = 0;
+    bench.session.WriterFound = true;
+    bench.link.show_no_board();
+
+    EXPECT_EQ(bench.label(), "通信ポート未選択");
+    EXPECT_FALSE(bench.session.WriterFound);
+}
+
 TEST(Writer_Find, finds_a_board_whose_version_is_no_number) {
     LinkBench bench;
     bench.port.when("?");

@@ -156,6 +156,19 @@ TEST_F(MenuCommands_, mnuComPort_searches_the_board_behind_the_chosen_port) {
     EXPECT_TRUE(run.form.Enabled.get());
 }
 
+TEST_F(MenuCommands_, mnuComPort_searches_behind_another_port_though_a_board_was_found_before) {
+    run.session.WriterFound = true;
+    run.form.Label_FirmwareVersion.Caption.set("COM3 : ZQ-LDR412A V6.50");
+    with_board();
+    dialogs.on_option = [&] {
+        run.option.Option_Com_Click(8);
+        EXPECT_TRUE(run.option.Command_Ok_Click());
+    };
+    run.menu.mnuComPort_Click();
+    EXPECT_EQ(run.form.Label_FirmwareVersion.Caption.get(), "COM9 : ZQ-LDR412A V6.80");
+    EXPECT_EQ(port.problem(), "");
+}
+
 TEST_F(MenuCommands_, mnuComPort_cancelled_searches_nothing) {
     run.menu.mnuComPort_Click();
     EXPECT_EQ(dialogs.options_shown, 1);

@@ -26,6 +26,14 @@ class frmOption : public testing::Test {
         return numbers;
     }
     const std::string& message() const { return main_form.LabelCmt.Caption.get(); }
+    const std::string& label() const { return main_form.Label_FirmwareVersion.Caption.get(); }
+    // The board was found at COM3, the saved port.
+    void found_at_com3() {
+        store.write("Settings6", "ComNo", "3");
+        port.CommPort(3);
+        session.WriterFound = true;
+        main_form.Label_FirmwareVersion.Caption.set("COM3 : ZQ-LDR412A V6.80");
+    }
 
     OptionForm form;
     MainForm main_form;
@@ -37,7 +45,8 @@ class frmOption : public testing::Test {
     ScriptedPort port{host, journal};
     FakeDialogs dialogs;
     Messages messages{main_form};
-    OptionDialog dialog{form, session, settings, port, dialogs, messages};
+    Link link{session, main_form, settings, host, port, dialogs, messages};
+    OptionDialog dialog{form, session, settings, port, dialogs, messages, link};
 };
 
 TEST_F(frmOption, has_a_button_for_each_of_COM1_to_COM20) {
@@ -140,6 +149,64 @@ TEST_F(frmOption, stays_open_with_a_box_where_no_port_is_chosen) {
     EXPECT_FALSE(session.WriterFound);
     EXPECT_FALSE(port.is_open());
     EXPECT_TRUE(form.Visible.get());
+}
+
+TEST_F(frmOption, forgets_the_board_of_the_former_port_once_another_is_chosen) {
+    found_at_com3();
+    dialog.Form_Load();
+    dialog.Option_Com_Click(4);
+    EXPECT_TRUE(dialog.Command_Ok_Click());
+    EXPECT_FALSE(session.WriterFound);
+    EXPECT_EQ(label(), "COM5 : ライター未接続");
+}
+
+TEST_F(frmOption, keeps_the_board_where_its_port_is_chosen_again) {
+    found_at_com3();
+    dialog.Form_Load();
+    EXPECT_TRUE(dialog.Command_Ok_Click());
+    EXPECT_TRUE(session.WriterFound);
+    EXPECT_EQ(label(), "COM3 : ZQ-LDR412A V6.80");
+}
+
+TEST_F(frmOption, gives_the_former_port_back_on_cancel_after_a_refusal) {
+    found_at_com3();
+    dialog.Form_Load();
+    dialog.Option_Com_Click(4);
+    port.next_open = PortOpen::Unavailable;
+    EXPECT_FALSE(dialog.Command_Ok_Click());
+    EXPECT_EQ(label(), "COM5 : ライター未接続");
+    dialog.Command1_Click();
+    EXPECT_EQ(session.ComNo, 3);
+    EXPECT_EQ(port.chosen, 3);
+    EXPECT_EQ(store["ComNo"], "3");
+    EXPECT_EQ(label(), "COM3 : ライター未接続");
+    EXPECT_EQ(message(), " ");
+    EXPECT_FALSE(form.Visible.get());
+}
+
+TEST_F(frmOption, says_on_cancel_after_a_refusal_that_no_port_is_chosen_where_none_was) {
+    dialog.Form_Load();
+    dialog.Option_Com_Click(4);
+    port.next_open = PortOpen::Unavailable;
+    EXPECT_FALSE(dialog.Command_Ok_Click());
+    dialog.Command1_Click();
+    EXPECT_EQ(session.ComNo, 0);
+    EXPECT_EQ(port.chosen, 0);
+    EXPECT_EQ(label(), "通信ポート未選択");
+    EXPECT_EQ(message(), "通信ポートを選択しませんでした。 ");
+}
+
+TEST_F(frmOption, says_that_the_rights_are_missing_where_they_are) {
+    port.next_open = PortOpen::Denied;
+    dialog.Form_Load();
+    dialog.Option_Com_Click(2);
+    EXPECT_FALSE(dialog.Command_Ok_Click());
+    ASSERT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_EQ(
+        dialogs.boxes[0].text,
+        "COM3　オープンに失敗しました。　　　　　\r\r"
+        "　　他のポート番号を指定してください。　　　　　\r\r"
+        "この通信ポートを使用する権限がありません。ポートのグループ（dialout など）への登録が必要です。");
 }
 
 TEST_F(frmOption, says_on_cancel_that_no_port_is_chosen) {

@@ -84,6 +84,7 @@ TEST_F(Main_board, asks_for_a_port_where_none_is_saved) {
     EXPECT_EQ(run.session.ComNo, 0);
     EXPECT_EQ(journal.text().find("send"), std::string::npos);
     EXPECT_TRUE(said("通信ポートを選択しませんでした。"));
+    EXPECT_EQ(run.form.Label_FirmwareVersion.Caption.get(), "通信ポート未選択");
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 

@@ -113,7 +113,7 @@ TEST_F(Main_trouble, asks_for_a_port_where_the_saved_one_cannot_be_one) {
         EXPECT_EQ(start(), End::Ready) << value;
         EXPECT_EQ(dialogs.options_shown, 1) << value;
         EXPECT_TRUE(said("[+] 設定 ComNo の値が正しくないため、既定値を使用します。")) << value;
-        EXPECT_EQ(run.form.Label_FirmwareVersion.Caption.get(), "") << value;
+        EXPECT_EQ(run.form.Label_FirmwareVersion.Caption.get(), "通信ポート未選択") << value;
     }
 }
 
