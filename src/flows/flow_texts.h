@@ -13,6 +13,8 @@ inline constexpr std::string_view kBadSize =
     "redデバイス情報設定ファイルのプログラムメモリサイズが正しくありません。";
 inline constexpr std::string_view kChipErasing = "チップイレース.....";
 inline constexpr std::string_view kGivenUp = "red操作を中止しました。";
+// A search while the board is known from the last one
+inline constexpr std::string_view kAlreadyFound = "ライターは、COM{}に検出済みです。";
 inline constexpr std::string_view kPortLost = "red通信ポートが使用できませんでした。";
 inline constexpr std::string_view kPortLostHint = "ライターとの接続を確認してください。";
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "flows/flows.h"
 
+#include <fmt/format.h>
+
 #include "app/buttons.h"
 #include "flows/flow_texts.h"
 #include "image/fill.h"
@@ -142,7 +144,11 @@ Outcome Flows::mnuChipErase_Click() {
 }
 
 Outcome Flows::Label_FirmwareVersion_Click() {
-    if (context_.session.WriterFound) return Outcome::Success;
+    if (context_.session.WriterFound && !running_) {
+        context_.messages.ShowMessage(
+            fmt::format(flow_text::kAlreadyFound, context_.session.ComNo));
+        return Outcome::Success;
+    }
     return run([&] {
         context_.link.Writer_Find();
         return context_.session.WriterFound ? Outcome::Success : Outcome::NoBoard;

@@ -164,13 +164,13 @@ TEST(Label_FirmwareVersion, searches_the_board_and_lets_it_go_again) {
               (Lines{"ライターを探しています..... ", "ライターを COM3に検出しました。"}));
 }
 
-TEST(Label_FirmwareVersion, does_nothing_while_the_board_is_known) {
+TEST(Label_FirmwareVersion, says_that_the_board_is_known_and_searches_nothing) {
     Bench bench;
     bench.session().WriterFound = true;
     EXPECT_EQ(bench.run->flows.Label_FirmwareVersion_Click(), Outcome::Success);
 
     EXPECT_EQ(bench.port.opens(), 0);
-    EXPECT_TRUE(bench.shown->lines.empty());
+    EXPECT_EQ(bench.shown->lines, (Lines{"ライターは、COM3に検出済みです。"}));
 }
 
 }  // namespace quillon::test
