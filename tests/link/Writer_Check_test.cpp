@@ -156,15 +156,26 @@ TEST(Writer_Check, refuses_a_board_of_another_kind_at_once) {
 }
 
 TEST(Writer_Check, takes_a_version_that_is_no_number_for_a_wrong_port) {
-    LinkBench bench;
-    bench.port.when(kBurst, "ZQ-LDR412A V?.??\r\n");
-    EXPECT_EQ(bench.link.Writer_Check(), Token::NG);
+    for (const double former : {6.80, 6.75}) {
+        LinkBench bench;
+        bench.session.FirmVersion = former;
+        bench.port.when(kBurst, "ZQ-LDR412A V6.8x\r\n");
+        EXPECT_EQ(bench.link.Writer_Check(), Token::NG);
 
-    EXPECT_EQ(bench.shown.lines.back(),
-              "[red] シリアルポートが未指定です。"
-              "\r\n"
-              "メニューバーの [オプション] から [ＣＯＭポート設定] を選択してください。"
-              "\r\n");
+        // The board was found, and its label says so; what follows the version isn't done.
+        EXPECT_EQ(bench.shown.lines,
+                  (Lines{"ライターを COM3に検出しました。",
+                         "[red] シリアルポートが未指定です。"
+                         "\r\n"
+                         "メニューバーの [オプション] から [ＣＯＭポート設定] を選択してください。"
+                         "\r\n"}));
+        EXPECT_TRUE(bench.session.WriterFound);
+        EXPECT_EQ(bench.label(), "COM3 : ZQ-LDR412A V6.8x");
+        EXPECT_DOUBLE_EQ(bench.session.FirmVersion, former);
+        EXPECT_EQ(bench.journal.text(), joined({"flush, open", kBurstSent}));
+        EXPECT_EQ(bench.store["FirmModule"], "<none>");
+        EXPECT_TRUE(bench.dialogs.boxes.empty());
+    }
 }
 
 TEST(Writer_Check, says_that_the_rights_are_missing_where_they_are) {

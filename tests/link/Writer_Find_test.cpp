@@ -215,6 +215,30 @@ TEST(Writer_Find, takes_no_other_identity_than_its_own) {
               "メニューバーの [オプション] から [ＣＯＭポート設定] を選択してください。");
 }
 
+TEST(Writer_Find, finds_a_board_whose_version_is_no_number_and_keeps_the_former_number) {
+    for (const double former : {6.80, 6.75}) {
+        LinkBench bench;
+        bench.form.mnuFirmwareUpdate.Enabled.set(false);
+        bench.session.FirmVersion = former;
+        bench.port.when("?");
+        bench.port.when("?", "ZQ-LDR412A V6.8x\r\n");
+        bench.link.Writer_Find();
+
+        EXPECT_TRUE(bench.session.WriterFound);
+        EXPECT_EQ(bench.session.FirmwareText, "ZQ-LDR412A V6.8x");
+        EXPECT_DOUBLE_EQ(bench.session.FirmVersion, former);
+        EXPECT_EQ(bench.label(), "COM3 : ZQ-LDR412A V6.8x");
+        EXPECT_EQ(bench.form.Label_FirmwareVersion.BackColor.get(), Colour::Found);
+        EXPECT_EQ(bench.shown.lines.back(), "ライターを COM3に検出しました。");
+        EXPECT_TRUE(bench.form.mnuFirmwareUpdate.Enabled.get());
+        // The advice goes by the number that is kept, and names the board as it answered.
+        ASSERT_EQ(bench.dialogs.boxes.size(), former < 6.76 ? 1U : 0U);
+        for (const auto& box : bench.dialogs.boxes)
+            EXPECT_NE(box.text.find("： ZQ-LDR412A V6.8x \r\n"), std::string::npos);
+        EXPECT_EQ(bench.store["FirmModule"], "ZQ-LDR412A");
+    }
+}
+
 TEST(Label_FirmwareVersion, says_that_no_port_is_chosen) {
     LinkBench bench;
     bench.session.ComNo = 0;
@@ -223,17 +247,6 @@ TEST(Label_FirmwareVersion, says_that_no_port_is_chosen) {
 
     EXPECT_EQ(bench.label(), "通信ポート未選択");
     EXPECT_FALSE(bench.session.WriterFound);
-}
-
-TEST(Writer_Find, finds_a_board_whose_version_is_no_number) {
-    LinkBench bench;
-    bench.port.when("?");
-    bench.port.when("?", "ZQ-LDR412A V?.??\r\n");
-    bench.link.Writer_Find();
-
-    EXPECT_TRUE(bench.session.WriterFound);
-    EXPECT_EQ(bench.label(), "COM3 : ZQ-LDR412A V?.??");
-    EXPECT_EQ(bench.store["FirmModule"], "ZQ-LDR412A");
 }
 
 TEST(Writer_Find, advises_an_update_of_an_old_board) {

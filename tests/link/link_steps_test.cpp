@@ -68,12 +68,44 @@ TEST(Firm_Version_Check, tells_of_the_versions_below_6_76) {
             "ファームウエアのアップデートは、メニューバー「ヘルプ」の「ファームウエアアップデート」から行います。　　　　\r\n　\r\n",
             "現在のファームウエアバージョン　 ： ZQ-LDR412A V6.75 \r\n",
             "推奨するファームウエアバージョン ： ZQ-LDR412 V6.76 、または、それ以降。　\r\n",
-            "（現在使用中のファームウエアバージョンは、メイン画面の右下に表示されます。）\r\n",
+            "（現在使用中のファームウエアバージョンは、メイン画面の右下に表示されます。）\r\n　\r\n",
         }) {
         const auto found = box.text.find(line, at);
-        EXPECT_NE(found, std::string::npos) << line;
+        ASSERT_NE(found, std::string::npos) << line;
         at = found;
     }
+}
+
+TEST(Firm_Version_Check, names_the_support_page_twice_and_says_what_ok_does_at_the_end) {
+    LinkBench bench;
+    bench.session.FirmVersion = 6.75;
+    bench.link.Firm_Version_Check();
+
+    ASSERT_EQ(bench.dialogs.boxes.size(), 1U);
+    const auto& text = bench.dialogs.boxes[0].text;
+    EXPECT_NE(
+        text.find(
+            "\r\n　\r\n"
+            "最新のファームウエアは、サポートページ（https://quillon.example/support）で公開しています。"
+            "\r\n"
+            "アップデートの詳細も、サポートページ（https://quillon.example/support）をご覧ください。"
+            "\r\n　\r\n"
+            "現在のファームウエアバージョン"),
+        std::string::npos);
+    EXPECT_TRUE(text.ends_with("\r\n　\r\n[OK] を押すと、アップデートのページを開きます。"));
+}
+
+// A run that begins with an operation has made no search.
+TEST(Firm_Version_Check, names_the_board_of_the_check_where_no_search_was_made) {
+    LinkBench bench;
+    bench.session.FirmVersion = 6.75;
+    bench.session.FirmVersionText = "ZQ-LDR412A V6.75";
+    bench.link.Firm_Version_Check();
+
+    ASSERT_EQ(bench.dialogs.boxes.size(), 1U);
+    EXPECT_NE(bench.dialogs.boxes[0].text.find("現在のファームウエアバージョン　 ： "
+                                               "ZQ-LDR412A V6.75 \r\n"),
+              std::string::npos);
 }
 
 TEST(Firm_Version_Check, opens_the_update_page_on_ok_only) {
@@ -84,7 +116,7 @@ TEST(Firm_Version_Check, opens_the_update_page_on_ok_only) {
     EXPECT_TRUE(bench.host.opened.empty());
 
     bench.link.Firm_Version_Check();
-    EXPECT_EQ(bench.host.opened.size(), 1U);
+    EXPECT_EQ(bench.host.opened, (Lines{"https://quillon.example/support"}));
 }
 
 TEST(Writer_Close, gives_the_last_bytes_400_ms_before_it_closes_the_port) {
