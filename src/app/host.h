@@ -16,6 +16,7 @@ namespace quillon {
 // catches it but the frame of an operation, which closes the port and gives the controls back.
 struct Abandoned {
     enum class Reason : std::uint8_t {
+        Stopped,      // the stop button or Esc: this operation alone
         Closed,       // the window is being closed
         Interrupted,  // Ctrl-C
         Deadline,     // the command line's --deadline has passed
@@ -38,6 +39,9 @@ class Host {
     virtual void sleep(std::chrono::milliseconds time) = 0;
     // Gives the interface one turn. Throws Abandoned once the user has given up.
     virtual void pump() = 0;
+    // Makes the pump and the sleep of the running operation throw. Stopped is forgotten at the end
+    // of that operation; any other reason stays in force for all that follow.
+    virtual void give_up(Abandoned::Reason reason) = 0;
 
     // The folder of device6.ini and of the documents, with a separator at its end.
     virtual std::filesystem::path AppPath() const = 0;

@@ -98,6 +98,7 @@ struct MainForm : Form {
     Button Cmd_open{*this, "Cmd_open", "開く"};
     Button Cmd_save{*this, "Cmd_save", "保存"};
     Button Command_com{*this, "Command_com", "COMポート"};
+    Button Command_stop{*this, "Command_stop", "中断"};
     Button Command1{*this, "Command1", "リード"};  // calibration word
     Button Command2{*this, "Command2", "ライト"};  // calibration word
 

@@ -13,7 +13,7 @@ enum class Outcome : std::uint8_t {
     NotServed,  // no algorithm for this device yet
     NoBoard,    // the board wasn't found, or the port can't be opened
     Cancelled,  // by an answer
-    GivenUp,    // the user closed, interrupted, or the deadline passed
+    GivenUp,    // the user stopped, closed or interrupted it, or the deadline passed
     PortLost,   // the port vanished under it
 };
 

@@ -49,6 +49,7 @@ void Flows::open() {
     auto& session = context_.session;
     auto& form = context_.form;
     LockButtons(form);
+    form.Command_stop.Enabled.set(true);
     form.Lbl_Calib_ReadWrite_Data.Caption.set("--");
     form.CmbInit.Visible.set(false);
     form.TxtInit.Visible.set(false);
@@ -70,6 +71,7 @@ void Flows::close() {
 }
 
 void Flows::give_controls_back() {
+    context_.form.Command_stop.Enabled.set(false);
     release_buttons(context_.session.PgmType.text(), context_.form);
     context_.form.WaitCursor.set(false);
     context_.messages.ShowProgress(Messages::Progress::Off);
@@ -141,6 +143,12 @@ Outcome Flows::erase_command(std::string_view status, Token (GenericEngine::*era
 Outcome Flows::mnuPgmErase_Click() { return erase_command("", &GenericEngine::Pgm_Erase); }
 Outcome Flows::mnuChipErase_Click() {
     return erase_command(flow_text::kChipErasing, &GenericEngine::Chip_Erase);
+}
+
+void Flows::Command_stop_Click() {
+    if (!running_) return;
+    context_.form.Command_stop.Enabled.set(false);
+    context_.host.give_up(Abandoned::Reason::Stopped);
 }
 
 Outcome Flows::Label_FirmwareVersion_Click() {

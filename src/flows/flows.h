@@ -17,7 +17,9 @@ namespace quillon {
 // whatever happened: nothing is thrown. A call while another runs does nothing and says Failed.
 class Flows {
   public:
-    explicit Flows(RunContext& context) : context_{context}, engine_{context} {}
+    explicit Flows(RunContext& context) : context_{context}, engine_{context} {
+        context.form.Command_stop.Enabled.set(false);
+    }
 
     Outcome Command_blank();
     Outcome Command_read();
@@ -28,6 +30,8 @@ class Flows {
     Outcome mnuChipErase_Click();
     // A click on the board's label: searches the board and lets it go again.
     Outcome Label_FirmwareVersion_Click();
+    // The stop button and Esc: the next wait or sleep of the operation that runs ends it.
+    void Command_stop_Click();
 
     bool running() const { return running_; }
 

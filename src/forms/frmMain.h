@@ -65,6 +65,7 @@ class frmMain : public QMainWindow {
     void make_layout();
     void make_status_bar();
     void connect_buttons();
+    void connect_stop();
     void connect_menus();
     void connect_entries();
     void connect_own_entries();

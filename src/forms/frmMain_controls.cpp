@@ -175,6 +175,16 @@ void frmMain::connect_buttons() {
     on_key(Qt::Key_F7, operation_->Command_read);
     on_key(Qt::Key_F8, operation_->Command_Verify);
     on_key(Qt::Key_F9, operation_->Command_program);
+    connect_stop();
+}
+
+// Not a command: it comes while one runs. Esc belongs to the boxes and lists while none does.
+void frmMain::connect_stop() {
+    connect(operation_->Command_stop, &QPushButton::clicked, this,
+            [this] { run_.flows.Command_stop_Click(); });
+    auto* escape = new QShortcut{Qt::Key_Escape, this};
+    connect(escape, &QShortcut::activated, operation_->Command_stop, &QPushButton::click);
+    bindings_.follow(run_.form.Command_stop.Enabled, [escape](bool on) { escape->setEnabled(on); });
 }
 
 void frmMain::connect_menus() {

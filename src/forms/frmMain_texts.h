@@ -71,6 +71,7 @@ inline constexpr std::string_view kReadTip = "デバイスの内容をバッフ�
 inline constexpr std::string_view kVerifyTip = "デバイスとバッファメモリを比較します (F8)";
 inline constexpr std::string_view kProgramTip = "バッファメモリの内容をデバイスに書き込みます (F9)";
 inline constexpr std::string_view kExtendTip = "領域ごとの操作を行います";
+inline constexpr std::string_view kStopTip = "実行中の操作を中断します (Esc)";
 inline constexpr std::string_view kBoardTip = "クリックでライターを検索します";
 inline constexpr std::string_view kConfigTextTip =
     "クリックでコンフィギュレーションデータの説明を表示します";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The foot of frmMain: the big buttons, the message area, the progress bar.
+// The foot of frmMain: the big buttons, the message area, the progress bar with its stop button.
 //
 // The bar keeps its place while it is hidden, so that nothing moves when an operation begins.
 #include "forms/operation_panel.h"
@@ -83,8 +83,16 @@ QWidget* OperationPanel::make_progress(MainForm& form, Bindings& bindings) {
     keep_place(percent);
     bindings.bind(form.P_Bar, *bar);
     bindings.bind(form.Lbl_Persent, *percent);
+    Command_stop = new QPushButton{line};
+    Command_stop->setAutoDefault(false);
+    Command_stop->setToolTip(q(form_text::kStopTip));
+    // The button that starts an operation is disabled by it and hands the focus on: a second Return
+    // or Space must not end up here.
+    Command_stop->setFocusPolicy(Qt::NoFocus);
+    bindings.bind(form.Command_stop, *Command_stop);
     row->addWidget(bar, 1);
     row->addWidget(percent);
+    row->addWidget(Command_stop);
     return line;
 }
 

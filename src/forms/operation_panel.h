@@ -20,6 +20,7 @@ class OperationPanel : public QWidget {
     QPushButton* Command_Verify;
     QPushButton* Command_program;
     QPushButton* Cmd_Extend_Program;
+    QPushButton* Command_stop;
 
   private:
     QPushButton* big_button(Button& control, Bindings& bindings, std::string_view tip);

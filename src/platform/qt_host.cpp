@@ -103,8 +103,15 @@ void QtHost::pump() {
 }
 
 void QtHost::give_up(Abandoned::Reason reason) {
-    int none = kNone;
-    reason_.compare_exchange_strong(none, static_cast<int>(reason));
+    int former = kNone;
+    if (!reason_.compare_exchange_strong(former, static_cast<int>(reason)) && former == kStopped)
+        reason_.compare_exchange_strong(former, static_cast<int>(reason));
+}
+
+void QtHost::disarm() {
+    armed_ = false;
+    int stopped = kStopped;
+    reason_.compare_exchange_strong(stopped, kNone);
 }
 
 // An event handler that waits in its turn is left alone: an exception doesn't pass the event loop.

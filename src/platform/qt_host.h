@@ -44,8 +44,8 @@ class QtHost : public Host {
     // A text that is valid UTF-8 is taken as that, else as code page 932.
     std::string from_code_page(std::string_view bytes) const override;
 
-    // May be called from a signal handler. The first reason counts.
-    void give_up(Abandoned::Reason reason);
+    // May be called from a signal handler. The first reason counts; any other one replaces Stopped.
+    void give_up(Abandoned::Reason reason) override;
     // From this time on the operation is given up; measured by now().
     void set_deadline(Time deadline) { deadline_ = deadline; }
     bool given_up() const { return reason_.load() != kNone; }
@@ -54,7 +54,7 @@ class QtHost : public Host {
     class Operation {
       public:
         explicit Operation(QtHost& host) : host_{host} { host_.armed_ = true; }
-        ~Operation() { host_.armed_ = false; }
+        ~Operation() { host_.disarm(); }
         Operation(const Operation&) = delete;
         Operation& operator=(const Operation&) = delete;
 
@@ -64,8 +64,10 @@ class QtHost : public Host {
 
   private:
     static constexpr int kNone = -1;
+    static constexpr int kStopped = static_cast<int>(Abandoned::Reason::Stopped);
 
     void check();
+    void disarm();
 
     Interface interface_;
     std::filesystem::path data_;

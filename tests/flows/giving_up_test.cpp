@@ -69,6 +69,117 @@ TEST_P(silent_board, is_waited_for_until_the_user_gives_up) {
     }
 }
 
+TEST_P(silent_board, is_left_within_300_ms_of_the_stop_button) {
+    for (const auto* device : {"PIC16F877", "PIC16F877A"}) {
+        Bench bench{device};
+        if (GetParam().operation == &Flows::Command_Verify) bench.program_target();
+        const auto fall_silent = [&] { bench.board.add_fault(GetParam().fault); };
+        if (GetParam().from.empty())
+            fall_silent();
+        else
+            bench.when_shown(GetParam().from, fall_silent);
+        const auto pressed = bench.host.now() + 1min;
+        bench.stop_when([&] { return bench.host.now() >= pressed; });
+        EXPECT_EQ((bench.run->flows.*GetParam().operation)(), Outcome::GivenUp);
+
+        EXPECT_GE(bench.host.now(), pressed);
+        EXPECT_LT(bench.host.now(), pressed + 300ms);
+        EXPECT_EQ(bench.shown->lines.back(), kGivenUp);
+        EXPECT_FALSE(bench.port.is_open());
+        EXPECT_TRUE(bench.controls_are_back());
+        EXPECT_FALSE(bench.form().Command_stop.Enabled.get());
+        EXPECT_EQ(bench.log(), "");
+
+        bench.board.clear_faults();
+        EXPECT_EQ(bench.run->flows.Command_read(), Outcome::Success);
+    }
+}
+
+namespace {
+
+// From 50 ms on: what a user may press the button in.
+std::size_t long_sleeps(const Bench& bench) {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(bench.host.sleeps, [](auto time) { return time >= 50ms; }));
+}
+
+// An operation that meets all its sleeps, on a part that makes it end well.
+struct Sleeper : Bench {
+    explicit Sleeper(Outcome (Flows::*operation)()) : operation_{operation} {
+        if (operation == &Flows::Command_Verify) program_target();
+    }
+    Outcome operate() { return (run->flows.*operation_)(); }
+
+  private:
+    Outcome (Flows::*operation_)();
+};
+
+}  // namespace
+
+TEST(stop_button, cuts_every_sleep_of_every_operation) {
+    for (const auto operation : {&Flows::Command_blank, &Flows::Command_read,
+                                 &Flows::Command_Verify, &Flows::Command_program}) {
+        Sleeper whole{operation};
+        EXPECT_EQ(whole.operate(), Outcome::Success);
+        const std::size_t sleeps = long_sleeps(whole);
+        ASSERT_GE(sleeps, 4U);
+        for (std::size_t nth = 1; nth <= sleeps; ++nth) {
+            Sleeper bench{operation};
+            Host::Time pressed{};
+            bench.stop_when([&] {
+                if (long_sleeps(bench) < nth) return false;
+                pressed = bench.host.now();
+                return true;
+            });
+            const auto outcome = bench.operate();
+
+            EXPECT_EQ(long_sleeps(bench), nth) << "it slept on";
+            EXPECT_LT(bench.host.now() - pressed, 30ms);
+            EXPECT_FALSE(bench.port.is_open());
+            EXPECT_TRUE(bench.controls_are_back());
+            // In the two of the closing the verdict is there already.
+            if (nth + 2 > sleeps) {
+                EXPECT_EQ(outcome, Outcome::Success);
+            } else {
+                EXPECT_EQ(outcome, Outcome::GivenUp);
+                EXPECT_EQ(bench.shown->lines.back(), kGivenUp);
+            }
+        }
+    }
+}
+
+TEST(stop_button, can_be_pressed_once_while_an_operation_runs_and_not_before_or_after) {
+    Bench bench;
+    auto& button = bench.form().Command_stop;
+    EXPECT_FALSE(button.Enabled.get());
+    bench.run->flows.Command_stop_Click();
+    bench.when_shown("ブランクチェック中..........", [&] {
+        EXPECT_TRUE(button.Enabled.get());
+        bench.run->flows.Command_stop_Click();
+        EXPECT_FALSE(button.Enabled.get());
+    });
+    EXPECT_EQ(bench.run->flows.Command_blank(), Outcome::GivenUp);
+
+    EXPECT_FALSE(button.Enabled.get());
+    EXPECT_EQ(bench.run->flows.Command_read(), Outcome::Success);
+}
+
+TEST(stop_button, ends_a_search_and_an_erase) {
+    for (const auto operation : {&Flows::Label_FirmwareVersion_Click, &Flows::mnuPgmErase_Click,
+                                 &Flows::mnuChipErase_Click}) {
+        Bench bench;
+        bench.board.add_fault(operation == &Flows::Label_FirmwareVersion_Click
+                                  ? "?/silent-after:0"
+                                  : "bd/silent-after:0");
+        const auto pressed = bench.host.now() + 2s;
+        bench.stop_when([&] { return bench.host.now() >= pressed; });
+        EXPECT_EQ((bench.run->flows.*operation)(), Outcome::GivenUp);
+
+        EXPECT_LT(bench.host.now(), pressed + 300ms);
+        EXPECT_EQ(bench.shown->lines.back(), kGivenUp);
+    }
+}
+
 TEST(giving_up, ends_an_operation_in_any_of_its_pauses) {
     for (const auto pause : {100ms, 500ms, 200ms}) {
         Bench bench;

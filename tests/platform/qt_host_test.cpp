@@ -100,6 +100,33 @@ TEST_F(QtHost_, keeps_the_first_reason) {
     EXPECT_EQ(abandons([&] { host.pump(); }), Reason::Interrupted);
 }
 
+TEST_F(QtHost_, stops_one_operation_and_not_the_next) {
+    {
+        const QtHost::Operation operation{host};
+        host.give_up(Reason::Stopped);
+        EXPECT_EQ(abandons([&] { host.pump(); }), Reason::Stopped);
+        EXPECT_EQ(abandons([&] { host.sleep(20ms); }), std::nullopt);
+    }
+    {
+        // Pressed so late that nothing waited any more.
+        const QtHost::Operation operation{host};
+        host.give_up(Reason::Stopped);
+    }
+    EXPECT_FALSE(host.given_up());
+    const QtHost::Operation operation{host};
+    EXPECT_EQ(abandons([&] { host.sleep(20ms); }), std::nullopt);
+}
+
+TEST_F(QtHost_, closes_where_the_window_is_closed_right_after_a_stop) {
+    {
+        const QtHost::Operation operation{host};
+        host.give_up(Reason::Stopped);
+        host.give_up(Reason::Closed);
+        EXPECT_EQ(abandons([&] { host.pump(); }), Reason::Closed);
+    }
+    EXPECT_TRUE(host.given_up());
+}
+
 QtHost* g_signalled = nullptr;
 
 TEST_F(QtHost_, can_be_given_up_from_a_signal_handler) {
@@ -199,6 +226,17 @@ TEST_F(QtHost_window, gives_up_in_the_turn_in_which_the_window_is_closed) {
     const QtHost::Operation operation{host};
     QTimer::singleShot(0, [&] { host.give_up(Reason::Closed); });
     EXPECT_EQ(abandons([&] { host.pump(); }), Reason::Closed);
+}
+
+TEST_F(QtHost_window, cuts_a_long_sleep_within_300_ms_of_the_stop) {
+    const QtHost::Operation operation{host};
+    Host::Time pressed{};
+    QTimer::singleShot(50, [&] {
+        pressed = host.now();
+        host.give_up(Reason::Stopped);
+    });
+    EXPECT_EQ(abandons([&] { host.sleep(30s); }), Reason::Stopped);
+    EXPECT_LT(host.now() - pressed, 300ms);
 }
 
 TEST_F(QtHost_window, throws_nothing_through_the_event_loop) {

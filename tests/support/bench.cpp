@@ -200,6 +200,10 @@ void Bench::watch_the_clock() {
             gives_up_ = nullptr;
             throw Abandoned{Abandoned::Reason::Closed};
         }
+        if (stops_ && stops_()) {
+            stops_ = nullptr;
+            run->flows.Command_stop_Click();
+        }
         if (host.now() < end_) return;
         ADD_FAILURE() << "a wait without end";
         throw Abandoned{Abandoned::Reason::Deadline};

@@ -7,6 +7,7 @@
 // clock.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -44,6 +45,19 @@ class BenchDialogs : public FakeDialogs {
         return FakeDialogs::box(asked);
     }
     std::function<void()> on_box;
+};
+
+// A clock that cuts a sleep as the real host does, with a turn of the interface in between.
+class BenchHost : public FakeHost {
+  public:
+    void sleep(std::chrono::milliseconds time) override {
+        sleeps.push_back(time);
+        const Time end = now() + time;
+        do {
+            advance_to(std::min<Time>(end, now() + 10ms));
+            pump();
+        } while (now() < end);
+    }
 };
 
 class Bench {
@@ -86,13 +100,15 @@ class Bench {
 
     // The user closes the window at the first turn at which the condition holds.
     void give_up_when(std::function<bool()> condition) { gives_up_ = std::move(condition); }
+    // The user presses the stop button in the first turn at which the condition holds.
+    void stop_when(std::function<bool()> condition) { stops_ = std::move(condition); }
     // Another ten minutes from now on, for a test that runs many operations.
     void restart_the_clock();
     // Does something as that message comes up, once.
     void when_shown(std::string_view message, std::function<void()> action);
 
     TempFolder folder;
-    FakeHost host;
+    BenchHost host;
     BenchDialogs dialogs;
     MemoryStore store;
     SimulatedBoard board;
@@ -110,6 +126,7 @@ class Bench {
     void watch_the_clock();
 
     std::function<bool()> gives_up_;
+    std::function<bool()> stops_;
     Host::Time end_{};
     std::vector<Connection> watches_;
 };

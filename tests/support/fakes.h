@@ -72,7 +72,9 @@ class FakeHost : public Host {
     void pump() override {
         ++pumps;
         if (on_pump) on_pump();
+        if (wish_) throw Abandoned{*std::exchange(wish_, std::nullopt)};
     }
+    void give_up(Abandoned::Reason reason) override { wish_ = reason; }
     std::filesystem::path AppPath() const override { return app_folder; }
     std::filesystem::path documents_folder() const override { return documents; }
     bool open_document(const std::string& path_or_url) override {
@@ -110,6 +112,7 @@ class FakeHost : public Host {
 
   private:
     Time now_{};
+    std::optional<Abandoned::Reason> wish_;
 };
 
 // Answers box by box in the given order, then each box's default for "no" (Cancel, No, Ok).
