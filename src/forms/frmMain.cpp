@@ -135,11 +135,19 @@ void frmMain::show_counters() {
                                      session.TryCount - session.PassCount)));
 }
 
+void frmMain::quit() {
+    if (!busy_) {
+        close();
+        return;
+    }
+    closing_ = true;
+    wishes_.give_up();
+}
+
 void frmMain::closeEvent(QCloseEvent* event) {
     if (busy_) {
-        closing_ = true;
-        wishes_.give_up();
         event->ignore();
+        if (run_.stop.may_close()) quit();
         return;
     }
     keep_place();

@@ -3,7 +3,8 @@
 //
 // One command at a time. While one runs, its waits keep the window alive; the controls that would
 // start another are disabled by the command, and what still comes in is dropped. Closing the window
-// meanwhile gives the command up; the window closes once it has unwound.
+// meanwhile asks where an operation runs, and gives the command up; the window closes once it has
+// unwound.
 #pragma once
 
 #include <QMainWindow>
@@ -25,6 +26,7 @@ class MainHeader;
 class MainMenus;
 class MemoryPanel;
 class OperationPanel;
+class frmStop;
 class frmAbout;
 class frmBoard;
 class frmIndex;
@@ -49,6 +51,8 @@ class frmMain : public QMainWindow {
     void load(const std::function<void()>& act);
     void save();
     bool busy() const { return busy_; }
+    // Closes the window without a question; a command that runs is given up first.
+    void quit();
     // Name, date and counters as the session tells them now.
     void show_facts();
 
@@ -99,6 +103,7 @@ class frmMain : public QMainWindow {
     frmBoard* board_ = nullptr;
     frmIndex* index_ = nullptr;
     frmAbout* about_ = nullptr;
+    frmStop* stop_ = nullptr;
     // Goes with this class, before the boxes do: one that is destroyed loses the focus, and tells.
     QObject entries_;
 };

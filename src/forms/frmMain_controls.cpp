@@ -22,6 +22,7 @@
 #include "forms/frmIndex.h"
 #include "forms/frmMain.h"
 #include "forms/frmMain_texts.h"
+#include "forms/frmStop.h"
 #include "forms/info_panel.h"
 #include "forms/main_header.h"
 #include "forms/main_menus.h"
@@ -49,6 +50,7 @@ frmMain::frmMain(Run& run, Wishes wishes)
     board_ = new frmBoard{run_, this};
     index_ = new frmIndex{this};
     about_ = new frmAbout{run_, this};
+    stop_ = new frmStop{run_.stop_form, run_.stop, this};
     connect_buttons();
     connect_menus();
     connect_own_entries();
@@ -185,6 +187,7 @@ void frmMain::connect_stop() {
     auto* escape = new QShortcut{Qt::Key_Escape, this};
     connect(escape, &QShortcut::activated, operation_->Command_stop, &QPushButton::click);
     bindings_.follow(run_.form.Command_stop.Enabled, [escape](bool on) { escape->setEnabled(on); });
+    bindings_.keep(run_.stop_form.Confirmed.connect([this] { quit(); }));
 }
 
 void frmMain::connect_menus() {

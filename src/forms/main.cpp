@@ -46,12 +46,12 @@ void dress(QApplication& application) {
         QApplication::installTranslator(japanese);
 }
 
-// Closes the window from outside as its close button does, so that a running command is given up
-// and all that is saved at the end is saved. An open question gets the answer of its own close
+// Closes the window from outside, where nobody answers: a running command is given up, and all that
+// is saved at the end is saved. An open question gets the answer of its own close
 // button first; another one may come up before the command has unwound, so this goes on to the end.
 class Quitting {
   public:
-    explicit Quitting(QWidget& window) : window_{window} {
+    explicit Quitting(frmMain& window) : window_{window} {
         QObject::connect(&again_, &QTimer::timeout, &again_, [this] { step(); });
     }
     void begin() {
@@ -64,10 +64,10 @@ class Quitting {
 
     void step() {
         if (auto* question = QApplication::activeModalWidget()) question->close();
-        window_.close();
+        window_.quit();
     }
 
-    QWidget& window_;
+    frmMain& window_;
     QTimer again_;
 };
 

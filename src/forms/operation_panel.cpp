@@ -86,8 +86,8 @@ QWidget* OperationPanel::make_progress(MainForm& form, Bindings& bindings) {
     Command_stop = new QPushButton{line};
     Command_stop->setAutoDefault(false);
     Command_stop->setToolTip(q(form_text::kStopTip));
-    // The button that starts an operation is disabled by it and hands the focus on: a second Return
-    // or Space must not end up here.
+    // The button that starts an operation is disabled by it and the focus moves on. A second Return
+    // or Space must not stop what the first one began.
     Command_stop->setFocusPolicy(Qt::NoFocus);
     bindings.bind(form.Command_stop, *Command_stop);
     row->addWidget(bar, 1);

@@ -27,6 +27,7 @@ Run::Run(SettingsStore& store, Host& host_, SerialPort& port_, Dialogs& dialogs_
             messages, views, config, buffer,   selection},
       context{session, form, host, port, dialogs, messages, log, views, config, selection, link},
       flows{context},
+      stop{stop_form, form, flows},
       menu{*this} {
     form.Combo_device.Click = [this] { selection.Combo_device_Click(); };
 }

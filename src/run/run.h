@@ -26,6 +26,7 @@
 #include "run/device_select_form.h"
 #include "run/menu_commands.h"
 #include "run/option_form.h"
+#include "run/stop_form.h"
 
 namespace quillon {
 
@@ -46,6 +47,7 @@ struct Run {
     BoardForm board;
     AboutForm about;
     OptionForm option_form;
+    StopForm stop_form;
     DeviceSelectForm device_select_form;
     Settings settings;
     Messages messages;
@@ -63,6 +65,7 @@ struct Run {
     HexFiles files;
     RunContext context;
     Flows flows;
+    StopDialog stop;
     MenuCommands menu;
 };
 

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -137,16 +138,36 @@ TEST(frmMain, a_second_command_inside_a_wait_is_dropped) {
     EXPECT_EQ(dropped, 1);
 }
 
-TEST(frmMain, closing_in_the_middle_of_an_operation_gives_it_up_and_closes_when_it_has_unwound) {
+// Acts of a user in the turns of an operation, one every twenty turns.
+void in_turns(FormBench& bench, std::vector<std::function<void()>> acts) {
+    bench.on_turn = [&bench, acts = std::move(acts), turns = 0U]() mutable {
+        if (!bench.run->flows.running() || ++turns % 20 != 0 || turns / 20 > acts.size()) return;
+        acts[turns / 20 - 1]();
+    };
+}
+
+QMessageBox& question(const FormBench& bench) { return *bench.find<QMessageBox>("frmStop"); }
+
+void answer(const FormBench& bench, const char* button) {
+    QTest::mouseClick(question(bench).findChild<QPushButton*>(button), Qt::LeftButton);
+}
+
+TEST(frmMain, closing_in_an_operation_asks_and_after_yes_closes_when_it_has_unwound) {
     FormBench bench;
     drop(*bench.window, {kBlinker});
-    int turns = 0;
-    bench.on_turn = [&] {
-        if (!bench.run->flows.running() || ++turns != 20) return;
-        bench.window->close();
-        EXPECT_TRUE(bench.window->isVisible());
-        EXPECT_EQ(bench.leaves, 0);
-    };
+    in_turns(bench, {[&] {
+                         bench.window->close();
+                         EXPECT_TRUE(question(bench).isVisible());
+                         EXPECT_EQ(question(bench).text(), "書込み中です。中断しますか？");
+                         EXPECT_EQ(question(bench).defaultButton()->text(), "いいえ(&N)");
+                         EXPECT_EQ(question(bench).escapeButton()->text(), "いいえ(&N)");
+                     },
+                     [&] {
+                         EXPECT_TRUE(question(bench).isVisible()) << "the operation goes on";
+                         answer(bench, "cmdOK");
+                         EXPECT_TRUE(bench.window->isVisible());
+                         EXPECT_EQ(bench.leaves, 0);
+                     }});
     bench.click<QPushButton>("Command_program");
     EXPECT_FALSE(bench.run->flows.running());
     EXPECT_FALSE(bench.port.is_open());
@@ -155,6 +176,71 @@ TEST(frmMain, closing_in_the_middle_of_an_operation_gives_it_up_and_closes_when_
     EXPECT_FALSE(bench.window->isVisible());
     EXPECT_EQ(bench.leaves, 1);
     EXPECT_EQ(bench.run->session.PassCount, 0);
+}
+
+TEST(frmMain, closing_in_an_operation_changes_nothing_after_no_escape_or_the_end) {
+    FormBench bench;
+    drop(*bench.window, {kBlinker});
+    const auto ask = [&] {
+        bench.window->close();
+        EXPECT_TRUE(question(bench).isVisible());
+    };
+    in_turns(bench, {ask, [&] { answer(bench, "cmdCancel"); }, ask,
+                     [&] { QTest::keyClick(&question(bench), Qt::Key_Escape); }, ask,
+                     [&] { QTest::keyClick(&question(bench), Qt::Key_Return); }, ask});
+    bench.click<QPushButton>("Command_program");
+    EXPECT_EQ(bench.run->session.PassCount, 1) << bench.message();
+    QApplication::processEvents();
+    EXPECT_FALSE(question(bench).isVisible());
+    EXPECT_TRUE(bench.window->isVisible());
+    EXPECT_EQ(bench.leaves, 0);
+}
+
+TEST(frmMain, quit_gives_an_operation_up_without_a_question) {
+    FormBench bench;
+    in_turns(bench, {[&] {
+                 bench.window->quit();
+                 EXPECT_FALSE(question(bench).isVisible());
+             }});
+    bench.click<QPushButton>("Command_blank");
+    QApplication::processEvents();
+    EXPECT_FALSE(bench.window->isVisible());
+    EXPECT_EQ(bench.leaves, 1);
+}
+
+TEST(Command_stop, and_escape_give_an_operation_up_and_the_window_stays) {
+    FormBench bench;
+    bench.window->activateWindow();
+    auto* stop = bench.find<QPushButton>("Command_stop");
+    EXPECT_EQ(stop->text(), "中断");
+    EXPECT_TRUE(stop->isVisible());
+    EXPECT_FALSE(stop->isEnabled());
+    EXPECT_EQ(stop->focusPolicy(), Qt::NoFocus)
+        << "a second Return would stop what the first began";
+    for (const bool by_key : {false, true}) {
+        Host::Time pressed{};
+        bench.board.add_fault("bs/silent-after:0");
+        in_turns(bench, {[] {},
+                         [&] {
+                             pressed = bench.host.now();
+                             EXPECT_TRUE(stop->isEnabled());
+                             if (by_key)
+                                 QTest::keyClick(bench.window.get(), Qt::Key_Escape);
+                             else
+                                 QTest::mouseClick(stop, Qt::LeftButton);
+                         }});
+        bench.click<QPushButton>("Command_blank");
+        ASSERT_GT(pressed, Host::Time{});
+        EXPECT_LT(bench.host.now() - pressed, std::chrono::milliseconds{300});
+        EXPECT_EQ(bench.message(), "操作を中止しました。 ");
+        EXPECT_FALSE(bench.port.is_open());
+        EXPECT_FALSE(stop->isEnabled());
+        EXPECT_TRUE(bench.window->isVisible());
+        bench.board.clear_faults();
+        bench.on_turn = nullptr;
+    }
+    bench.click<QPushButton>("Command_blank");
+    EXPECT_EQ(bench.message(), "デバイスは消去されています。 ");
 }
 
 TEST(frmMain, escape_closes_nothing) {
