@@ -49,6 +49,7 @@ void Flows::open() {
     auto& session = context_.session;
     auto& form = context_.form;
     LockButtons(form);
+    form.mnuComPort.Enabled.set(false);
     form.Command_stop.Enabled.set(true);
     form.Lbl_Calib_ReadWrite_Data.Caption.set("--");
     form.CmbInit.Visible.set(false);
@@ -72,6 +73,7 @@ void Flows::close() {
 
 void Flows::give_controls_back() {
     context_.form.Command_stop.Enabled.set(false);
+    context_.form.mnuComPort.Enabled.set(true);
     release_buttons(context_.session.PgmType.text(), context_.form);
     context_.form.WaitCursor.set(false);
     context_.messages.ShowProgress(Messages::Progress::Off);

@@ -122,7 +122,6 @@ void MainMenus::make_options(MainForm& form) {
         auto* action = bar_.findChild<QAction*>(q(control->name));
         action->setChecked(control->Checked.get());
     }
-    lockable_.push_back(options);
 }
 
 void MainMenus::make_help(MainForm& form) {

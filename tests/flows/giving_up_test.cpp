@@ -180,6 +180,23 @@ TEST(stop_button, ends_a_search_and_an_erase) {
     }
 }
 
+TEST(mnuComPort, alone_of_the_options_is_locked_in_an_operation) {
+    Bench bench;
+    auto& form = bench.form();
+    bool seen = false;
+    bench.when_shown("ブランクチェック中..........", [&] {
+        seen = true;
+        EXPECT_FALSE(form.mnuComPort.Enabled.get());
+        for (const auto* item :
+             {&form.mnuComMode1, &form.mnuBlankSkip, &form.mnuLock, &form.HexFileCheck,
+              &form.HexUpperAddress, &form.mnuBoardInfomation, &form.mnuFrmmainHight})
+            EXPECT_TRUE(item->Enabled.get()) << item->name;
+    });
+    bench.run->flows.Command_blank();
+    EXPECT_TRUE(seen);
+    EXPECT_TRUE(form.mnuComPort.Enabled.get());
+}
+
 TEST(giving_up, ends_an_operation_in_any_of_its_pauses) {
     for (const auto pause : {100ms, 500ms, 200ms}) {
         Bench bench;

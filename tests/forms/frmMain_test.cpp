@@ -118,6 +118,10 @@ TEST(frmMain, controls_that_would_start_another_command_are_disabled_while_one_r
         EXPECT_FALSE(bench.find<QMenu>("file")->isEnabled());
         EXPECT_FALSE(bench.find<QMenu>("device_menu")->isEnabled());
         EXPECT_FALSE(bench.find<QMenu>("buffer_menu")->isEnabled());
+        // A mode may be changed at any time.
+        EXPECT_TRUE(bench.find<QMenu>("option_menu")->isEnabled());
+        EXPECT_FALSE(bench.find<QAction>("mnuComPort")->isEnabled());
+        EXPECT_TRUE(bench.find<QAction>("mnuComMode1")->isEnabled());
     };
     bench.click<QPushButton>("Command_blank");
     EXPECT_TRUE(seen);
