@@ -42,6 +42,7 @@ Outcome Flows::run(Operation operation) {
         throw;
     }
     context_.session.Status = outcome == Outcome::Success ? Token::OK : Token::NG;
+    failed_runs_ = context_.session.TryCount - context_.session.PassCount;
     return outcome;
 }
 

@@ -34,6 +34,8 @@ class Flows {
     void Command_stop_Click();
 
     bool running() const { return running_; }
+    // Of the runs that have ended: the one that is writing hasn't failed yet.
+    int failed_runs() const { return failed_runs_; }
 
   private:
     template <typename Operation>
@@ -49,6 +51,7 @@ class Flows {
     RunContext& context_;
     GenericEngine engine_;
     bool running_ = false;
+    int failed_runs_ = 0;
 };
 
 }  // namespace quillon

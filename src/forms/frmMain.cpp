@@ -132,7 +132,7 @@ void frmMain::show_facts() {
 void frmMain::show_counters() {
     const auto& session = run_.session;
     counters_->setText(q(fmt::format(form_text::kCounters, session.TryCount, session.PassCount,
-                                     session.TryCount - session.PassCount)));
+                                     run_.flows.failed_runs())));
 }
 
 void frmMain::quit() {

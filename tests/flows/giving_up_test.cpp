@@ -197,6 +197,26 @@ TEST(mnuComPort, alone_of_the_options_is_locked_in_an_operation) {
     EXPECT_TRUE(form.mnuComPort.Enabled.get());
 }
 
+TEST(failed_runs, counts_a_run_when_it_has_ended) {
+    Bench bench;
+    auto& flows = bench.run->flows;
+    std::vector<int> during;
+    for (const auto* step : {"Ｆｌａｓｈプログラムメモリのプログラミング中..........",
+                             "コンフィギュレーションワード プログラミング中.........."})
+        bench.when_shown(step, [&] {
+            EXPECT_EQ(bench.session().TryCount, 1);
+            during.push_back(flows.failed_runs());
+        });
+    EXPECT_EQ(flows.Command_program(), Outcome::Success);
+    EXPECT_EQ(during, (std::vector{0, 0}));
+    EXPECT_EQ(flows.failed_runs(), 0);
+
+    bench.stop_when([&] { return bench.session().TryCount == 2; });
+    bench.dialogs.hint_answer = 1;
+    EXPECT_EQ(flows.Command_program(), Outcome::GivenUp);
+    EXPECT_EQ(flows.failed_runs(), 1);
+}
+
 TEST(giving_up, ends_an_operation_in_any_of_its_pauses) {
     for (const auto pause : {100ms, 500ms, 200ms}) {
         Bench bench;

@@ -247,6 +247,19 @@ TEST(Command_stop, and_escape_give_an_operation_up_and_the_window_stays) {
     EXPECT_EQ(bench.message(), "デバイスは消去されています。 ");
 }
 
+TEST(frmMain, a_run_counts_as_failed_when_it_has_ended_and_not_while_it_writes) {
+    FormBench bench;
+    drop(*bench.window, {kBlinker});
+    QString during;
+    bench.on_turn = [&] {
+        if (bench.run->session.TryCount == 1 && bench.run->session.PassCount == 0)
+            during = bench.find<QLabel>("counters")->text();
+    };
+    bench.click<QPushButton>("Command_program");
+    EXPECT_EQ(during, "試行 1   Pass 0   Fail 0");
+    EXPECT_EQ(bench.find<QLabel>("counters")->text(), "試行 1   Pass 1   Fail 0");
+}
+
 TEST(frmMain, escape_closes_nothing) {
     FormBench bench;
     QTest::keyClick(bench.window.get(), Qt::Key_Escape);
