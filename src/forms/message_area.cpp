@@ -52,7 +52,8 @@ void MessageArea::changeEvent(QEvent* event) {
 void MessageArea::apply_colour() {
     const QPalette theme = parentWidget() != nullptr ? parentWidget()->palette() : QPalette{};
     const QColor wanted = text_colour(colour_, theme);
-    if (palette().color(QPalette::Text) == wanted) return;  // ends the change that this makes
+    // Ends the change that this makes.
+    if (palette().color(QPalette::Active, QPalette::Text) == wanted) return;
     QPalette own;
     own.setColor(QPalette::Text, wanted);
     setPalette(own);

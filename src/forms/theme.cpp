@@ -20,6 +20,12 @@ const QColor kOnFound{0x40, 0x28, 0x10};
 const QColor kRedOnLight{0xC0, 0x00, 0x10};
 const QColor kRedOnDark{0xFF, 0x8A, 0x80};
 
+// A widget's palette answers for the state that the widget is in. What is looked up while start-up
+// has the window disabled stays when it is enabled, so the state must not matter.
+QColor enabled(const QPalette& palette, QPalette::ColorRole role) {
+    return palette.color(QPalette::Active, role);
+}
+
 double luminance(const QColor& colour) {
     const auto linear = [](double part) {
         return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -42,8 +48,8 @@ double contrast(const QColor& first, const QColor& second) {
 }
 
 bool is_dark(const QPalette& palette) {
-    return luminance(palette.color(QPalette::Window)) <
-           luminance(palette.color(QPalette::WindowText));
+    return luminance(enabled(palette, QPalette::Window)) <
+           luminance(enabled(palette, QPalette::WindowText));
 }
 
 QColor mixed(const QColor& first, const QColor& second, double share) {
@@ -56,11 +62,11 @@ QColor mixed(const QColor& first, const QColor& second, double share) {
 }
 
 QColor caption_colour(const QPalette& palette) {
-    return mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.30);
+    return mixed(enabled(palette, QPalette::WindowText), enabled(palette, QPalette::Window), 0.30);
 }
 
 QColor text_colour(Colour colour, const QPalette& palette) {
-    if (colour != Colour::Red) return palette.color(QPalette::Text);
+    if (colour != Colour::Red) return enabled(palette, QPalette::Text);
     return is_dark(palette) ? kRedOnDark : kRedOnLight;
 }
 
@@ -69,17 +75,18 @@ Ground ground(Colour colour, const QPalette& palette) {
         case Colour::Found:
             return {kFound, kOnFound};
         case Colour::Grey:
-            return {palette.color(QPalette::Window), mixed(palette.color(QPalette::WindowText),
-                                                           palette.color(QPalette::Window), 0.35)};
+            return {enabled(palette, QPalette::Window),
+                    mixed(enabled(palette, QPalette::WindowText),
+                          enabled(palette, QPalette::Window), 0.35)};
         case Colour::ButtonFace:
-            return {palette.color(QPalette::Button), palette.color(QPalette::ButtonText)};
+            return {enabled(palette, QPalette::Button), enabled(palette, QPalette::ButtonText)};
         case Colour::Default:
         case Colour::Black:
         case Colour::Red:
         case Colour::White:
             break;
     }
-    return {palette.color(QPalette::Base), palette.color(QPalette::Text)};
+    return {enabled(palette, QPalette::Base), enabled(palette, QPalette::Text)};
 }
 
 QFont window_font(const QFont& desktop) {

@@ -260,6 +260,27 @@ TEST(frmMain, a_run_counts_as_failed_when_it_has_ended_and_not_while_it_writes) 
     EXPECT_EQ(bench.find<QLabel>("counters")->text(), "試行 1   Pass 1   Fail 0");
 }
 
+TEST(frmMain, its_texts_are_not_grey_after_a_start_with_no_board) {
+    FormBench bench;
+    bench.run->messages.ShowMessage("redx");
+    bench.run->session.WriterFound = bench.run->session.FirmChecked = false;
+    bench.board.add_fault("?/silent-after:0");
+    StartUp again{*bench.run};
+    bench.window->command([&] { again.Main("", false); });
+    ASSERT_EQ(bench.find<QPushButton>("Label_FirmwareVersion")->text(), "COM1 : ライター未接続");
+    ASSERT_EQ(bench.run->form.LabelCmt.ForeColor.get(), Colour::Black);
+    const auto theme = bench.window->palette();
+    const auto colour = [](const QWidget* widget, QPalette::ColorRole role) {
+        return widget->palette().color(QPalette::Active, role);
+    };
+    EXPECT_EQ(colour(bench.find<QPlainTextEdit>("LabelCmt"), QPalette::Text),
+              theme.color(QPalette::Active, QPalette::Text));
+    EXPECT_EQ(colour(bench.find<QPushButton>("Label_FirmwareVersion"), QPalette::ButtonText),
+              theme.color(QPalette::Active, QPalette::ButtonText));
+    EXPECT_NE(theme.color(QPalette::Active, QPalette::Text),
+              theme.color(QPalette::Disabled, QPalette::Text));
+}
+
 TEST(frmMain, escape_closes_nothing) {
     FormBench bench;
     QTest::keyClick(bench.window.get(), Qt::Key_Escape);
