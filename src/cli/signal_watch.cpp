@@ -3,35 +3,53 @@
 
 #include <pthread.h>
 
+#include <array>
 #include <utility>
 
 namespace quillon::cli {
 
 namespace {
-// Ends the watching thread; nobody else sends it.
-constexpr int kStop = SIGUSR1;
+
+constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
+
+bool is_ignored(int signal) {
+    struct sigaction action {};
+    return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 }  // namespace
 
 SignalWatch::SignalWatch(std::function<void()> first) : first_{std::move(first)} {
     sigemptyset(&watched_);
-    sigaddset(&watched_, SIGINT);
-    sigaddset(&watched_, SIGTERM);
-    sigaddset(&watched_, kStop);
+    for (const int signal : kSignals) {
+        if (is_ignored(signal)) continue;
+        sigaddset(&watched_, signal);
+        stop_ = signal;
+    }
+    if (stop_ == 0) return;
     pthread_sigmask(SIG_BLOCK, &watched_, &former_);
     thread_ = std::thread{[this] { watch(); }};
 }
 
 SignalWatch::~SignalWatch() {
-    pthread_kill(thread_.native_handle(), kStop);
+    if (stop_ == 0) return;
+    ending_ = true;
+    pthread_kill(thread_.native_handle(), stop_);
     thread_.join();
     pthread_sigmask(SIG_SETMASK, &former_, nullptr);
 }
 
+// The next watched signal, 0 where the watch is to end.
+int SignalWatch::take() const {
+    int signal = 0;
+    const int error = sigwait(&watched_, &signal);
+    return error != 0 || ending_ ? 0 : signal;
+}
+
 void SignalWatch::watch() {
-    for (bool told = false;;) {
-        int signal = 0;
-        if (sigwait(&watched_, &signal) != 0 || signal == kStop) return;
-        if (!std::exchange(told, true)) {
+    bool given_up = false;
+    while (const int signal = take()) {
+        if (!std::exchange(given_up, true)) {
             first_();
             continue;
         }
