@@ -40,6 +40,14 @@ Finish Finish::complain(int exit, std::string text) {
     return finish;
 }
 
+void Finish::miss(std::string text) {
+    if (result.exit == kSuccess) {
+        result.exit = kFailed;
+        result.status = "failed";
+    }
+    result.error = result.error.empty() ? std::move(text) : result.error + "; " + text;
+}
+
 Commands::Commands(const Options& options, Run& run, QtHost& host, Ports& ports, Events& events)
     : options_{options}, run_{run}, host_{host}, ports_{ports}, events_{events} {}
 

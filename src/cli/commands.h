@@ -25,6 +25,8 @@ struct Finish {
     static Finish of(Outcome outcome);
     // Something went wrong outside the flows; the text is for standard error.
     static Finish complain(int exit, std::string text);
+    // Something that was asked for is missing: a success becomes a failure, and the text is shown.
+    void miss(std::string text);
 };
 
 class Commands {

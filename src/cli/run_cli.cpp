@@ -5,13 +5,12 @@
 
 #include <algorithm>
 #include <exception>
-#include <fstream>
 #include <optional>
-#include <system_error>
 
 #include "cli/cli_dialogs.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
+#include "cli/descriptor_stream.h"
 #include "cli/events.h"
 #include "cli/exit_status.h"
 #include "cli/options.h"
@@ -46,28 +45,22 @@ int end_unparsed(const ParsedLine& line, std::span<const std::string> arguments,
     return line.exit;
 }
 
+// `trace` is nullptr where none is asked for.
 Finish run_on(const Options& options, QtHost& host, TimeSource& time, Events& events,
-              Console& console) {
-    std::ofstream trace;
-    if (options.trace) {
-        trace.open(*options.trace, std::ios::binary | std::ios::trunc);
-        if (!trace)
-            return Finish::complain(kUsage, fmt::format(text::kCantWrite, options.trace->string(),
-                                                        std::generic_category().message(errno)));
-    }
+              Console& console, std::ostream* trace) {
     IniSettingsStore store{options.home};
     CliDialogs dialogs{options, events, console, host};
     Ports ports{options, store, host, time};
-    TracingPort traced{ports.port(), host, trace};
-    SerialPort& port = options.trace ? traced : ports.port();
-    const auto run = std::make_unique<Run>(store, host, port, dialogs);
+    std::optional<TracingPort> traced;
+    if (trace != nullptr) traced.emplace(ports.port(), host, *trace);
+    const auto run = std::make_unique<Run>(store, host, traced ? *traced : ports.port(), dialogs);
     return Commands{options, *run, host, ports, events}.execute();
 }
 
 Finish guarded(const Options& options, QtHost& host, TimeSource& time, Events& events,
-               Console& console) {
+               Console& console, std::ostream* trace) {
     try {
-        return run_on(options, host, time, events, console);
+        return run_on(options, host, time, events, console, trace);
     } catch (const Abandoned& abandoned) {
         // Given up outside of an operation: nothing is in hand.
         return Finish::of(abandoned.reason == Abandoned::Reason::PortLost ? Outcome::PortLost
@@ -77,12 +70,21 @@ Finish guarded(const Options& options, QtHost& host, TimeSource& time, Events& e
     }
 }
 
-}  // namespace
+// The operation goes on where its trace can't: what is missing shows in the end.
+Finish traced(const Options& options, QtHost& host, TimeSource& time, Events& events,
+              Console& console) {
+    if (!options.trace) return guarded(options, host, time, events, console, nullptr);
+    DescriptorStream trace{*options.trace};
+    const auto problem = [&] {
+        return fmt::format(text::kCantWrite, options.trace->string(), *trace.problem());
+    };
+    if (trace.problem()) return Finish::complain(kUsage, problem());
+    auto finish = guarded(options, host, time, events, console, &trace);
+    if (trace.problem()) finish.miss(problem());
+    return finish;
+}
 
-int run_cli(std::span<const std::string> arguments, Console& console, const Machine& machine) {
-    const auto line = parse(arguments);
-    if (!line.options) return end_unparsed(line, arguments, console);
-    const Options& options = *line.options;
+int run_options(const Options& options, Console& console, const Machine& machine) {
     const auto events = make_events(options.json, console);
     const auto host = machine.make_host({.home = options.home});
     const auto time = machine.make_time(*host);
@@ -93,7 +95,7 @@ int run_cli(std::span<const std::string> arguments, Console& console, const Mach
         signals.emplace([&host] { host->give_up(Abandoned::Reason::Interrupted); });
     const QtHost::Operation operation{*host};
 
-    auto finish = guarded(options, *host, *time, *events, console);
+    auto finish = traced(options, *host, *time, *events, console);
     if (!finish.result.error.empty())
         console.err << text::kProgram << ": " << finish.result.error << '\n' << std::flush;
     finish.result.operation = options.operation;
@@ -104,6 +106,21 @@ int run_cli(std::span<const std::string> arguments, Console& console, const Mach
     events->progress_off();
     events->result(finish.result);
     return finish.result.exit;
+}
+
+}  // namespace
+
+int run_cli(std::span<const std::string> arguments, Console& console, const Machine& machine) {
+    const auto line = parse(arguments);
+    const int status = line.options ? run_options(*line.options, console, machine)
+                                    : end_unparsed(line, arguments, console);
+    console.out << std::flush;
+    const auto lost = console.lost_output();
+    if (!lost) return status;
+    console.err << text::kProgram << ": "
+                << fmt::format(text::kCantWrite, text::kStandardOutput, *lost) << '\n'
+                << std::flush;
+    return status == kSuccess ? kFailed : status;
 }
 
 }  // namespace quillon::cli

@@ -38,6 +38,9 @@ struct Console {
     std::ostream& err;
     Terminal& terminal;
     TextStyle style{};
+    // Why some of what was printed on `out` is missing; nothing where it arrived, or where its
+    // reader chose to go away.
+    std::function<std::optional<std::string>()> lost_output = [] { return std::nullopt; };
 };
 
 }  // namespace quillon::cli

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+// The program's streams and files where they can't take what it has to say.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "cli_bench.h"
+#include "program.h"
+
+namespace quillon::cli {
+namespace {
+
+using test::kBlinker;
+using test::Program;
+using test::Surroundings;
+
+constexpr std::string_view kNoSpace = "No space left on device";
+
+using a_stream = test::ProgramBench;
+
+// As with "quillon-cli ... | head -1".
+TEST_F(a_stream, that_its_reader_closes_lets_the_run_finish) {
+    Program program{on_board({"program", kBlinker})};
+    ASSERT_TRUE(program.prints("\"event\""));
+    program.close_output();
+    EXPECT_EQ(program.wait(), 0) << program.err;
+
+    test::CliBench later;
+    EXPECT_EQ(
+        later.on_board({"--device", "PIC16F877A", "--socket", path("s.json"), "verify", kBlinker}),
+        0)
+        << "the part is whole";
+}
+
+TEST_F(a_stream, that_its_reader_closes_leaves_the_status_of_the_run) {
+    Program program{on_board({"--deadline", "1", "--fault", "rsp/silent-after:100", "read"})};
+    ASSERT_TRUE(program.prints("\"event\""));
+    program.close_output();
+    EXPECT_EQ(program.wait(), 4);
+}
+
+TEST_F(a_stream, on_a_full_disk_makes_the_status_1_and_says_why) {
+    const Surroundings full{.out = "/dev/full"};
+    Program plain{line({"devices"}), full};
+    EXPECT_EQ(plain.wait(), 1);
+    EXPECT_NE(plain.err.find(kNoSpace), std::string::npos) << plain.err;
+    Program lines{json({"devices"}), full};
+    EXPECT_EQ(lines.wait(), 1);
+    EXPECT_NE(lines.err.find(kNoSpace), std::string::npos) << lines.err;
+    Program help{{"--help"}, full};
+    EXPECT_EQ(help.wait(), 1);
+    EXPECT_NE(help.err.find(kNoSpace), std::string::npos) << help.err;
+}
+
+TEST_F(a_stream, on_a_full_disk_hides_no_worse_status) {
+    Program program{json({"--device", "PIC99", "blank"}), {.out = "/dev/full"}};
+    EXPECT_EQ(program.wait(), 2);
+    EXPECT_NE(program.err.find(kNoSpace), std::string::npos) << program.err;
+}
+
+TEST_F(a_stream, that_was_closed_at_the_start_catches_nothing_else) {
+    Program program{on_board({"--trace", path("trace"), "blank"}), {.prepare = [] {
+                        for (const int stream : {0, 1, 2}) ::close(stream);
+                    }}};
+    EXPECT_EQ(program.wait(), 0);
+    EXPECT_NE(home.read("trace").find(" > 2A\n"), std::string::npos);
+    EXPECT_EQ(home.read("trace").find("event"), std::string::npos);
+    EXPECT_EQ(home.read("settings.ini").find("event"), std::string::npos);
+}
+
+// A pipe that another program has made non-blocking refuses what doesn't fit at the moment.
+TEST_F(a_stream, that_is_full_for_a_while_loses_nothing) {
+    Program program{json({"devices"}), {.prepare = [] {
+                        ::fcntl(STDOUT_FILENO, F_SETFL, O_NONBLOCK);
+                        ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, 4096);
+                    }}};
+    ::usleep(300'000);
+    EXPECT_EQ(program.wait(), 0) << program.err;
+    EXPECT_NE(program.out.find("\"event\":\"result\""), std::string::npos);
+}
+
+TEST_F(a_stream, of_the_trace_that_takes_nothing_makes_the_status_1_and_says_why) {
+    Program program{on_board({"--trace", "/dev/full", "blank"})};
+    EXPECT_EQ(program.wait(), 1);
+    EXPECT_NE(program.err.find("/dev/full"), std::string::npos) << program.err;
+    EXPECT_NE(program.err.find(kNoSpace), std::string::npos) << program.err;
+    EXPECT_NE(program.out.find("\"ResultAll\":\"YBYBYB\""), std::string::npos)
+        << "the operation itself went on: " << program.out;
+}
+
+}  // namespace
+}  // namespace quillon::cli
