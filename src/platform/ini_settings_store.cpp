@@ -3,41 +3,28 @@
 
 #include <fmt/format.h>
 
-#include <QSettings>
+#include <QLockFile>
 #include <QStandardPaths>
 #include <QString>
-#include <QVariant>
-#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <system_error>
 #include <utility>
 
 #include "platform/ini_settings_texts.h"
+#include "platform/whole_file.h"
 
 namespace quillon {
 
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 
-QString q(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+// Far beyond any settings: what is larger is something else.
+constexpr std::uintmax_t kMostBytes = 4 * 1024 * 1024;
 
-// A separator of sections inside a key would open a section of its own.
-QString full_key(std::string_view section, std::string_view key) {
-    QString name = q(key);
-    name.replace('%', "%25").replace('/', "%2F").replace('\\', "%5C");
-    return q(section) + '/' + name;
-}
-
-// A crash of the system can leave a file of the right size that holds nothing but zeros.
-bool holds_nul(const fs::path& path) {
-    std::ifstream file{path, std::ios::binary};
-    return std::find(std::istreambuf_iterator<char>{file}, {}, '\0') !=
-           std::istreambuf_iterator<char>{};
-}
+std::string reason(std::errc code) { return std::make_error_code(code).message(); }
 
 bool has_write_permission(const fs::path& path) {
     std::error_code error;
@@ -52,73 +39,94 @@ fs::path default_folder() {
     return all / "quillon";
 }
 
+// Nothing for a file that can't be read; a file that isn't there is an empty one.
+std::optional<std::string> bytes_of(const fs::path& path) {
+    std::error_code error;
+    if (!fs::exists(path, error)) return "";
+    if (!fs::is_regular_file(path, error) || fs::file_size(path, error) > kMostBytes)
+        return std::nullopt;
+    std::ifstream file{path, std::ios::binary};
+    if (!file.is_open()) return std::nullopt;
+    return std::string{std::istreambuf_iterator<char>{file}, {}};
+}
+
 }  // namespace
 
 IniSettingsStore::IniSettingsStore(const std::optional<fs::path>& folder) {
     std::error_code error;
     path_ = fs::absolute(folder ? *folder : default_folder(), error) / "settings.ini";
-    open();
-    if (!fs::exists(path_, error)) return;
-    const bool readable = fs::is_regular_file(path_, error) && std::ifstream{path_}.is_open();
-    damaged_ = readable && (settings_->status() == QSettings::FormatError || holds_nul(path_));
-    if (damaged_ || !readable)
-        problem_ = fmt::format("{} ({})", damaged_ ? ini_text::kDamaged : ini_text::kUnreadable,
+    const auto bytes = bytes_of(path_);
+    text_ = IniText{bytes.value_or("")};
+    if (!bytes || text_.damaged())
+        problem_ = fmt::format("{} ({})", bytes ? ini_text::kDamaged : ini_text::kUnreadable,
                                path_.string());
 }
 
-void IniSettingsStore::open() {
-    // Made before the former one goes: what that one couldn't write is taken over.
-    settings_ = std::make_unique<QSettings>(q(path_.string()), QSettings::IniFormat);
-    static_cast<void>(settings_->allKeys());  // reads all sections now: the status speaks of them
-}
-
-IniSettingsStore::~IniSettingsStore() = default;
-
 std::optional<std::string> IniSettingsStore::read(std::string_view section, std::string_view key) {
-    const QVariant value = settings_->value(full_key(section, key));
-    if (!value.isValid()) return std::nullopt;
-    // A comma that a hand has written without quotes makes a list of the text.
-    if (value.typeId() == QMetaType::QStringList)
-        return value.toStringList().join(", ").toStdString();
-    return value.toString().toStdString();
+    if (const auto found = unsaved_.find({std::string{section}, std::string{key}});
+        found != unsaved_.end())
+        return found->second;
+    return text_.value(section, key);
 }
 
 bool IniSettingsStore::write(std::string_view section, std::string_view key,
                              std::string_view value) {
-    if (!unsaved_ && read(section, key) == std::string{value}) return true;
-    unsaved_ = !(may_write() && keep_damaged_file() && put(section, key, value));
-    if (unsaved_) problem_ = fmt::format("{} ({})", ini_text::kNotWritten, path_.string());
-    return !unsaved_;
+    if (unsaved_.empty() && read(section, key) == value) return true;
+    unsaved_[{std::string{section}, std::string{key}}] = value;
+    if (const auto reason = write_unsaved()) {
+        problem_ = fmt::format("{} ({}: {})", ini_text::kNotWritten, path_.string(), *reason);
+        return false;
+    }
+    unsaved_.clear();
+    return true;
 }
 
-bool IniSettingsStore::put(std::string_view section, std::string_view key, std::string_view value) {
-    settings_->setValue(full_key(section, key), q(value));
-    settings_->sync();
-    // An object's status never gets better: that of the file which was read, or of a write that
-    // failed earlier, would hide how this one went.
-    if (settings_->status() != QSettings::NoError) {
-        open();
-        settings_->sync();
-    }
-    damaged_ = false;
-    return settings_->status() == QSettings::NoError && read(section, key) == std::string{value};
+IniSettingsStore::Reason IniSettingsStore::write_unsaved() {
+    if (auto reason = not_writable()) return reason;
+    std::error_code error;
+    fs::create_directories(path_.parent_path(), error);
+    if (error) return error.message();
+    QLockFile lock{QString::fromStdString(path_.string() + ".lock")};
+    // A lock that isn't given up in the first wait won't be in the next.
+    const bool locked = lock.tryLock(std::exchange(patience_, 0ms));
+    if (!locked && lock.error() == QLockFile::LockFailedError)
+        return reason(std::errc::resource_unavailable_try_again);
+    if (locked) patience_ = kLongestWait;
+    // Where a lock can't even be made, the file can't either, and its reason is the better one.
+    return put_into_file();
 }
 
 // The superuser may write to anything; a file that is marked read-only is meant to stay so.
-bool IniSettingsStore::may_write() {
+IniSettingsStore::Reason IniSettingsStore::not_writable() const {
     std::error_code error;
-    if (!fs::exists(path_, error)) return true;
-    return fs::is_regular_file(path_, error) && has_write_permission(path_);
+    if (!fs::exists(path_, error)) return {};
+    if (fs::is_directory(path_, error)) return reason(std::errc::is_a_directory);
+    if (!fs::is_regular_file(path_, error)) return reason(std::errc::invalid_argument);
+    if (!has_write_permission(path_)) return reason(std::errc::permission_denied);
+    return {};
 }
 
-bool IniSettingsStore::keep_damaged_file() {
-    if (!damaged_) return true;
+IniSettingsStore::Reason IniSettingsStore::put_into_file() {
+    const auto bytes = bytes_of(path_);
+    if (!bytes) return reason(std::errc::io_error);
+    IniText text{*bytes};
+    if (text.damaged())
+        if (auto reason = keep_damaged_file()) return reason;
+    for (const auto& [name, value] : unsaved_) text.set(name.first, name.second, value);
+    const auto written = text.text();
+    if (auto reason = write_whole(path_, written)) return reason;
+    text_ = IniText{written};
+    return {};
+}
+
+IniSettingsStore::Reason IniSettingsStore::keep_damaged_file() const {
     std::error_code error;
     fs::path kept = path_;
     kept += ".bak";
-    for (int copy = 2; fs::exists(kept, error); ++copy)
+    for (int copy = 2; fs::exists(fs::symlink_status(kept, error)); ++copy)
         kept = fmt::format("{}.bak{}", path_.string(), copy);
-    return fs::copy_file(path_, kept, error);
+    fs::copy_file(path_, kept, error);
+    return error ? Reason{error.message()} : Reason{};
 }
 
 }  // namespace quillon

@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 // The settings store: one file of sections, keys and texts, written whole at each change.
 //
-// A damaged file is read as far as it goes and kept beside the new one before it is first written
-// over. A file that can't be written stays as it is, and the run goes on with what it has read.
+// A change is put into the file as it is at that moment, under a lock: another program's changes
+// stay. A damaged file is read as far as it goes and kept beside the new one before it is first
+// written over. A file that can't be written stays as it is, and the run goes on with what it has.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
-#include <memory>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "app/settings.h"
-
-class QSettings;
+#include "platform/ini_text.h"
 
 namespace quillon {
 
@@ -22,7 +24,6 @@ class IniSettingsStore : public SettingsStore {
     // DIR/settings.ini; the user's own configuration folder, which both programs share, where none
     // is named.
     explicit IniSettingsStore(const std::optional<std::filesystem::path>& folder = std::nullopt);
-    ~IniSettingsStore() override;
 
     std::optional<std::string> read(std::string_view section, std::string_view key) override;
     bool write(std::string_view section, std::string_view key, std::string_view value) override;
@@ -31,15 +32,21 @@ class IniSettingsStore : public SettingsStore {
     const std::filesystem::path& path() const { return path_; }
 
   private:
-    void open();
-    bool put(std::string_view section, std::string_view key, std::string_view value);
-    bool may_write();
-    bool keep_damaged_file();
+    using Key = std::pair<std::string, std::string>;  // section, key
+    using Reason = std::optional<std::string>;
+
+    Reason write_unsaved();
+    Reason not_writable() const;
+    Reason put_into_file();
+    Reason keep_damaged_file() const;
+
+    // Another program holds the file for milliseconds only.
+    static constexpr std::chrono::milliseconds kLongestWait{2000};
 
     std::filesystem::path path_;
-    std::unique_ptr<QSettings> settings_;
-    bool damaged_ = false;
-    bool unsaved_ = false;  // the last write failed: a value read back may not be on the disk
+    IniText text_;  // as last read or written
+    std::map<Key, std::string> unsaved_;
+    std::chrono::milliseconds patience_ = kLongestWait;
     std::string problem_;
 };
 

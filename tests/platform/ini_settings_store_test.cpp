@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QSettings>
 #include <filesystem>
 
 #include "support/fakes.h"
@@ -55,6 +56,73 @@ TEST_F(IniSettingsStore_, gives_every_text_back_as_it_was) {
         }
         EXPECT_EQ(later("OPEN_DIR1"), text) << text;
     }
+}
+
+// The words that QSettings takes for data of its own kinds.
+TEST_F(IniSettingsStore_, takes_no_value_for_anything_but_a_text) {
+    const std::string variant = R"(@Variant(\0\0\0\x7f\0\0\0\xfQDateTime))";
+    folder.write("settings.ini", "[Settings6]\nA=" + variant +
+                                     "\nB=@Invalid()\nC=@ByteArray(abc)\nD=@Rect(1 2 3 4)\n");
+    EXPECT_TRUE(later("A").value_or("").starts_with("@Variant("));
+    EXPECT_EQ(later("B"), "@Invalid()");
+    EXPECT_EQ(later("C"), "@ByteArray(abc)");
+    EXPECT_EQ(later("D"), "@Rect(1 2 3 4)");
+}
+
+TEST_F(IniSettingsStore_, reads_and_writes_the_form_of_earlier_versions) {
+    const QString file = QString::fromStdString((folder / "settings.ini").string());
+    for (const QString text : {"", " a ", "c:\\仕事\\a b    PIC16F877A", "a,b, c", "a\tb", "\"q\"",
+                               "a;b#c", "@at", "%20", "[x]=y",
+                               "\x01"
+                               "1F",
+                               "a\r\nb", "ﾌﾟﾛ😀", "\x7f"}) {
+        QSettings{file, QSettings::IniFormat}.setValue("Settings6/OPEN_DIR1", text);
+        EXPECT_EQ(later("OPEN_DIR1"), text.toStdString());
+        IniSettingsStore{folder.path()}.write("Settings6", "OPEN_DIR2", text.toStdString());
+        EXPECT_EQ(QSettings(file, QSettings::IniFormat).value("Settings6/OPEN_DIR2").toString(),
+                  text);
+    }
+}
+
+TEST_F(IniSettingsStore_, keeps_another_programs_changes_and_a_hands_comments) {
+    folder.write("settings.ini", "; mine\n[Settings6]\nComNo=3\n");
+    IniSettingsStore store{folder.path()};
+    EXPECT_TRUE(IniSettingsStore{folder.path()}.write("Settings6", "SkipMode", "1"));
+    EXPECT_TRUE(store.write("Settings6", "ComNo", "4"));
+    EXPECT_EQ(file(), "; mine\n\n[Settings6]\nComNo=4\nSkipMode=1\n");
+}
+
+TEST_F(IniSettingsStore_, keeps_a_link_in_its_place) {
+    fs::create_directory(folder / "real");
+    folder.write("real/settings.ini", "[Settings6]\nComNo=3\n");
+    fs::create_symlink(folder / "real/settings.ini", folder / "settings.ini");
+    EXPECT_TRUE(IniSettingsStore{folder.path()}.write("Settings6", "ComNo", "4"));
+    EXPECT_TRUE(fs::is_symlink(fs::symlink_status(folder / "settings.ini")));
+    EXPECT_EQ(folder.read("real/settings.ini"), "[Settings6]\nComNo=4\n");
+}
+
+TEST_F(IniSettingsStore_, says_why_it_cannot_write) {
+    folder.write("settings.ini", "[Settings6]\nComNo=3\n");
+    IniSettingsStore store{folder.path()};
+    {
+        const test::NoRoom disk{10};
+        EXPECT_FALSE(store.write("Settings6", "ComNo", "4"));
+        EXPECT_NE(store.problem().find("File too large"), std::string::npos) << store.problem();
+    }
+    fs::permissions(folder / "settings.ini", fs::perms::owner_read);
+    EXPECT_FALSE(store.write("Settings6", "ComNo", "5"));
+    EXPECT_NE(store.problem().find("Permission denied"), std::string::npos) << store.problem();
+    EXPECT_EQ(store.read("Settings6", "ComNo"), "5") << "for this run";
+}
+
+// Larger than any settings: it would fill the memory.
+TEST_F(IniSettingsStore_, reads_no_file_that_is_far_too_large) {
+    folder.write("settings.ini", "[Settings6]\nComNo=3\n");
+    fs::resize_file(folder / "settings.ini", std::uintmax_t{1} << 40);
+    IniSettingsStore store{folder.path()};
+    EXPECT_EQ(store.read("Settings6", "ComNo"), std::nullopt);
+    EXPECT_NE(store.problem(), "");
+    EXPECT_FALSE(store.write("Settings6", "ComNo", "4"));
 }
 
 TEST_F(IniSettingsStore_, keeps_keys_apart_that_hold_separators) {
