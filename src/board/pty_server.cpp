@@ -5,6 +5,8 @@
 #include <poll.h>
 #include <stdlib.h>
 #include <sys/eventfd.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <termios.h>
 #include <time.h>
@@ -13,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <random>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -23,6 +26,8 @@ namespace {
 using Time = Host::Time;
 
 constexpr Time kSecond = std::chrono::seconds{1};
+// How often the terminal is looked at for a host that was killed.
+constexpr Time kLook = std::chrono::milliseconds{250};
 
 Time now() {
     timespec time{};
@@ -43,6 +48,19 @@ void set_raw(int terminal) {
     if (::tcgetattr(terminal, &settings) != 0) fail("pseudo-terminal settings");
     ::cfmakeraw(&settings);
     if (::tcsetattr(terminal, TCSANOW, &settings) != 0) fail("pseudo-terminal settings");
+}
+
+// A new link under a name that nobody has; nothing that is there is replaced.
+std::filesystem::path make_link_beside(const std::filesystem::path& link, const std::string& to) {
+    std::random_device random;
+    for (;;) {
+        auto beside = link;
+        beside += '.' + std::to_string(random());
+        std::error_code error;
+        std::filesystem::create_symlink(to, beside, error);
+        if (!error) return beside;
+        if (error != std::errc::file_exists) throw std::system_error{error, link.string()};
+    }
 }
 
 void rest(Time time) {
@@ -150,6 +168,20 @@ void PtyServer::close_terminal() {
         if (*file >= 0) ::close(std::exchange(*file, -1));
 }
 
+// A host that asks for exclusive use takes that back when it closes the terminal. One that was
+// killed can't, and the mark outlives it because the terminal is held open here: from then on only
+// the superuser could open it. A host that lives holds a lock beside the mark.
+void PtyServer::free_abandoned() {
+    const Time time = now();
+    if (time - looked_at_ < kLook) return;
+    looked_at_ = time;
+    int exclusive = 0;
+    if (::ioctl(slave_, TIOCGEXCL, &exclusive) != 0 || exclusive == 0) return;
+    if (::flock(slave_, LOCK_EX | LOCK_NB) != 0) return;
+    ::ioctl(slave_, TIOCNXCL);
+    ::flock(slave_, LOCK_UN);
+}
+
 // Made beside the link and moved onto it: whoever looks finds the old one or the new one.
 void PtyServer::make_link() {
     namespace fs = std::filesystem;
@@ -159,11 +191,13 @@ void PtyServer::make_link() {
         errno = EEXIST;
         fail(options_.link.string());
     }
-    auto beside = options_.link;
-    beside += ".new";
-    fs::remove(beside, error);
-    fs::create_symlink(path_, beside);
-    fs::rename(beside, options_.link);
+    const auto beside = make_link_beside(options_.link, path_);
+    fs::rename(beside, options_.link, error);
+    if (error) {
+        std::error_code ignored;
+        fs::remove(beside, ignored);
+        throw std::system_error{error, options_.link.string()};
+    }
     linked_ = true;
 }
 
@@ -196,6 +230,7 @@ void PtyServer::serve(const std::stop_token& stop) {
     const std::stop_callback wake{stop, [this] { ::eventfd_write(stop_event_, 1); }};
     horizon_ = now();
     while (!stop.stop_requested() && !board_.unplugged()) {
+        free_abandoned();
         take_from_host();
         schedule();
         hand_to_host();
@@ -247,15 +282,13 @@ void PtyServer::wait() {
         const Time due = output_.front().due - delay_out_;
         next = next ? std::min(*next, due) : due;
     }
-    timespec left{};
-    if (next) {
-        const Time time = *next - now() - Time{options_.spin};
-        if (time <= Time{0}) return;
-        left = timespec_of(time);
-    }
+    Time time = kLook;
+    if (next) time = std::min(time, *next - now() - Time{options_.spin});
+    if (time <= Time{0}) return;
+    const timespec left = timespec_of(time);
     std::array<pollfd, 2> events{{{.fd = master_, .events = POLLIN, .revents = 0},
                                   {.fd = stop_event_, .events = POLLIN, .revents = 0}}};
-    ::ppoll(events.data(), events.size(), next ? &left : nullptr, nullptr);
+    ::ppoll(events.data(), events.size(), &left, nullptr);
 }
 
 }  // namespace quillon

@@ -49,7 +49,7 @@ class PtyServer {
     PtyServer(const PtyServer&) = delete;
     PtyServer& operator=(const PtyServer&) = delete;
 
-    // "/dev/pts/7". The host may open and close it as often as it likes.
+    // "/dev/pts/7". The host may open and close it as often as it likes, and be killed.
     const std::string& path() const { return path_; }
 
     // Serves until it is told to stop or the board's cable is pulled out (a fault), which closes
@@ -70,6 +70,7 @@ class PtyServer {
     void open_terminal();
     void make_link();
     void remove_link();
+    void free_abandoned();
     void close_terminal();
     void measure();
     void take_from_host();
@@ -92,6 +93,7 @@ class PtyServer {
     SerialLine out_;
     std::deque<Byte> output_;
     Time handed_over_{};  // when the last byte that the host has was due
+    Time looked_at_{};    // when the terminal's exclusive use was last looked at
     Time horizon_{};      // how far the board has been carried on
 };
 

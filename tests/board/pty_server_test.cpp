@@ -5,6 +5,10 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -13,6 +17,7 @@
 
 #include "board_driver.h"
 #include "support/fakes.h"
+#include "support/ordinary_user.h"
 
 namespace quillon {
 namespace {
@@ -123,6 +128,36 @@ TEST(PtyServer, lives_on_when_the_host_closes_and_comes_back) {
     }
 }
 
+// Another program: takes the terminal for itself as a serial port's user does, and waits.
+pid_t exclusive_user(const std::string& path) {
+    const pid_t user = ::fork();
+    if (user != 0) return user;
+    const int file = ::open(path.c_str(), O_RDWR | O_NOCTTY);
+    ::ioctl(file, TIOCEXCL);
+    ::flock(file, LOCK_EX);
+    for (;;) ::pause();
+}
+
+bool becomes(bool open, const std::string& path) {
+    const auto limit = Clock::now() + 10s;
+    while (Terminal{path}.is_open() != open && Clock::now() < limit)
+        std::this_thread::sleep_for(10ms);
+    return Terminal{path}.is_open() == open;
+}
+
+// The superuser passes a mark of exclusive use: it takes a user without rights to meet it.
+TEST(PtyServer, is_free_again_after_its_user_was_killed_and_not_before) {
+    const test::OrdinaryUser user;
+    const Service service;
+    const pid_t other = exclusive_user(service.server.path());
+    EXPECT_TRUE(becomes(false, service.server.path()));
+    std::this_thread::sleep_for(700ms);
+    EXPECT_FALSE(Terminal{service.server.path()}.is_open()) << "the user still has it";
+    ::kill(other, SIGKILL);
+    ::waitpid(other, nullptr, 0);
+    EXPECT_TRUE(becomes(true, service.server.path()));
+}
+
 TEST(PtyServer, stops_when_it_is_told_to) {
     Service service;
     const auto start = Clock::now();
@@ -152,11 +187,12 @@ TEST(PtyServer, makes_and_removes_a_link_to_its_terminal) {
     const test::TempFolder folder;
     const auto link = folder / "board";
     std::filesystem::create_symlink("/nowhere", link);
+    folder.write("board.new", "somebody's");
     {
         const Service service{PtyOptions{.link = link, .measurements = 4}};
         EXPECT_EQ(std::filesystem::read_symlink(link), service.server.path());
-        EXPECT_FALSE(std::filesystem::exists(folder / "board.new"));
     }
+    EXPECT_EQ(folder.read("board.new"), "somebody's");
     EXPECT_FALSE(std::filesystem::is_symlink(std::filesystem::symlink_status(link)));
 }
 
