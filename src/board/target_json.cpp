@@ -7,7 +7,6 @@
 #include <array>
 #include <charconv>
 #include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <utility>
@@ -20,6 +19,8 @@ using Json = nlohmann::ordered_json;
 constexpr std::size_t kRow = 16;
 constexpr std::size_t kMostWords = 0x100000;
 constexpr std::size_t kMostCells = 0x10000;
+// The largest target takes a third of it.
+constexpr std::uintmax_t kMostBytes = 16 * 1024 * 1024;
 
 constexpr std::array<std::pair<Core, std::string_view>, 3> kCores{
     {{Core::Bits12, "12-bit"}, {Core::Bits14, "14-bit"}, {Core::Pic18, "pic18"}}};
@@ -193,6 +194,18 @@ SimulatedTarget target_of(const Json& json) {
     return target;
 }
 
+// Why a file isn't read at all, "" where it is.
+std::string refusal(const std::filesystem::path& file) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const auto status = fs::status(file, error);
+    if (!fs::exists(status)) return "there is no such file";
+    if (fs::is_directory(status)) return "it is a folder";
+    if (!fs::is_regular_file(status)) return "it is a device or a pipe, not a file";
+    if (fs::file_size(file, error) > kMostBytes) return "it is larger than 16 MB";
+    return {};
+}
+
 }  // namespace
 
 Json to_json(const SimulatedTarget& target) {
@@ -231,28 +244,15 @@ TargetReading read_target(std::string_view text) {
 }
 
 TargetReading load_target(const std::filesystem::path& file) {
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(file, ignored))
-        return {std::nullopt, "there is no such file"};
+    if (auto reason = refusal(file); !reason.empty()) return {std::nullopt, std::move(reason)};
+    std::error_code error;
+    std::string text(static_cast<std::size_t>(std::filesystem::file_size(file, error)), '\0');
     std::ifstream stream{file, std::ios::binary};
-    const std::string text{std::istreambuf_iterator<char>{stream}, {}};
-    if (!stream.is_open() || stream.bad()) return {std::nullopt, "it can't be read"};
+    if (error || !stream.read(text.data(), static_cast<std::streamsize>(text.size())))
+        return {std::nullopt, "it can't be read"};
     return read_target(text);
 }
 
-// Written beside the file and moved onto it.
-std::string save_target(const SimulatedTarget& target, const std::filesystem::path& file) {
-    auto beside = file;
-    beside += ".new";
-    std::ofstream stream{beside, std::ios::binary | std::ios::trunc};
-    stream << to_json(target).dump(1) << '\n';
-    stream.close();
-    std::error_code error;
-    if (stream) std::filesystem::rename(beside, file, error);
-    if (stream && !error) return {};
-    std::error_code ignored;
-    std::filesystem::remove(beside, ignored);
-    return "it can't be written";
-}
+std::string target_text(const SimulatedTarget& target) { return to_json(target).dump(1) + '\n'; }
 
 }  // namespace quillon

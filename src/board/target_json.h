@@ -26,10 +26,9 @@ struct TargetReading {
 // Text of a file; nothing but a whole and sound target is taken.
 TargetReading read_target(std::string_view text);
 
-// The errors of the two below don't name the file.
+// The error doesn't name the file. What is no file, or too large for a target, isn't even read.
 TargetReading load_target(const std::filesystem::path& file);
-// Replaces the file as a whole, so that an interrupted call leaves the old one. The error, "" if
-// all went well.
-std::string save_target(const SimulatedTarget& target, const std::filesystem::path& file);
+// The text of such a file.
+std::string target_text(const SimulatedTarget& target);
 
 }  // namespace quillon

@@ -8,6 +8,7 @@
 #include "board/session_facts.h"
 #include "board/target_json.h"
 #include "cli/cli_texts.h"
+#include "platform/whole_file.h"
 
 namespace quillon::cli {
 
@@ -28,9 +29,9 @@ std::optional<std::string> SimulatedSocket::insert(const Session& session) {
 
 std::optional<std::string> SimulatedSocket::save() const {
     if (!file_ || !inserted_) return {};
-    const auto error = save_target(board_.target(), *file_);
-    if (error.empty()) return {};
-    return fmt::format(text::kCantWrite, file_->string(), error);
+    const auto problem = write_whole(*file_, target_text(board_.target()));
+    if (!problem) return {};
+    return fmt::format(text::kCantWrite, file_->string(), *problem);
 }
 
 }  // namespace quillon::cli

@@ -86,27 +86,32 @@ TEST(target_json, tells_what_is_damaged) {
     EXPECT_EQ(error_of(with("/part/algorithm", "")), "\"algorithm\" is not one letter");
 }
 
-TEST(target_json, a_file_is_saved_whole_and_loaded_again) {
+TEST(target_json, a_target_is_loaded_as_it_was_written) {
     const test::TempFolder folder;
     auto target = blank_target(facts_16f877a());
     target.eeprom[0] = 0x12;
-    EXPECT_EQ(save_target(target, folder / "socket.json"), "");
-    EXPECT_FALSE(std::filesystem::exists(folder / "socket.json.new"));
+    folder.write("socket.json", target_text(target));
     const auto reading = load_target(folder / "socket.json");
     ASSERT_TRUE(reading.target.has_value()) << reading.error;
     EXPECT_EQ(*reading.target, target);
 }
 
-TEST(target_json, a_file_that_cannot_be_read_or_written_is_told) {
+TEST(target_json, a_file_that_cannot_be_read_says_why) {
     const test::TempFolder folder;
     EXPECT_EQ(load_target(folder / "absent.json").error, "there is no such file");
-    EXPECT_EQ(load_target(folder.path()).error, "there is no such file");
+    EXPECT_EQ(load_target(folder.path()).error, "it is a folder");
+    EXPECT_EQ(load_target("/dev/full").error, "it is a device or a pipe, not a file");
     EXPECT_EQ(load_target(folder.write("bad.json", "{}")).error, "\"device\" is missing");
-    const auto target = blank_target(facts_16f877a());
-    EXPECT_EQ(save_target(target, folder / "no/folder.json"), "it can't be written");
-    std::filesystem::create_directory(folder / "dir.json");
-    EXPECT_EQ(save_target(target, folder / "dir.json"), "it can't be written");
-    EXPECT_FALSE(std::filesystem::exists(folder / "dir.json.new"));
+}
+
+// A file with a hole takes no room on the disk and would take all of it in memory.
+TEST(target_json, a_file_over_16_MB_is_refused_before_it_is_read) {
+    const test::TempFolder folder;
+    const auto file = folder.write("large.json", "{}");
+    std::filesystem::resize_file(file, 16 * 1024 * 1024);
+    EXPECT_EQ(load_target(file).error, "\"device\" is missing");
+    std::filesystem::resize_file(file, std::uintmax_t{1} << 40);
+    EXPECT_EQ(load_target(file).error, "it is larger than 16 MB");
 }
 
 }  // namespace
