@@ -39,7 +39,10 @@ void Messages::AddMessage(std::string_view main_text, std::string_view extra) {
     show(std::move(message));
 }
 
+// A name from outside that a text holds must not steer the terminal on which it is shown.
 void Messages::show(ShownMessage message) {
+    message.text = printable_lines(message.text);
+    message.extra = printable_lines(message.extra);
     const std::string line = fmt::format("{} {}", message.text, message.extra);
     form_.LabelCmt.ForeColor.set(message.colour);
     form_.LabelCmt.Caption.set(

@@ -33,6 +33,29 @@ std::size_t utf8_length(std::string_view bytes) {
     return length;
 }
 
+// C0, DEL and C1, which is two bytes in UTF-8.
+bool is_control(std::string_view character) {
+    const auto first = static_cast<unsigned char>(character.front());
+    if (character.size() == 1) return first < 0x20 || first == 0x7F;
+    return character.size() == 2 && first == 0xC2 &&
+           static_cast<unsigned char>(character.back()) < 0xA0;
+}
+
+std::string shown(std::string_view text, std::string_view kept) {
+    std::string result;
+    while (!text.empty()) {
+        const auto length = utf8_length(text);
+        const auto character = text.substr(0, std::max<std::size_t>(length, 1));
+        const bool plain = length != 0 && !is_control(character);
+        if (plain || kept.find(character) != std::string_view::npos)
+            result += character;
+        else
+            result += fmt::format("\\x{:02X}", static_cast<unsigned char>(character.back()));
+        text.remove_prefix(character.size());
+    }
+    return result;
+}
+
 }  // namespace
 
 std::string upper(std::string_view text) {
@@ -72,6 +95,10 @@ std::string hex_bytes(std::span<const std::uint8_t> bytes) {
     for (const auto byte : bytes) result += hex(byte, 2);
     return result;
 }
+
+std::string printable(std::string_view text) { return shown(text, ""); }
+
+std::string printable_lines(std::string_view text) { return shown(text, "\r\n"); }
 
 bool is_utf8(std::string_view bytes) {
     // Most of a file is plain ASCII: eight bytes at a time until one isn't.

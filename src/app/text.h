@@ -22,6 +22,11 @@ std::optional<unsigned> hex_digit(char digit);
 std::string hex(std::uint64_t value, int digits);
 // Two digits a byte, with nothing between.
 std::string hex_bytes(std::span<const std::uint8_t> bytes);
+// The text with every control character, and every byte that isn't UTF-8, shown as "\x1B": so that
+// a name from outside neither steers a terminal nor ends a line.
+std::string printable(std::string_view text);
+// The same for a text of several lines: CR and LF stay.
+std::string printable_lines(std::string_view text);
 // True for well-formed UTF-8 (plain ASCII is).
 bool is_utf8(std::string_view bytes);
 

@@ -63,7 +63,7 @@ CliDialogs::Reply CliDialogs::reply(const std::string& name, const std::vector<s
 
 std::optional<std::string> CliDialogs::typed(const std::vector<std::string>& lines,
                                              std::span<const std::string_view> choices) {
-    for (const auto& line : lines) console_.err << line << '\n';
+    for (const auto& line : lines) console_.err << printable(line) << '\n';
     for (;;) {
         console_.err << fmt::format("({}) ", fmt::join(choices, "/")) << std::flush;
         const auto line = console_.terminal.read_line([this] { host_.pump(); });

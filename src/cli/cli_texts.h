@@ -41,6 +41,8 @@ inline constexpr std::string_view kNoDevice =
     "no device is selected: name one with --device (quillon-cli devices lists them)";
 inline constexpr std::string_view kNoCatalogue = "can't read the catalogue {}";
 inline constexpr std::string_view kNoWorkFolder = "can't work in {}";
+inline constexpr std::string_view kInterrupted = "interrupted before the operation began";
+inline constexpr std::string_view kOutOfTime = "the deadline passed before the operation began";
 inline constexpr std::string_view kStandardOutput = "standard output";
 inline constexpr std::string_view kCantWrite = "can't write {}: {}";
 

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <fmt/format.h>
+
 #include <nlohmann/json.hpp>
 
 #include "app/text.h"
@@ -37,6 +39,23 @@ Json words(BoxButtons buttons) {
             break;
     }
     return Json::array({"ok"});
+}
+
+// The control characters that JSON leaves as they are and a terminal doesn't: DEL, and C1, which is
+// two bytes in UTF-8. Outside of its texts the JSON is plain ASCII.
+std::string escape_controls(std::string_view json) {
+    std::string escaped;
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(json[i]);
+        const bool c1 = byte == 0xC2 && static_cast<unsigned char>(json[i + 1]) < 0xA0;
+        if (c1)
+            escaped += fmt::format("\\u{:04x}", static_cast<unsigned char>(json[++i]));
+        else if (byte == 0x7F)
+            escaped += "\\u007f";
+        else
+            escaped += json[i];
+    }
+    return escaped;
 }
 
 class JsonEvents : public Events {
@@ -100,7 +119,8 @@ class JsonEvents : public Events {
   private:
     void print(const Json& event) {
         // A text from outside that isn't UTF-8 must not cost the event.
-        out_ << event.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n' << std::flush;
+        out_ << escape_controls(event.dump(-1, ' ', false, Json::error_handler_t::replace)) << '\n'
+             << std::flush;
     }
 
     std::ostream& out_;

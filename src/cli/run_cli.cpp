@@ -7,6 +7,7 @@
 #include <exception>
 #include <optional>
 
+#include "app/text.h"
 #include "cli/cli_dialogs.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
@@ -34,7 +35,7 @@ int end_unparsed(const ParsedLine& line, std::span<const std::string> arguments,
         console.out << line.text << std::flush;
         return line.exit;
     }
-    console.err << line.text << std::flush;
+    console.err << printable_lines(line.text) << std::flush;
     if (std::ranges::count(arguments, "--json") > 0) {
         Result result;
         result.status = "usage";
@@ -62,9 +63,12 @@ Finish guarded(const Options& options, QtHost& host, TimeSource& time, Events& e
     try {
         return run_on(options, host, time, events, console, trace);
     } catch (const Abandoned& abandoned) {
-        // Given up outside of an operation: nothing is in hand.
-        return Finish::of(abandoned.reason == Abandoned::Reason::PortLost ? Outcome::PortLost
-                                                                          : Outcome::GivenUp);
+        // Given up outside of an operation: nothing is in hand, and no flow has said so.
+        if (abandoned.reason == Abandoned::Reason::PortLost) return Finish::of(Outcome::PortLost);
+        auto finish = Finish::of(Outcome::GivenUp);
+        finish.result.error =
+            abandoned.reason == Abandoned::Reason::Deadline ? text::kOutOfTime : text::kInterrupted;
+        return finish;
     } catch (const std::exception& error) {
         return Finish::complain(kFailed, error.what());
     }
@@ -97,7 +101,8 @@ int run_options(const Options& options, Console& console, const Machine& machine
 
     auto finish = traced(options, *host, *time, *events, console);
     if (!finish.result.error.empty())
-        console.err << text::kProgram << ": " << finish.result.error << '\n' << std::flush;
+        console.err << text::kProgram << ": " << printable(finish.result.error) << '\n'
+                    << std::flush;
     finish.result.operation = options.operation;
     finish.result.seconds =
         static_cast<double>(

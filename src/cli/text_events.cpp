@@ -65,19 +65,19 @@ class TextEvents : public Events {
     }
     // The log is a file for the user to keep; its line has been shown as a message already.
     void log(const std::string&) override {}
-    void device(const ListedDevice& device) override { print(device.name, false); }
-    void serving(const std::string& path) override { print(path, false); }
+    void device(const ListedDevice& device) override { print(printable(device.name), false); }
+    void serving(const std::string& path) override { print(printable(path), false); }
     void result(const Result& result) override {
         progress_off();
         for (const auto& mismatch : result.mismatches) print(mismatch, false);
-        if (!result.FirmwareText.empty()) print(result.FirmwareText, false);
+        if (!result.FirmwareText.empty()) print(printable(result.FirmwareText), false);
     }
 
   private:
     void print(std::string_view text, bool red) {
         progress_off();
         for (const auto& raw : lines_of(text)) {
-            const auto line = trimmed(raw);
+            const auto line = printable(trimmed(raw));
             if (line.empty()) continue;
             if (red && style_.colours)
                 out_ << kRed << line << kNormal << '\n';

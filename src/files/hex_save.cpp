@@ -3,6 +3,7 @@
 #include <string>
 #include <system_error>
 
+#include "app/text.h"
 #include "files/hex_files.h"
 #include "files/hex_files_texts.h"
 #include "hex/hex_writer.h"
@@ -54,7 +55,8 @@ void HexFiles::take_as_saved(const fs::path& path) {
     session_.HexFilePath = text_of(path);
     show_name(path);
     settings_.save("SAVE_DIR", text_of(path.parent_path()));
-    messages_.ShowMessage(text_of(path.filename()) + std::string{hex_files_text::kSaved});
+    messages_.ShowMessage(printable(text_of(path.filename())) +
+                          std::string{hex_files_text::kSaved});
     // What was written stands where the reader, as it is set, finds something else.
     if (form_.HexFileCheck.Checked.get() && has_full_addresses(session_.DeviceName) &&
         hex_addresses(form_, session_.DeviceName) == HexAddresses::Folded &&

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "app/text.h"
 #include "link/link_texts.h"
 #include "link/wait.h"
 
@@ -58,7 +59,7 @@ std::string Link::read_identity() {
 
 void Link::show_board() {
     form_.Label_FirmwareVersion.Caption.set(
-        fmt::format(link_text::kLabelFound, session_.ComNo, session_.FirmVersionText));
+        fmt::format(link_text::kLabelFound, session_.ComNo, printable(session_.FirmVersionText)));
     form_.Label_FirmwareVersion.BackColor.set(Colour::Found);
 }
 
@@ -222,7 +223,7 @@ void Link::Firm_Version_Check() {
         session_.FirmwareText.empty() ? session_.FirmVersionText : session_.FirmwareText;
     const auto answer = dialogs_.box({
         .title = std::string{link_text::kUpdateTitle},
-        .text = fmt::format(link_text::kUpdateAdvice, link_text::kSupportPage, current,
+        .text = fmt::format(link_text::kUpdateAdvice, link_text::kSupportPage, printable(current),
                             kRecommendedVersion),
         .icon = BoxIcon::Critical,
         .buttons = BoxButtons::OkCancel,

@@ -44,6 +44,33 @@ TEST(hex, has_at_least_the_digits_asked_for) {
     EXPECT_EQ(hex_bytes({}), "");
 }
 
+TEST(printable, shows_what_a_terminal_would_obey_by_its_code) {
+    EXPECT_EQ(printable("a\x1b[31mb"), "a\\x1B[31mb");
+    EXPECT_EQ(printable("a\r\n\tb\x7f"), "a\\x0D\\x0A\\x09b\\x7F");
+    EXPECT_EQ(printable(std::string_view{"\0", 1}), "\\x00");
+    EXPECT_EQ(printable("\xC2\x9B"
+                        "2J"),
+              "\\x9B2J")
+        << "one character for ESC and [";
+    EXPECT_EQ(printable("\xC2\xA0"), "\xC2\xA0") << "the first character behind them";
+}
+
+TEST(printable, shows_bytes_that_are_no_text_by_their_code) {
+    EXPECT_EQ(printable("\x9B"
+                        "2J"),
+              "\\x9B2J");
+    EXPECT_EQ(printable("\xE3\x81"), "\\xE3\\x81");
+}
+
+TEST(printable, leaves_other_characters_alone) {
+    for (const auto* text : {"", "PIC16F877A", "c:\\仕事\\a b", "ﾌﾟﾛｸﾞﾗﾑ　", "\xF0\x9F\x98\x80"})
+        EXPECT_EQ(printable(text), text);
+}
+
+TEST(printable_lines, keeps_the_ends_of_lines_and_nothing_else) {
+    EXPECT_EQ(printable_lines("a\r\nb\tc\x1b"), "a\r\nb\\x09c\\x1B");
+}
+
 TEST(is_utf8, takes_well_formed_sequences) {
     EXPECT_TRUE(is_utf8(""));
     EXPECT_TRUE(is_utf8("MOVLW 0x80"));
