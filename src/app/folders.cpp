@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/folders_texts.h"
+#include "app/own_files.h"
 #include "app/text.h"
 
 namespace quillon {
@@ -97,13 +98,10 @@ bool is_read_only(const fs::path& name) {
 bool takes_files(const fs::path& folder) {
     const fs::path probe = folder / "QUILLON_WRITE_TEST.tmp";
     std::error_code error;
-    if (fs::exists(probe, error)) return !is_read_only(probe);
-    std::ofstream file{probe};
-    file << 'x';
-    file.close();
-    const bool taken = !file.fail();
-    fs::remove(probe, error);
-    return taken;
+    if (fs::is_regular_file(fs::symlink_status(probe, error))) return !is_read_only(probe);
+    const bool taken = write_fresh(probe, "x");
+    // Two programs that start at once meet at this name: where one could write, the other can.
+    return fs::remove(probe, error) || taken;
 }
 
 bool MakeFolder(std::string& path, Ask ask, Dialogs& dialogs) {

@@ -5,13 +5,13 @@
 // that was there can be put back. A crash on the way leaves one gap in the chain, and the oldest
 // file aside says that it is one: the next start takes the moves back and begins anew. A gap that
 // the user has made is filled with an empty file.
-#include <fstream>
 #include <ranges>
 #include <system_error>
 #include <utility>
 #include <vector>
 
 #include "app/operation_log.h"
+#include "app/own_files.h"
 
 namespace quillon {
 
@@ -57,7 +57,7 @@ bool complete_chain(const fs::path& folder) {
     std::error_code error;
     for (const auto name : kLogFiles) {
         const fs::path path = folder / name;
-        if (!fs::exists(path, error)) std::ofstream{path};
+        if (!fs::exists(path, error)) write_fresh(path, "");
         if (!fs::is_regular_file(path, error)) return false;
     }
     return true;

@@ -4,10 +4,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <fstream>
 #include <system_error>
 
 #include "app/operation_log_texts.h"
+#include "app/own_files.h"
+#include "app/text.h"
 
 namespace quillon {
 
@@ -16,19 +17,6 @@ namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
-// The types whose calibration word was read or written along with the part.
-// Text mode: the line ends as lines end on this platform.
-bool write_line(const fs::path& path, const std::string& line) {
-    std::error_code ignored;
-    const auto before = fs::file_size(path, ignored);
-    const bool existed = !ignored;
-    std::ofstream file{path, std::ios::app};
-    file << line << '\n';
-    file.close();
-    if (!file.fail()) return true;
-    if (existed && fs::is_regular_file(path, ignored)) fs::resize_file(path, before, ignored);
-    return false;
-}
 
 }  // namespace
 
@@ -38,15 +26,17 @@ std::string log_time(const std::tm& time) {
 }
 
 void OperationLog::LOG_data_write() {
-    std::string line = fmt::format("{}  {}  ID:{}  ", session_.FailDetail, session_.DeviceName,
-                                   form_.Text_ID.Text.get());
+    std::string line =
+        fmt::format("{}  {}  ID:{}  ", printable(session_.FailDetail),
+                    printable(session_.DeviceName), printable(form_.Text_ID.Text.get()));
     if (logs_calibration(session_.PgmType))
-        line += form_.Lbl_Calib_ReadWrite_Data.Caption.get() + "  ";
-    append(fmt::format("{}{}\t{}", line, session_.LoadedHexPath, log_time(host_.local_time())));
+        line += printable(form_.Lbl_Calib_ReadWrite_Data.Caption.get()) + "  ";
+    append(fmt::format("{}{}\t{}", line, printable(session_.LoadedHexPath),
+                       log_time(host_.local_time())));
 }
 
 void OperationLog::note(std::string_view text) {
-    append(fmt::format("{}\t\t{}", text, log_time(host_.local_time())));
+    append(fmt::format("{}\t\t{}", printable(text), log_time(host_.local_time())));
 }
 
 void OperationLog::append(const std::string& line) {
@@ -54,7 +44,7 @@ void OperationLog::append(const std::string& line) {
     // is gone has to be reported.
     std::error_code ignored;
     fs::create_directory(session_.TempDir, ignored);
-    if (!write_line(fs::path{session_.TempDir} / kLogFiles.front(), line)) {
+    if (!append_line(fs::path{session_.TempDir} / kLogFiles.front(), line)) {
         tell_once();
         return;
     }
@@ -69,7 +59,7 @@ void OperationLog::tell_once() {
     told_ = true;
     const bool red = form_.LabelCmt.ForeColor.get() == Colour::Red;
     messages_.AddMessage(fmt::format("{}{}", red ? "red" : "", log_text::kNotWritten),
-                         (fs::path{session_.TempDir} / kLogFiles.front()).string());
+                         printable((fs::path{session_.TempDir} / kLogFiles.front()).string()));
 }
 
 void mnuLogFileOpen(const Session& session, Host& host, Messages& messages) {

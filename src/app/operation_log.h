@@ -2,7 +2,8 @@
 // The operation log: a chain of text files in TempDir, "LOG_NEW0.txt" the current one.
 //
 // A line is written whole or not at all: what a full disk cut off is taken back, so that the next
-// line doesn't run into half of this one.
+// line doesn't run into half of this one. Control characters in a name are shown escaped, so that
+// no name can add a field or a line.
 #pragma once
 
 #include <array>

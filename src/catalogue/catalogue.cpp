@@ -5,9 +5,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <utility>
 
+#include "app/own_files.h"
 #include "app/text.h"
 #include "catalogue/catalogue_file.h"
 #include "catalogue/catalogue_texts.h"
@@ -81,8 +81,9 @@ bool Catalogue::scan_names(LineReader reader) {
 // folder it would land wherever the program was started.
 void Catalogue::write_device_list() const {
     if (session_.TempDir.empty()) return;
-    std::ofstream file{session_.TempDir + "Support_PIC_List.txt", std::ios::binary};
-    for (const auto& name : form_.Combo_device.Items.get()) file << name << '\n';
+    std::string list;
+    for (const auto& name : form_.Combo_device.Items.get()) list += name + '\n';
+    write_fresh(session_.TempDir + "Support_PIC_List.txt", list);
 }
 
 void Catalogue::fail_start() {

@@ -3,9 +3,11 @@
 
 #include <fmt/format.h>
 
+#include <QDir>
 #include <utility>
 #include <vector>
 
+#include "app/folders.h"
 #include "cli/cli_texts.h"
 #include "cli/dump.h"
 #include "cli/set_controls.h"
@@ -52,6 +54,12 @@ Commands::Commands(const Options& options, Run& run, QtHost& host, Ports& ports,
     : options_{options}, run_{run}, host_{host}, ports_{ports}, events_{events} {}
 
 Finish Commands::execute() {
+    auto finish = carry_out();
+    tell_unsaved_settings();
+    return finish;
+}
+
+Finish Commands::carry_out() {
     tell_changes();
     if (auto ending = start()) return *ending;
     if (options_.command == Command::Devices) return list_devices();
@@ -106,8 +114,23 @@ Commands::Ending Commands::start() {
             return Finish::complain(kFailed,
                                     fmt::format(text::kNoWorkFolder, run_.session.TempDir));
     }
+    use_own_display_files();
+    known_problem_ = run_.settings.problem();
     ports_.choose(run_);
     return {};
+}
+
+// Several runs may share a work folder, as on a production line, also with the window. Where there
+// is no room for temporary files the views do without.
+void Commands::use_own_display_files() {
+    auto& folder = display_files_.emplace(QDir::tempPath() + "/quillon-cli-XXXXXX");
+    run_.views.keep_files_in(folder.isValid() ? with_separator(folder.path().toStdString()) : "");
+}
+
+// Nothing that a command is asked for: the operation keeps its status.
+void Commands::tell_unsaved_settings() {
+    const auto problem = run_.settings.problem();
+    if (!problem.empty() && problem != known_problem_) run_.messages.AddMessage(problem);
 }
 
 // The choice is made here and carried out once: by the Open sequence where a file is opened, whose

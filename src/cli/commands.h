@@ -5,6 +5,7 @@
 // in the simulated socket, the flow behind the window's button, the dump.
 #pragma once
 
+#include <QTemporaryDir>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,8 +39,11 @@ class Commands {
   private:
     using Ending = std::optional<Finish>;  // nothing: go on
 
+    Finish carry_out();
     void tell_changes();
     Ending start();
+    void use_own_display_files();
+    void tell_unsaved_settings();
     Ending choose_device();
     Ending open_file();
     Ending operate();
@@ -55,6 +59,8 @@ class Commands {
     QtHost& host_;
     Ports& ports_;
     Events& events_;
+    std::optional<QTemporaryDir> display_files_;  // gone at the end of the run
+    std::string known_problem_;                   // of the settings, reported at the start
     std::vector<Connection> connections_;
     int told_value_ = -1;  // of the progress bar
     int told_max_ = -1;

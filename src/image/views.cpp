@@ -10,14 +10,12 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <filesystem>
-#include <fstream>
 #include <span>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
+#include "app/own_files.h"
 #include "app/text.h"
 #include "image/file_names.h"
 #include "image/fill.h"
@@ -110,38 +108,10 @@ std::string eeprom_text(std::span<const std::uint8_t> cells) {
     return text;
 }
 
-// The view is shown even without its file: a full disk must not take the image from the user's
-// sight.
-//
-// The file is written over and then cut, never emptied first: some file systems bring a file that
-// was emptied to the disk before its close returns, which held up a selection for up to 160 ms.
-void write_display_file(std::string_view TempDir, std::string_view name, std::string_view text) {
-    if (TempDir.empty()) return;
-    const std::filesystem::path path = path_of(TempDir) / name;
-    std::ofstream file{path, std::ios::binary | std::ios::in | std::ios::out};
-    if (!file.is_open()) file.open(path, std::ios::binary | std::ios::out);
-    file.write(text.data(), static_cast<std::streamsize>(text.size()));
-    file.close();
-    std::error_code error;
-    const auto length = std::filesystem::file_size(path, error);
-    if (!error && length > text.size()) std::filesystem::resize_file(path, text.size(), error);
-}
-
 void load(RichTextBox& box, std::string text) {
     box.Redraw.set(false);
     box.Text.set(std::move(text));
     box.Redraw.set(true);
-}
-
-// Hidden while it changes, then as it was before.
-void show_eeprom_text(const Session& session, MainForm& form, std::string text) {
-    auto& box = form.rText_EepromMem;
-    const bool visible = box.Visible.get();
-    box.Visible.set(false);
-    box.Text.set("");
-    write_display_file(session.TempDir, kEepromFile, text);
-    load(box, std::move(text));
-    box.Visible.set(visible);
 }
 
 std::string id_digits(const Session& session) {
@@ -165,6 +135,27 @@ std::string binary_word_digits(const Session& session, std::size_t index) {
 
 }  // namespace
 
+// The view is shown without its file too: a full disk must not take the image from the user's
+// sight.
+//
+// The file is made anew, never emptied: some file systems bring a file that was emptied to the disk
+// before its close returns, which held up a selection for up to 160 ms.
+void MemoryViews::write_display_file(std::string_view name, std::string_view text) const {
+    const auto& folder = folder_ ? *folder_ : session_.TempDir;
+    if (!folder.empty()) write_fresh(path_of(folder) / name, text);
+}
+
+// Hidden while it changes, then as it was before.
+void MemoryViews::show_eeprom_text(std::string text) {
+    auto& box = form_.rText_EepromMem;
+    const bool visible = box.Visible.get();
+    box.Visible.set(false);
+    box.Text.set("");
+    write_display_file(kEepromFile, text);
+    load(box, std::move(text));
+    box.Visible.set(visible);
+}
+
 void MemoryViews::ShowProgramMemory() {
     host_.pump();
     const auto data = form_.Check_Parity_Disp.Checked.get() ? Data::Parity : Data::Words;
@@ -178,7 +169,7 @@ void MemoryViews::ShowProgramMemory() {
     // A last group of less than eight words isn't shown.
     for (std::size_t at = 0; at + kLineBytes <= bytes.size(); at += kLineBytes, address += step)
         text += program_line(address, bytes.subspan(at, kLineBytes), data, first).text();
-    write_display_file(session_.TempDir, kProgramFile, text);
+    write_display_file(kProgramFile, text);
     load(form_.RichTxtPgmMem, std::move(text));
 }
 
@@ -186,13 +177,13 @@ void MemoryViews::ShowEepromMemory() {
     std::array<std::uint8_t, std::tuple_size_v<decltype(MemoryImage::EepMem)> / 2> cells{};
     const std::size_t count = eeprom_span(session_) / 2;
     for (std::size_t cell = 0; cell < count; ++cell) cells[cell] = session_.EepMem[2 * cell + 1];
-    show_eeprom_text(session_, form_, eeprom_text(std::span{cells}.first(count)));
+    show_eeprom_text(eeprom_text(std::span{cells}.first(count)));
 }
 
 void MemoryViews::ShowEepromBytes() {
     const auto asked = static_cast<std::size_t>(std::max(session_.EepBytes, 0));
     const std::size_t count = std::min(asked, session_.EepMem.size());
-    show_eeprom_text(session_, form_, eeprom_text(std::span{session_.EepMem}.first(count)));
+    show_eeprom_text(eeprom_text(std::span{session_.EepMem}.first(count)));
 }
 
 void MemoryViews::show_eeprom() {

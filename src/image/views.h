@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The text views of the memory image. Each is written to a display file in TempDir and loaded into
-// its box in one piece.
+// The text views of the memory image. Each is written to a display file and loaded into its box in
+// one piece.
 #pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "app/host.h"
 #include "app/main_form.h"
@@ -14,6 +18,10 @@ class MemoryViews {
     MemoryViews(Session& session, MainForm& form, Host& host)
         : session_{session}, form_{form}, host_{host} {}
 
+    // Where the display files go, with a separator at its end; "" for nowhere. TempDir unless it is
+    // set: two programs at once must not write the same file.
+    void keep_files_in(std::string folder) { folder_ = std::move(folder); }
+
     void ShowProgramMemory();  // "pgmmemory_temp.txt" and RichTxtPgmMem
     void ShowEepromMemory();   // "eepmemory_temp.txt" and rText_EepromMem, two bytes a cell
     void ShowEepromBytes();    // the same, one byte a cell
@@ -25,9 +33,13 @@ class MemoryViews {
     void switch_config_radix();
 
   private:
+    void show_eeprom_text(std::string text);
+    void write_display_file(std::string_view name, std::string_view text) const;
+
     Session& session_;
     MainForm& form_;
     Host& host_;
+    std::optional<std::string> folder_;
     bool config_in_binary_ = false;
 };
 

@@ -48,6 +48,26 @@ TEST_F(LOG_data_write, writes_result_device_id_file_and_time) {
               "プログラム成功  PIC16F877A  ID:FFFF  /home/u/blink.hex\t2026-11-20 14:03:22\n");
 }
 
+// A TAB parts the fields and a line end the lines: a name has neither.
+TEST_F(LOG_data_write, shows_control_characters_escaped_so_that_no_line_can_be_forged) {
+    session.DeviceName = "PIC\x1b[2J";
+    session.LoadedHexPath = "/home/u/a.hex\t2026-01-01 00:00:00\nプログラム成功  PIC16F84A";
+    log.LOG_data_write();
+    log.note("終了\r\n");
+    EXPECT_EQ(content(),
+              "プログラム成功  PIC\\x1B[2J  ID:FFFF  /home/u/a.hex\\x092026-01-01 00:00:00\\x0A"
+              "プログラム成功  PIC16F84A\t2026-11-20 14:03:22\n"
+              "終了\\x0D\\x0A\t\t2026-11-20 14:03:22\n");
+}
+
+TEST_F(LOG_data_write, writes_into_nothing_that_a_link_leads_to) {
+    folder.write("other", "precious");
+    fs::create_symlink(folder / "other", folder / "LOG_NEW0.txt");
+    log.LOG_data_write();
+    EXPECT_EQ(folder.read("other"), "precious");
+    EXPECT_NE(caption().find("ログファイルに書き込むことができませんでした。"), std::string::npos);
+}
+
 TEST_F(LOG_data_write, adds_the_calibration_word_for_the_four_types_that_have_it) {
     for (const auto* type : {"12C5", "10F2", "12C6", "12F6"}) {
         fs::remove(folder / "LOG_NEW0.txt");
@@ -130,8 +150,7 @@ TEST_F(LOG_data_write, leaves_a_failure_red_when_the_log_cannot_be_written) {
 }
 
 TEST_F(LOG_data_write, tells_of_a_full_disk) {
-    if (!fs::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
-    fs::create_symlink("/dev/full", folder / "LOG_NEW0.txt");
+    const test::NoRoom disk{0};
     log.LOG_data_write();
     EXPECT_NE(caption().find("ログファイルに書き込むことができませんでした。"), std::string::npos);
 }

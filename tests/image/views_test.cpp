@@ -12,6 +12,7 @@
 #include "image/fill.h"
 #include "image/image_support.h"
 #include "support/fakes.h"
+#include "support/no_room.h"
 
 namespace quillon {
 
@@ -198,10 +199,27 @@ TEST(MemoryViews, show_the_image_where_the_display_files_cannot_be_written) {
     }
 }
 
+TEST(MemoryViews, never_write_through_a_link_in_a_display_files_place) {
+    Bench bench{device("FLASH8", "PIC16F877A", 8)};
+    bench.folder.write("other", "precious");
+    std::filesystem::create_symlink(bench.folder / "other", bench.folder / "pgmmemory_temp.txt");
+    bench.views.ShowProgramMemory();
+    EXPECT_EQ(bench.folder.read("other"), "precious");
+    EXPECT_EQ(bench.folder.read("pgmmemory_temp.txt"), bench.form.RichTxtPgmMem.Text.get());
+}
+
+TEST(MemoryViews, keep_their_files_where_they_are_asked_to) {
+    Bench bench{device("FLASH8", "PIC16F877A", 8)};
+    const test::TempFolder own;
+    bench.views.keep_files_in((own / "").string());
+    bench.views.ShowProgramMemory();
+    EXPECT_EQ(own.read("pgmmemory_temp.txt"), bench.form.RichTxtPgmMem.Text.get());
+    EXPECT_FALSE(std::filesystem::exists(bench.folder / "pgmmemory_temp.txt"));
+}
+
 TEST(MemoryViews, show_the_image_on_a_full_disk) {
     Bench bench{device("FLASH8", "PIC16F877A", 8192)};
-    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
-    std::filesystem::create_symlink("/dev/full", bench.folder / "pgmmemory_temp.txt");
+    const test::NoRoom disk{100};
     bench.views.ShowProgramMemory();
     EXPECT_EQ(bench.program_lines().size(), 1024U);
 }
