@@ -28,8 +28,10 @@ void occupy_standard_streams() {
 
 int main(int argc, char** argv) {
     occupy_standard_streams();
-    // A reader that has seen enough must not kill a run in the middle of a write to the device.
+    // Neither a reader that has seen enough nor a limit on the size of files may kill a run in the
+    // middle of a write to the device. The write that hits them fails with a reason.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     const std::vector<std::string> arguments{argv + 1, argv + argc};
     QCoreApplication application{argc, argv};
     QCoreApplication::setApplicationName("quillon");

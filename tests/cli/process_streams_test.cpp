@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The program's streams and files where they can't take what it has to say.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <filesystem>
+#include <iterator>
 #include <string>
 
 #include "cli_bench.h"
@@ -59,6 +62,15 @@ TEST_F(a_stream, on_a_full_disk_hides_no_worse_status) {
     EXPECT_NE(program.err.find(kNoSpace), std::string::npos) << program.err;
 }
 
+TEST_F(a_stream, of_a_file_that_may_not_grow_kills_nothing) {
+    Program program{on_board({"--trace", path("trace"), "blank"}), {.prepare = [] {
+                        const rlimit limit{1000, 1000};
+                        ::setrlimit(RLIMIT_FSIZE, &limit);
+                    }}};
+    EXPECT_EQ(program.wait(), 2) << "the part doesn't fit into its file";
+    EXPECT_NE(program.err.find("s.json: File too large"), std::string::npos) << program.err;
+}
+
 TEST_F(a_stream, that_was_closed_at_the_start_catches_nothing_else) {
     Program program{on_board({"--trace", path("trace"), "blank"}), {.prepare = [] {
                         for (const int stream : {0, 1, 2}) ::close(stream);
@@ -87,6 +99,21 @@ TEST_F(a_stream, of_the_trace_that_takes_nothing_makes_the_status_1_and_says_why
     EXPECT_NE(program.err.find(kNoSpace), std::string::npos) << program.err;
     EXPECT_NE(program.out.find("\"ResultAll\":\"YBYBYB\""), std::string::npos)
         << "the operation itself went on: " << program.out;
+}
+
+// Runs at the same time, as on a production line, share the work folder.
+TEST_F(a_stream, of_display_text_goes_to_a_folder_that_ends_with_the_run) {
+    const test::TempFolder temporary;
+    const Surroundings own{.prepare = [&] { ::setenv("TMPDIR", temporary.path().c_str(), 1); }};
+    Program program{on_board({"--fault", "rsp/silent-after:100", "read"}), own};
+    ASSERT_TRUE(program.prints("プログラムメモリ読み出し中")) << program.out;
+    const auto folders = [&] {
+        return std::distance(std::filesystem::directory_iterator{temporary.path()}, {});
+    };
+    EXPECT_EQ(folders(), 1);
+    program.send(SIGTERM);
+    EXPECT_EQ(program.wait(), 4);
+    EXPECT_EQ(folders(), 0);
 }
 
 }  // namespace
