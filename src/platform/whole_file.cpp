@@ -10,13 +10,23 @@ namespace quillon {
 
 namespace {
 
-// Writing may fail as late as at the flush or the closing. A QSaveFile doesn't count a failed flush
-// of its own: it would put a cut-off file in the place of a whole one.
+// Without a buffer of the library's own: a write that fails when that is flushed has no reason, and
+// a QSaveFile doesn't count it. A disk that is nearly full takes a part first, and says why it
+// doesn't take the rest only when asked again.
+bool write_all(QFileDevice& file, std::string_view content) {
+    while (!content.empty()) {
+        const auto count = file.write(content.data(), static_cast<qint64>(content.size()));
+        if (count <= 0) return false;
+        content.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+// Writing may fail as late as at the closing.
 template <typename File, typename Finish>
 std::optional<std::string> write_to(File& file, std::string_view content, Finish finish) {
-    const auto size = static_cast<qint64>(content.size());
-    if (file.open(QIODevice::WriteOnly) && file.write(content.data(), size) == size &&
-        file.flush() && finish(file))
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && write_all(file, content) &&
+        finish(file))
         return std::nullopt;
     return file.errorString().toStdString();
 }

@@ -55,9 +55,25 @@ TEST(write_whole, leaves_what_stood_there_where_the_disk_is_full) {
     const test::NoRoom disk{4096};
     const auto reason = write_whole(folder / "a.json", std::string(10'000, 'x'));
     ASSERT_TRUE(reason);
-    EXPECT_NE(*reason, "");
+    EXPECT_EQ(*reason, "File too large") << "the system's own";
     EXPECT_EQ(folder.read("a.json"), "old");
     EXPECT_EQ(files_in(folder), 1U);
+}
+
+TEST(write_whole, makes_its_new_file_under_no_name_that_somebody_has) {
+    const TempFolder folder;
+    folder.write("a.json.new", "somebody's");
+    EXPECT_EQ(write_whole(folder / "a.json", "new"), std::nullopt);
+    EXPECT_EQ(folder.read("a.json.new"), "somebody's");
+}
+
+TEST(write_whole, makes_the_file_that_a_link_leads_to) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder / "there");
+    std::filesystem::create_symlink("there/real.json", folder / "link.json");
+    EXPECT_EQ(write_whole(folder / "link.json", "new"), std::nullopt);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.json"));
+    EXPECT_EQ(folder.read("there/real.json"), "new");
 }
 
 TEST(write_whole, keeps_a_file_where_the_user_may_not_write) {
@@ -74,7 +90,7 @@ TEST(write_whole, keeps_a_file_where_the_user_may_not_write) {
 }
 
 TEST(write_whole, tells_that_a_device_took_nothing) {
-    EXPECT_TRUE(write_whole("/dev/full", std::string(100, 'x')));
+    EXPECT_EQ(write_whole("/dev/full", std::string(100, 'x')), "No space left on device");
 }
 
 TEST(write_whole, writes_into_a_device_without_replacing_it) {
