@@ -51,7 +51,8 @@ TEST_F(a_signal, that_was_ignored_at_the_start_stays_ignored) {
         ASSERT_TRUE(hangs(program)) << program.out;
         program.send(signal);
         program.send(signal);
-        std::this_thread::sleep_for(100ms);
+        std::this_thread::sleep_for(500ms);
+        EXPECT_TRUE(program.runs()) << signal;
         program.send(SIGTERM);
         EXPECT_EQ(program.wait(), 4) << "signal " << signal << " left the other one to work";
     }

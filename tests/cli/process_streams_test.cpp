@@ -83,11 +83,13 @@ TEST_F(a_stream, that_was_closed_at_the_start_catches_nothing_else) {
 
 // A pipe that another program has made non-blocking refuses what doesn't fit at the moment.
 TEST_F(a_stream, that_is_full_for_a_while_loses_nothing) {
+    constexpr int kSmallest = 4096;
     Program program{json({"devices"}), {.prepare = [] {
                         ::fcntl(STDOUT_FILENO, F_SETFL, O_NONBLOCK);
-                        ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, 4096);
+                        ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, kSmallest);
                     }}};
-    ::usleep(300'000);
+    for (int i = 0; i < 100 && program.unread() < kSmallest - 512; ++i) ::usleep(100'000);
+    ::usleep(500'000);  // time to lose the rest
     EXPECT_EQ(program.wait(), 0) << program.err;
     EXPECT_NE(program.out.find("\"event\":\"result\""), std::string::npos);
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -68,6 +69,17 @@ class Program {
     // The reader goes away, as `head` does.
     void close_output() {
         if (output_ >= 0) ::close(std::exchange(output_, -1));
+    }
+    // What it has printed and nobody has read.
+    int unread() const {
+        int count = 0;
+        return ::ioctl(output_, FIONREAD, &count) == 0 ? count : 0;
+    }
+    bool runs() const {
+        siginfo_t ended{};
+        return ::waitid(P_PID, static_cast<id_t>(child_), &ended, WEXITED | WNOHANG | WNOWAIT) ==
+                   0 &&
+               ended.si_pid == 0;
     }
     void send(int signal) const { ::kill(child_, signal); }
     // The exit status, or minus the signal that killed it. Reads both streams to their ends.
