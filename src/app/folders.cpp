@@ -100,8 +100,8 @@ bool takes_files(const fs::path& folder) {
     std::error_code error;
     if (fs::is_regular_file(fs::symlink_status(probe, error))) return !is_read_only(probe);
     const bool taken = write_fresh(probe, "x");
-    // Two programs that start at once meet at this name: where one could write, the other can.
-    return fs::remove(probe, error) || taken;
+    fs::remove(probe, error);
+    return taken;
 }
 
 bool MakeFolder(std::string& path, Ask ask, Dialogs& dialogs) {
