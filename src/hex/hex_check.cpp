@@ -89,7 +89,7 @@ void Checker::take(std::string_view item, std::size_t line) {
     if (!item.starts_with(':')) return;
     if (!sum_is_right(item)) check_.bad_sums.add(line);
     if (is_extended_address(item)) {
-        upper_ = extended_address(item).value_or(upper_);
+        upper_ = address_value(item).value_or(upper_);
         return;
     }
     const auto record = HexRecord::parse(item);

@@ -84,7 +84,9 @@ std::optional<char> HexRecord::character(std::size_t position) const {
 
 bool is_extended_address(std::string_view item) { return item.starts_with(":02000004"); }
 
-std::optional<unsigned> extended_address(std::string_view item) { return word_at(item, kHexData); }
+bool is_segment_address(std::string_view item) { return item.starts_with(":02000002"); }
+
+std::optional<unsigned> address_value(std::string_view item) { return word_at(item, kHexData); }
 
 void SkippedItems::add(std::size_t item_number) {
     if (numbers_.size() < kListed)

@@ -88,10 +88,14 @@ class HexRecord {
 // First character of the data.
 inline constexpr std::size_t kHexData = 10;
 
-// An item that begins ":02000004": an extended address record.
+// An item that begins ":02000004": an extended address record. Its value is the upper half of the
+// addresses behind it.
 bool is_extended_address(std::string_view item);
-// Its 16-bit value; nothing where the digits are bad or missing.
-std::optional<unsigned> extended_address(std::string_view item);
+// An item that begins ":02000002": a segment record, which tools write for data below 1 MB. Its
+// value is a sixteenth of what is added to the addresses behind it.
+bool is_segment_address(std::string_view item);
+// The 16-bit value of either; nothing where the digits are bad or missing.
+std::optional<unsigned> address_value(std::string_view item);
 
 // The items that were no records, by number. A file of millions of them, which is no HEX file at
 // all, must not become a message of millions of numbers: the list stops at kListed.

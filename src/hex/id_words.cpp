@@ -53,8 +53,20 @@ constexpr std::array kOwnIdAddresses{
     OwnIdAddress{ProgrammingType::T5X28, "PIC16C57", Match::Prefix, 0x1000},
 };
 
+// Of the record's words those that are ID words; a last one may lack its high byte.
+std::size_t words_in(const HexRecord& record) {
+    return std::min((record.data_characters() + 2) / 4, kIdWords);
+}
+
+// Ones in all 14 bits. Parity bits may be above them.
+bool is_blank_word(const HexRecord& record, std::size_t word) {
+    const auto low = record.byte(kHexData + 4 * word);
+    const auto high = record.byte(kHexData + 4 * word + 2);
+    return low == 0xFF && high && (*high & 0x3F) == 0x3F;
+}
+
 bool take_whole_words(const HexRecord& record, Session& session) {
-    for (std::size_t word = 0; word < kIdWords; ++word) {
+    for (std::size_t word = 0; word < words_in(record); ++word) {
         const auto low = record.byte(kHexData + 4 * word);
         const auto high = record.byte(kHexData + 4 * word + 2);
         if (!low || !high) return false;
@@ -64,11 +76,15 @@ bool take_whole_words(const HexRecord& record, Session& session) {
     return true;
 }
 
-// The digits as they stand in the file, in its case.
+// The digits as they stand in the file, in its case, then the image's own.
 void take_id_text(const HexRecord& record, Session& session) {
     session.IdText.clear();
-    for (std::size_t word = 0; word < kIdWords; ++word)
-        if (const auto digit = record.character(kHexData + 1 + 4 * word)) session.IdText += *digit;
+    for (std::size_t word = 0; word < kIdWords; ++word) {
+        if (word >= words_in(record))
+            session.IdText += hex(session.CfgIdMem[2 * word + 1] & 0x0FU, 1);
+        else if (const auto digit = record.character(kHexData + 1 + 4 * word))
+            session.IdText += *digit;
+    }
 }
 
 // Even bytes take one value, odd ones what `low` makes of them.
@@ -89,20 +105,24 @@ constexpr auto with_bit_7 = [](std::uint8_t low) {
 
 }  // namespace
 
+// An erased word stays one: a part that nobody gave an ID saves and loads unchanged.
 bool take_id_digits(const HexRecord& record, Session& session) {
     take_id_text(record, session);
-    for (std::size_t word = 0; word < kIdWords; ++word) {
+    for (std::size_t word = 0; word < words_in(record); ++word) {
         const auto character = record.character(kHexData + 1 + 4 * word);
         const auto digit = character ? hex_digit(*character) : std::nullopt;
         if (!digit) return false;
-        session.CfgIdMem[2 * word] = 0;
-        session.CfgIdMem[2 * word + 1] = static_cast<std::uint8_t>(*digit);
+        const bool blank = is_blank_word(record, word);
+        session.CfgIdMem[2 * word] = blank ? 0x3F : 0x00;
+        session.CfgIdMem[2 * word + 1] = blank ? 0xFF : static_cast<std::uint8_t>(*digit);
     }
     return true;
 }
 
-bool take_id_record(const HexRecord& record, Session& session) {
-    if (session.PgmType == ProgrammingType::T12C5 || session.PgmType == ProgrammingType::T10F2) {
+bool take_id_record(const HexRecord& record, Session& session, HexAddresses addresses) {
+    const auto type = static_cast<ProgrammingType>(session.PgmType);
+    if (addresses == HexAddresses::Full || type == ProgrammingType::T12C5 ||
+        type == ProgrammingType::T10F2) {
         take_id_text(record, session);
         return take_whole_words(record, session);
     }

@@ -7,15 +7,19 @@
 
 #include "app/session.h"
 #include "hex/hex_items.h"
+#include "hex/hex_zones.h"
 
 namespace quillon {
 
-// A record at 0x4000. False for a record too short for four words or with a bad digit.
-[[nodiscard]] bool take_id_record(const HexRecord& record, Session& session);
+// A record at 0x4000, or where full addresses have the ID; those keep the words whole. Words that
+// the record hasn't keep what they hold. False for a line that ends within its words or has a bad
+// digit.
+[[nodiscard]] bool take_id_record(const HexRecord& record, Session& session,
+                                  HexAddresses addresses);
 
 // 12-bit parts keep their ID behind program memory: whether that is the byte address.
 bool is_own_id_address(const DeviceRecord& device, unsigned address);
-// A record there: four digits, one from each word. False as above.
+// A record there: a digit from each of its words. False as above.
 [[nodiscard]] bool take_id_digits(const HexRecord& record, Session& session);
 
 // Text_ID of a PIC18 flash part: the low digits of its eight ID bytes.

@@ -94,14 +94,15 @@ bool Pic18Image::place(const HexRecord& record) {
     return true;
 }
 
-// A word counts as used when either of its bytes is. The highest one counts, whatever the order of
-// the records: a file may not lose its upper code because a lower record came later.
+// A word counts as used when the file has either of its bytes below FF. The highest one counts,
+// whatever the order of the records: a file may not lose its upper code because a lower record came
+// later. Its other byte is not looked at: behind the device it may still be a former image's.
 bool Pic18Image::store_program(std::size_t address, std::uint8_t byte) {
     auto& memory = session_.PgmMem;
     const std::size_t place = address ^ 1U;
     memory[place] = byte;
     const std::size_t word = place & ~std::size_t{1};
-    if (memory[word] < kBlank || memory[word + 1] < kBlank)
+    if (byte < kBlank)
         session_.PgmWordsCat = std::max(session_.PgmWordsCat, static_cast<std::int32_t>(word + 1));
     return true;
 }
@@ -150,7 +151,7 @@ bool place_items(std::string_view text, Pic18Image& image, HexLoad& load) {
             continue;
         }
         if (is_extended_address(*item)) {
-            const auto upper = extended_address(*item);
+            const auto upper = address_value(*item);
             if (!upper) return false;
             image.set_upper(*upper);
             continue;

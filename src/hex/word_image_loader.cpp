@@ -11,6 +11,7 @@
 
 #include "hex/fuse_block.h"
 #include "hex/hex_zones.h"
+#include "hex/id_behind_program.h"
 #include "hex/id_words.h"
 #include "image/config_area.h"
 #include "image/fill.h"
@@ -27,11 +28,16 @@ constexpr std::size_t kIdBytes = 8;
 class WordImage {
   public:
     WordImage(Session& session, HexAddresses addresses)
-        : session_{session}, addresses_{addresses} {}
+        : session_{session}, addresses_{addresses}, id_behind_{session} {}
 
-    void set_upper(unsigned upper) { upper_ = upper; }
+    // False for an address record with bad digits.
+    [[nodiscard]] bool set_base(std::string_view address_record);
+    // An address record that means nothing here: dropped unread, as records of other types are.
+    bool drops(std::string_view address_record) const;
     // False for a fault.
     [[nodiscard]] bool place(const HexRecord& record);
+    // After the last record.
+    void finish(std::string_view device_shown);
     bool has_config() const { return has_config_; }
     // Whether the last record's check sum was placed as its last word's high byte.
     bool sum_placed() const { return sum_placed_; }
@@ -47,6 +53,7 @@ class WordImage {
     bool place_full_program(const HexRecord& record, std::ptrdiff_t start);
     bool place_config_12bit(const HexRecord& record);
     bool place_id_record(const HexRecord& record);
+    bool place_own_words_12bit(const HexRecord& record);
     bool place_config_area(const HexRecord& record, std::ptrdiff_t start);
     bool place_eeprom(const HexRecord& record, std::ptrdiff_t start);
     bool place_fuse_block(const HexRecord& record);
@@ -54,7 +61,9 @@ class WordImage {
 
     Session& session_;
     HexAddresses addresses_;
-    std::uint32_t upper_ = 0;
+    std::uint32_t base_ = 0;  // what is added to the records' addresses
+    IdBehindProgram id_behind_;
+    bool has_id_ = false;  // at a place where the part's ID is looked for first
     bool has_config_ = false;
     bool sum_placed_ = false;
 };
@@ -72,7 +81,17 @@ bool WordImage::each_word(const HexRecord& record, Store store) {
 
 HexPlace WordImage::place_of(const HexRecord& record) const {
     if (addresses_ == HexAddresses::Folded) return word_image_place(record.address());
-    return full_address_place(upper_ << 16 | record.address());
+    return full_address_place(base_ + record.address());
+}
+
+bool WordImage::set_base(std::string_view address_record) {
+    const auto value = address_value(address_record);
+    if (value) base_ = is_segment_address(address_record) ? *value << 4 : *value << 16;
+    return value.has_value();
+}
+
+bool WordImage::drops(std::string_view address_record) const {
+    return addresses_ == HexAddresses::Folded && is_segment_address(address_record);
 }
 
 bool WordImage::place(const HexRecord& record) {
@@ -99,19 +118,24 @@ bool WordImage::place(const HexRecord& record) {
 }
 
 bool WordImage::place_program(const HexRecord& record) {
-    if (is_12bit(session_.PgmType)) {
-        if (record.address() == kConfig12bitAddress && !place_config_12bit(record)) return false;
-        if (is_own_id_address(session_, record.address()) && !take_id_digits(record, session_))
-            return false;
-    }
+    if (is_12bit(session_.PgmType) && !place_own_words_12bit(record)) return false;
     const bool parity = session_.PgmType == ProgrammingType::EPROM2;
     auto* const words = session_.PgmMem.data() + record.address();
     return each_word(record, [&](std::ptrdiff_t offset, std::uint8_t high, std::uint8_t low) {
         if (parity) ParityFix(high, low);
+        id_behind_.note(record.address() + static_cast<std::size_t>(offset), high, low);
         words[offset] = high;
         words[offset + 1] = low;
         return true;
     });
+}
+
+// Configuration and ID of the 12-bit parts are program data as well.
+bool WordImage::place_own_words_12bit(const HexRecord& record) {
+    if (record.address() == kConfig12bitAddress && !place_config_12bit(record)) return false;
+    if (!is_own_id_address(session_, record.address())) return true;
+    has_id_ = true;
+    return take_id_digits(record, session_);
 }
 
 // What lies behind the device's program has no place: it isn't folded onto anything else.
@@ -147,7 +171,8 @@ bool WordImage::store_config_pair(std::ptrdiff_t index, std::uint8_t high, std::
 bool WordImage::place_id_record(const HexRecord& record) {
     const bool longer = record.data_characters() > 2 * kIdBytes;
     if (longer && !place_config_area(record, 0)) return false;
-    return take_id_record(record, session_);
+    has_id_ = true;
+    return take_id_record(record, session_, addresses_);
 }
 
 bool WordImage::place_config_area(const HexRecord& record, std::ptrdiff_t start) {
@@ -200,6 +225,12 @@ void take_config_words(Session& session) {
     config_area::mark_eprom2(session);
 }
 
+void WordImage::finish(std::string_view device_shown) {
+    if (!has_id_) id_behind_.take(session_);
+    fix_id_words(device_shown, session_);
+    take_config_words(session_);
+}
+
 }  // namespace
 
 HexLoad load_word_image(std::string_view text, std::string_view device_shown, Session& session,
@@ -213,11 +244,9 @@ HexLoad load_word_image(std::string_view text, std::string_view device_shown, Se
             load.skipped.add(number);
             continue;
         }
-        if (is_extended_address(*item)) {
-            // Of no use to a file that is folded; its digits must be digits all the same.
-            const auto upper = extended_address(*item);
-            if (!upper) return load;
-            image.set_upper(*upper);
+        if (is_extended_address(*item) || is_segment_address(*item)) {
+            // Of no use to a file that is folded; an upper address must have digits all the same.
+            if (!image.drops(*item) && !image.set_base(*item)) return load;
             continue;
         }
         const auto record = HexRecord::parse(*item);
@@ -228,8 +257,7 @@ HexLoad load_word_image(std::string_view text, std::string_view device_shown, Se
         if (image.sum_placed()) load.sums_as_data.add(items.line());
         if (!placed) return load;
     }
-    fix_id_words(device_shown, session);
-    take_config_words(session);
+    image.finish(device_shown);
     load.ok = true;
     return load;
 }

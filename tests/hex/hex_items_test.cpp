@@ -112,15 +112,22 @@ TEST(HexRecord, has_nothing_behind_its_end) {
     EXPECT_EQ(record->character(11), '2');
 }
 
-TEST(extended_address, is_told_by_its_first_nine_characters) {
+TEST(address_record, is_known_by_its_first_nine_characters) {
     EXPECT_TRUE(is_extended_address(":02000004"));
     EXPECT_FALSE(is_extended_address(":0200000"));
     EXPECT_FALSE(is_extended_address(":02000104"));
-    EXPECT_EQ(extended_address(":0200000400F00A"), 0xF0U);
-    EXPECT_EQ(extended_address(":020000041234"), 0x1234U);
-    EXPECT_FALSE(extended_address(":02000004"));
-    EXPECT_FALSE(extended_address(":02000004001"));
-    EXPECT_FALSE(extended_address(":0200000400G0"));
+    EXPECT_FALSE(is_extended_address(":02000002"));
+    EXPECT_TRUE(is_segment_address(":02000002"));
+    EXPECT_FALSE(is_segment_address(":0200000"));
+    EXPECT_FALSE(is_segment_address(":02000004"));
+}
+
+TEST(address_record, gives_its_sixteen_bits) {
+    EXPECT_EQ(address_value(":0200000400F00A"), 0xF0U);
+    EXPECT_EQ(address_value(":020000041234"), 0x1234U);
+    EXPECT_FALSE(address_value(":02000004"));
+    EXPECT_FALSE(address_value(":02000004001"));
+    EXPECT_FALSE(address_value(":0200000400G0"));
 }
 
 TEST(SkippedItems, list_their_numbers) {

@@ -176,6 +176,21 @@ TEST(Pic18Loader, counts_no_byte_that_is_blank) {
     EXPECT_EQ(session->PgmWordsCat, 16);  // one buffer, for a file with nothing
 }
 
+TEST(Pic18Loader, counts_no_blank_byte_behind_the_device) {
+    auto session = pic18();  // whose image still holds zeros there
+    const auto padding = data(0x8000, Bytes(16, 0xFF));
+    ASSERT_TRUE(load_pic18(data(0, {1, 2}) + padding, *session).ok);
+    EXPECT_EQ(session->PgmWordsCat, 16);
+    ASSERT_TRUE(load_pic18(data(0, {1, 2}) + data(0x8000, {0xFF, 0x12}), *session).ok);
+    EXPECT_EQ(session->PgmWordsCat, 16384);
+}
+
+TEST(Pic18Loader, drops_segment_records) {
+    auto session = pic18();
+    ASSERT_TRUE(load_pic18(test::segment(0x1000) + data(0, {1, 2}), *session).ok);
+    EXPECT_EQ(bytes_of(session->PgmMem, 0, 1), "0201");
+}
+
 TEST(Pic18Loader, takes_the_highest_byte_that_is_not_blank_whatever_the_order_of_the_records) {
     auto session = pic18();
     const auto text = data(0x1000, {1, 2}) + data(0, {1, 2}) + upper_address(0xF0) +

@@ -16,6 +16,7 @@ using test::bytes_of;
 using test::data;
 using test::device;
 using test::record;
+using test::segment;
 using test::upper_address;
 
 namespace {
@@ -255,6 +256,32 @@ TEST(WordImageLoader, places_an_enhanced_part_by_full_address_where_it_is_asked_
     EXPECT_EQ(session->ConfigWord[1], 0x0FA4U);
     EXPECT_EQ(session->ConfigWord[2], 0x1EFFU);
     EXPECT_EQ(bytes_of(session->EepMem, 0, 3), "3F5A3FFF");
+}
+
+TEST(WordImageLoader, places_an_enhanced_part_by_segment_as_by_upper_address) {
+    auto session = device("FLASH8", "PIC16F1938", 16384, 256);
+    FillProgramOnes(*session);
+    FillEepromOnes(*session);
+    FillIdOnes(*session);
+    const auto text = segment(0x0400) + data(0, {0x78, 0x16}) + segment(0x1000) +
+                      data(0x000E, {0xA4, 0x0F}) + segment(0x1E00) + data(0, {0x5A, 0x00}) +
+                      upper_address(0) + data(2, {0x34, 0x12}) + segment(0x1000) + segment(0) +
+                      data(0, {0x22, 0x11});
+    const auto result = load_word_image(text, session->DeviceName, *session, HexAddresses::Full);
+    ASSERT_TRUE(result.ok && result.has_config);
+    EXPECT_EQ(bytes_of(session->PgmMem, 0, 3), "11221234");
+    EXPECT_EQ(bytes_of(session->PgmMem, 0x4000, 0x4001), "1678");
+    EXPECT_EQ(session->ConfigWord[1], 0x0FA4U);
+    EXPECT_EQ(bytes_of(session->EepMem, 0, 3), "3F5A3FFF");
+    EXPECT_FALSE(
+        load_word_image(":0200000210G0EC\n", session->DeviceName, *session, HexAddresses::Full).ok);
+}
+
+TEST(WordImageLoader, drops_segment_records_unread_unless_it_is_asked_for_full_addresses) {
+    auto session = flash();
+    const auto text = segment(0x1000) + data(0, {0x34, 0x12}) + ":02000002GGGG\n";
+    ASSERT_TRUE(load(*session, text).ok);
+    EXPECT_EQ(bytes_of(session->PgmMem, 0, 1), "1234");
 }
 
 TEST(WordImageLoader, folds_an_enhanced_part_unless_it_is_asked) {

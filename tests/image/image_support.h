@@ -32,6 +32,11 @@ inline std::string upper_address(unsigned upper) {
     return record(4, 0, {static_cast<std::uint8_t>(upper >> 8U), static_cast<std::uint8_t>(upper)});
 }
 
+// What tools write for data between 64 K and 1 MB: a sixteenth of the address that is added.
+inline std::string segment(unsigned value) {
+    return record(2, 0, {static_cast<std::uint8_t>(value >> 8U), static_cast<std::uint8_t>(value)});
+}
+
 inline const std::string kEndRecord = ":00000001FF\r\n";
 
 // A session with a device of the given type and sizes; its configuration masks let all pass.
