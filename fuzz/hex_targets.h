@@ -48,16 +48,16 @@ inline void check_findings(std::string_view text, const Session& session, HexAdd
     const auto found = check_hex(text, session, addresses);
     const auto lines = 1 + static_cast<std::size_t>(std::ranges::count(text, '\n') +
                                                     std::ranges::count(text, '\r'));
+    std::size_t count = 0;
     for (const auto& findings :
-         {found.bad_sums, found.outside, found.contradicting, found.folded}) {
+         {found.bad_sums, found.outside, found.outside_id, found.contradicting, found.folded,
+          found.segments, found.behind_end}) {
+        count += findings.count;
         require(findings.count <= text.size());
         require((findings.count == 0) == (findings.first_line == 0));
         require(findings.first_line <= lines);
     }
-    require(describe(found).empty() == (found.bad_sums.count + found.outside.count +
-                                                found.contradicting.count + found.folded.count ==
-                                            0 &&
-                                        !found.no_end));
+    require(describe(found).empty() == (count == 0 && !found.no_end));
 }
 
 // Program and EEPROM data as a saved file holds them: a PIC18's cell is one byte, any other's the

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "hex/hex_check_texts.h"
+#include "hex/id_behind_program.h"
 #include "hex/id_words.h"
 #include "image/fill.h"
 
@@ -24,6 +25,12 @@ constexpr std::ptrdiff_t kCfgIdBytes = 32;
 constexpr std::ptrdiff_t kEepromBytes = std::tuple_size_v<decltype(MemoryImage::EepMem)>;
 constexpr std::ptrdiff_t kId18Bytes = 8;
 constexpr std::ptrdiff_t kConfig18Bytes = std::ptrdiff_t{2} * kConfigWords;
+// What lies behind these makes the loader stop.
+constexpr std::ptrdiff_t kCfgIdArray = std::tuple_size_v<decltype(MemoryImage::CfgIdMem)>;
+constexpr std::ptrdiff_t kConfig18Array = std::tuple_size_v<decltype(MemoryImage::CfgBytes18)>;
+// The two device-ID words of a PIC18, 0x3FFFFE: a dump has them, and nobody writes them.
+constexpr unsigned kDeviceId18Upper = 0x3F;
+constexpr std::ptrdiff_t kDeviceId18 = 0xFFFE;
 
 // The bytes written to one area; a place of -1 was not.
 class Shadow {
@@ -48,16 +55,21 @@ class Checker {
         : device_{device},
           pic18_{is_pic18_flash(device.PgmType)},
           full_{!pic18_ && addresses == HexAddresses::Full},
-          may_fold_{!pic18_ && !full_ && has_full_addresses(device.DeviceName)} {}
+          may_fold_{!pic18_ && !full_ && has_full_addresses(device.DeviceName)},
+          id_behind_{device} {}
 
     void take(std::string_view item, std::size_t line);
     HexCheck result() const;
 
   private:
+    void take_segment(std::string_view item, std::size_t line);
     void take_data(const HexRecord& record, std::size_t line);
+    Findings* misplaced(const HexRecord& record, HexPlace place, bool blank);
+    unsigned upper() const { return base_ >> 16; }
     HexPlace place_of(const HexRecord& record) const;
     bool is_folded(const HexRecord& record) const;
     bool is_outside(const HexRecord& record, HexPlace place, bool blank) const;
+    bool is_device_id(HexPlace place) const;
     bool is_blank(const HexRecord& record, std::size_t at) const;
     bool is_own_word_12bit(const HexRecord& record) const;
     std::ptrdiff_t program_bytes() const { return std::ptrdiff_t{2} * device_.PgmWords; }
@@ -66,8 +78,11 @@ class Checker {
     const bool pic18_;
     const bool full_;
     const bool may_fold_;  // the part's own addresses lie above 64 K, but aren't asked for
-    std::uint32_t upper_ = 0;
+    const IdBehindProgram id_behind_;
+    std::uint32_t base_ = 0;  // what is added to the records' addresses
     bool ended_ = false;
+    bool has_id_12bit_ = false;      // where such a part's ID is looked for first
+    Findings behind_program_;        // ID words behind a 12-bit part's program
     std::array<Shadow, 8> written_;  // by HexArea
     HexCheck check_;
 };
@@ -89,19 +104,34 @@ void Checker::take(std::string_view item, std::size_t line) {
     if (!item.starts_with(':')) return;
     if (!sum_is_right(item)) check_.bad_sums.add(line);
     if (is_extended_address(item)) {
-        upper_ = address_value(item).value_or(upper_);
+        if (const auto value = address_value(item)) base_ = *value << 16;
         return;
     }
+    if (is_segment_address(item)) return take_segment(item, line);
     const auto record = HexRecord::parse(item);
     if (!record) return;
     ended_ = ended_ || record->is_end();
-    if (record->is_data()) take_data(*record, line);
+    if (!record->is_data()) return;
+    if (ended_) check_.behind_end.add(line);
+    take_data(*record, line);
+}
+
+// Dropping a segment of 0, with which many files begin, matters only where it was to end an upper
+// address that the loader follows.
+void Checker::take_segment(std::string_view item, std::size_t line) {
+    const auto value = address_value(item);
+    if (!value) return;
+    if (!full_ && (*value != 0 || (pic18_ && base_ != 0))) check_.segments.add(line);
+    // A PIC18's data stay where its loader puts them.
+    if (!pic18_) base_ = *value << 4;
 }
 
 void Checker::take_data(const HexRecord& record, std::size_t line) {
     const bool folded = is_folded(record);
     if (folded) check_.folded.add(line);
     auto [area, index] = place_of(record);
+    has_id_12bit_ =
+        has_id_12bit_ || area == HexArea::IdRecord || is_own_id_address(device_, record.address());
     if (area == HexArea::IdRecord) area = HexArea::CfgId;
     const bool cells = area == HexArea::Eeprom && !pic18_;
     for (std::size_t at = 0; 2 * at < record.data_characters(); ++at, ++index) {
@@ -109,17 +139,26 @@ void Checker::take_data(const HexRecord& record, std::size_t line) {
         if (!byte) return;
         if (cells && at % 2 != 0) continue;  // the upper half of a cell stands for nothing
         // What was folded has a place in the device, and is told as such.
-        if (!folded && is_outside(record, {area, index}, is_blank(record, at)))
-            check_.outside.add(line);
+        if (!folded)
+            if (auto* found = misplaced(record, {area, index}, is_blank(record, at)))
+                found->add(line);
         if (area == HexArea::None || index < 0) continue;
         if (!written_[static_cast<std::size_t>(area)].put(static_cast<std::size_t>(index), *byte))
             check_.contradicting.add(line);
     }
 }
 
+// Where a byte counts that has no place in the device; null where it has one.
+Findings* Checker::misplaced(const HexRecord& record, HexPlace place, bool blank) {
+    if (!is_outside(record, place, blank)) return nullptr;
+    if (place.area == HexArea::Program && id_behind_.holds(static_cast<std::size_t>(place.index)))
+        return &behind_program_;
+    return place.area == HexArea::Id18 ? &check_.outside_id : &check_.outside;
+}
+
 HexPlace Checker::place_of(const HexRecord& record) const {
-    if (pic18_) return pic18_place(upper_, record.address());
-    if (full_) return full_address_place(upper_ << 16 | record.address());
+    if (pic18_) return pic18_place(upper(), record.address());
+    if (full_) return full_address_place(base_ + record.address());
     return word_image_place(record.address());
 }
 
@@ -127,7 +166,7 @@ HexPlace Checker::place_of(const HexRecord& record) const {
 bool Checker::is_folded(const HexRecord& record) const {
     if (!may_fold_) return false;
     const auto place = word_image_place(record.address());
-    return upper_ != 0 ||
+    return base_ != 0 ||
            (place.area != HexArea::Program && std::ptrdiff_t{record.address()} < program_bytes());
 }
 
@@ -135,8 +174,8 @@ bool Checker::is_folded(const HexRecord& record) const {
 // counts where it is folded onto something else, or where it makes the loader stop.
 bool Checker::is_outside(const HexRecord& record, HexPlace place, bool blank) const {
     const std::ptrdiff_t cell = pic18_ ? 1 : 2;
-    if (pic18_ && place.area == HexArea::Program && upper_ >= kBehindFirst64K) return true;
-    if (!pic18_ && !full_ && upper_ != 0) return true;
+    if (pic18_ && place.area == HexArea::Program && upper() >= kBehindFirst64K) return true;
+    if (!pic18_ && !full_ && base_ != 0) return true;
     switch (place.area) {
         case HexArea::Program:
             return !blank && place.index >= program_bytes() && !is_own_word_12bit(record);
@@ -144,18 +183,24 @@ bool Checker::is_outside(const HexRecord& record, HexPlace place, bool blank) co
             if (place.index < 0 || place.index >= kEepromBytes) return true;
             return !blank && place.index >= cell * device_.EepBytes;
         case HexArea::CfgId:
-            return place.index >= kCfgIdBytes;
+            if (place.index >= kCfgIdArray) return true;
+            return !blank && place.index >= kCfgIdBytes;
         case HexArea::Id18:
             return place.index >= kId18Bytes;
         case HexArea::Config18:
-            return place.index >= kConfig18Bytes;
+            if (place.index >= kConfig18Array) return true;
+            return !blank && place.index >= kConfig18Bytes;
         case HexArea::FuseBlock:
             return false;
         case HexArea::None:
         case HexArea::IdRecord:
             break;
     }
-    return !blank;
+    return !blank && !is_device_id(place);
+}
+
+bool Checker::is_device_id(HexPlace place) const {
+    return pic18_ && upper() == kDeviceId18Upper && place.index >= kDeviceId18;
 }
 
 // Whether byte `at` of the record belongs to a unit that reads as erased: a PIC18's byte, a cell's
@@ -179,6 +224,7 @@ bool Checker::is_own_word_12bit(const HexRecord& record) const {
 HexCheck Checker::result() const {
     auto check = check_;
     check.no_end = !ended_;
+    if (has_id_12bit_ && behind_program_.count != 0) check.outside_id = behind_program_;
     return check;
 }
 
@@ -200,8 +246,11 @@ std::string describe(const HexCheck& check, const Findings& sums_as_data) {
     tell(check.bad_sums, hex_check_text::kBadSums);
     tell(sums_as_data, hex_check_text::kSumsAsData);
     tell(check.outside, hex_check_text::kOutside);
+    tell(check.outside_id, hex_check_text::kOutsideId);
     tell(check.contradicting, hex_check_text::kContradicting);
     tell(check.folded, hex_check_text::kFolded);
+    tell(check.segments, hex_check_text::kSegments);
+    tell(check.behind_end, hex_check_text::kBehindEnd);
     if (check.no_end) parts.emplace_back(hex_check_text::kNoEnd);
     if (parts.empty()) return {};
     return fmt::format("{}{}", hex_check_text::kHead, fmt::join(parts, hex_check_text::kJoin));

@@ -17,8 +17,11 @@ namespace quillon {
 struct HexCheck {
     Findings bad_sums;       // records whose check sum is wrong or missing
     Findings outside;        // data bytes that have no place in the device; padding is none
+    Findings outside_id;     // the same of ID words
     Findings contradicting;  // data bytes written once more, with another value
     Findings folded;         // records of a full address that was folded onto a low one
+    Findings segments;       // segment records that the loader drops, and that moved the data
+    Findings behind_end;     // data records behind the end record, which are loaded all the same
     bool no_end = false;     // no end record: the file may have been cut off on its way
 };
 

@@ -30,7 +30,7 @@ const std::string kWord = data(0, {0x34, 0x12}) + test::kEndRecord;
 
 TEST(mnuFileOpen_Click, loads_the_chosen_file_and_shows_it) {
     FilesBench bench;
-    EXPECT_EQ(bench.open(kWord + data(0x4200, {0x5A, 0})), Token::OK);
+    EXPECT_EQ(bench.open(data(0x4200, {0x5A, 0}) + kWord), Token::OK);
     EXPECT_EQ(bench.first_program_line(), "000000: 1234 3FFF 3FFF 3FFF 3FFF 3FFF 3FFF 3FFF");
     EXPECT_EQ(bench.form.rText_EepromMem.Text.get().substr(0, 11), "0000: 5A FF");
     EXPECT_EQ(bench.form.LblCheckSUM.Caption.get(), ProgramCheckSum(bench.session));

@@ -15,6 +15,7 @@ using test::Bytes;
 using test::data;
 using test::device;
 using test::kEndRecord;
+using test::segment;
 using test::upper_address;
 
 namespace {
@@ -72,14 +73,14 @@ TEST(check_hex, counts_bytes_outside_the_device) {
         {kSmall.get(), data(0x4020, {1, 2}), 2},
         {kSmall.get(), upper_address(1) + data(0, {1, 2}), 2},
         {kBaseline.get(), data(0x01FE, {1, 2}), 0},
-        {kBaseline.get(), data(0x0200, {1, 2}), 2},
+        {kBaseline.get(), data(0x0208, {1, 2}), 2},
         {kBaseline.get(), data(0x0400, {1, 0, 2, 0, 3, 0, 4, 0}), 0},  // its ID words
         {kBaseline.get(), data(0x1FFE, {1, 0}), 0},                    // its configuration
         {kPic18.get(), data(0x7FFE, {1, 2, 3, 4}), 2},
         {kPic18.get(), upper_address(1) + data(0, {1, 2}), 2},
         {kPic18.get(), upper_address(2) + data(0, {1, 2}), 2},
         {kPic18.get(), upper_address(0x20) + data(0, Bytes(8, 1)), 0},
-        {kPic18.get(), upper_address(0x20) + data(8, {1, 2}), 2},
+        {kPic18.get(), upper_address(0x3F) + data(0xFFFC, {1, 2, 3, 4}), 2},
         {kPic18.get(), upper_address(0x30) + data(0, Bytes(14, 1)), 0},
         {kPic18.get(), upper_address(0x30) + data(14, {1, 2}), 2},
         {kPic18.get(), upper_address(0xF0) + data(0xFE, {1, 2, 3, 4}), 2},
@@ -139,15 +140,18 @@ TEST(check_hex, takes_no_blank_padding_for_data) {
         {kSmall.get(), data(0x4280, {0xFF, 0x00, 0xFF, 0x3F, 0xFE, 0x3F}), 1},
         {kSmall.get(), data(0x8080, {0xFF, 0x00, 0xFF, 0xFF, 0x00, 0x00}), 1},
         {kSmall.get(), data(0x8200, {0xFF, 0x3F, 0xFF, 0x00}), 2},
-        {kBaseline.get(), data(0x0200, {0xFF, 0x0F, 0xFF, 0x07}), 2},
+        {kBaseline.get(), data(0x0208, {0xFF, 0x0F, 0xFF, 0x07}), 2},
+        {kSmall.get(), data(0x4020, {0xFF, 0x3F, 0xFF, 0xFF, 0xFE, 0x3F}), 2},
+        {kPic18.get(), upper_address(0x30) + data(14, {0xFF, 0xFF, 0xFE}), 1},
         {kPic18.get(), data(0x8000, {0xFF, 0x00, 0xFF, 0x3F}), 2},
         {kPic18.get(), upper_address(0xF0) + data(0x100, {0xFF, 0xFE}), 1},
-        {kPic18.get(), upper_address(0x3F) + data(0xFFFE, {0xFF, 0x12}), 1},
+        {kPic18.get(), upper_address(0x3F) + data(0xFFFC, {0xFF, 0x12}), 1},
         // Where it stops the loader, or is folded onto other data, it counts.
         {kSmall.get(), data(0x5000, {0xFF, 0x3F}), 1},
         {kSmall.get(), upper_address(1) + data(0, {0xFF, 0x3F}), 2},
         {kPic18.get(), upper_address(2) + data(0, {0xFF, 0xFF}), 2},
-        {kPic18.get(), upper_address(0x20) + data(8, {0xFF, 0xFF}), 2},
+        {kSmall.get(), data(0x4102, {0xFF, 0x3F}), 2},
+        {kPic18.get(), upper_address(0x30) + data(0x100, {0xFF, 0xFF}), 2},
         {kPic18.get(), upper_address(0xF0) + data(0x800, {0xFF, 0xFF}), 2},
     };
     for (const auto& [session, text, bytes] : cases)
@@ -180,6 +184,10 @@ TEST(check_hex, has_nothing_to_say_of_sound_files_of_an_assembler) {
         {"5F18", "PIC16F54", 512, 0,
          ":020000040000FA\n:02000000000AF4\n:080400000100020003000400EA\n"
          ":021FFE00FB0FD7\n:00000001FF\n"},
+        // a part whose ID is at no other place
+        {"10F2", "PIC12F510", 1024, 0,
+         ":020000040000FA\n:02000000000AF4\n:080800000100020003000400E6\n"
+         ":021FFE00EB0FE7\n:00000001FF\n"},
         // a calibration word and EEPROM
         {"12F6", "PIC12F675", 1024, 128,
          ":020000040000FA\n:020000000028D6\n:0207FE00803445\n:084000000100020003000400AE\n"
@@ -205,9 +213,51 @@ TEST(check_hex, has_nothing_to_say_of_sound_files_of_an_assembler) {
             << part.name;
 }
 
-TEST(check_hex, tells_an_ID_that_is_not_taken_where_the_assembler_puts_it) {
-    // This part's ID is looked for at 0x0400.
-    EXPECT_EQ(check(*kBaseline, ":080200000100020003000400EC\n").outside.count, 8U);
+TEST(check_hex, names_the_ID_where_the_bytes_outside_are_ID_words) {
+    const auto behind = data(0x0200, {1, 0, 2, 0, 3, 0, 4, 0});
+    const auto own = data(0x0400, {1, 0, 2, 0, 3, 0, 4, 0});
+    // Taken where there is no other ID, on whichever side of it that would be.
+    EXPECT_EQ(describe(check(*kBaseline, behind + kEndRecord)), "");
+    for (const auto& text : {behind + own, own + behind, data(0x4000, {1, 0}) + behind}) {
+        const auto found = check(*kBaseline, text);
+        EXPECT_EQ(found.outside_id.count, 8U) << text;
+        EXPECT_EQ(found.outside.count, 0U) << text;
+    }
+    EXPECT_TRUE(same(check(*kBaseline, own + behind).outside_id, 8, 2));
+    const auto blank = data(0x0200, {0xFF, 0x0F, 0xFF, 0x0F});
+    EXPECT_EQ(check(*kBaseline, own + blank).outside_id.count, 0U);
+    const auto ninth = check(*kPic18, upper_address(0x20) + data(8, {1, 0xFF}));
+    EXPECT_TRUE(same(ninth.outside_id, 2, 2));
+    EXPECT_EQ(ninth.outside.count, 0U);
+}
+
+TEST(check_hex, tells_segment_records_that_the_loader_drops) {
+    const auto text = segment(0) + data(0, {1, 2}) + segment(0x1000) + data(0x000E, {1, 2}) +
+                      segment(0) + data(4, {1, 2}) + kEndRecord;
+    for (const auto* part : {kFlash.get(), kPic18.get(), kEnhanced.get()})
+        EXPECT_TRUE(same(check(*part, text).segments, 1, 3)) << part->DeviceName;
+    EXPECT_EQ(describe(check(*kEnhanced, text, HexAddresses::Full)), "");
+    // The option would place what lies behind them.
+    EXPECT_TRUE(same(check(*kEnhanced, text).folded, 1, 4));
+    EXPECT_NE(describe(check(*kEnhanced, text)).find("HexUpperAddress"), std::string::npos);
+    EXPECT_TRUE(same(check(*kFlash, text).outside, 2, 4));
+    const auto ends_upper = upper_address(0x20) + data(0, {1}) + segment(0) + data(0, {1});
+    EXPECT_TRUE(same(check(*kPic18, ends_upper).segments, 1, 3));
+    // A PIC18's bytes are where the loader puts them.
+    EXPECT_EQ(check(*kPic18, text).outside.count, 0U);
+}
+
+TEST(check_hex, follows_segment_records_where_they_place_data) {
+    const auto text = segment(0x0800) + data(0, {1, 2}) + kEndRecord;
+    EXPECT_TRUE(same(check(*kEnhanced, text, HexAddresses::Full).outside, 2, 2));
+    EXPECT_EQ(check(*kEnhanced, text, HexAddresses::Full).segments.count, 0U);
+}
+
+TEST(check_hex, tells_data_behind_the_end_record) {
+    const auto text = data(0, {1, 2}) + kEndRecord + data(2, {1, 2}) + "; more\r\n" +
+                      data(4, {1, 2}) + kEndRecord;
+    EXPECT_TRUE(same(check(*kFlash, text).behind_end, 2, 3));
+    EXPECT_EQ(check(*kFlash, kEndRecord + upper_address(0)).behind_end.count, 0U);
 }
 
 TEST(check_hex, has_nothing_to_say_of_a_file_that_was_saved) {
@@ -230,15 +280,21 @@ TEST(describe, puts_all_findings_in_one_line) {
     found.bad_sums = {3, 12};
     found.outside = {16, 40};
     found.contradicting = {2, 41};
+    found.outside_id = {8, 45};
     found.folded = {5, 50};
+    found.segments = {1, 49};
+    found.behind_end = {4, 70};
     found.no_end = true;
     EXPECT_EQ(
         describe(found),
         "redファイル検査：チェックサムの合わないレコードが3件（最初は12行目）"
         "、デバイスの範囲外のデータが16バイト（最初は40行目）"
+        "、デバイスの範囲外のIDが8バイト（最初は45行目）"
         "、異なる値で二重に書かれたデータが2バイト（最初は41行目）"
         "、下位アドレスに折り返された上位アドレスのレコードが5件（最初は50行目。"
         "オプション「HEXファイルの上位アドレスを使う」(HexUpperAddress)で本来の位置に置けます）"
+        "、無視されたセグメントレコード(タイプ02)が1件（最初は49行目）"
+        "、終了レコードより後のデータレコードが4件（最初は70行目）"
         "、終了レコードがありません（途中で切れたファイルの可能性があります）");
 }
 

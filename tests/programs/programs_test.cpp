@@ -47,15 +47,12 @@ std::string hex_of(std::string_view text) {
 }
 
 const std::vector<Program> kPrograms{
-    // The ID words of this part are at word 100, which is behind its program; the reader looks
-    // for them at word 200. They are lost, and the check says that data had no place.
+    // The assembler puts this part's ID at word 100, right behind its program, and not at word 200.
     {.name = "night_light",
      .device = "PIC10F200",
-     .id = "0FFF0FFF0FFF0FFF",
-     .IdText = "FFFF",
-     .config = {0x0FEF},
-     .told = {"ファイルロード完了",
-              "red ファイル検査：デバイスの範囲外のデータが8バイト（最初は6行目）"}},
+     .id = "0FF10FFA0FF20FFB",
+     .IdText = "1A2B",
+     .config = {0x0FEF}},
     {.name = "dice",
      .device = "PIC12F509",
      .id = "0FF00FF50FF00FF9",
