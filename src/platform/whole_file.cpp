@@ -36,6 +36,8 @@ std::optional<std::string> write_to(File& file, std::string_view content, Finish
 std::optional<std::string> write_whole(const std::filesystem::path& path,
                                        std::string_view content) {
     const auto name = QString::fromStdString(path.string());
+    // Such a name would become another one on its way, and replace what has that name.
+    if (name.toStdString() != path.string()) return "its name is not valid UTF-8";
     const QFileInfo there{name};
     if (there.exists() && !there.isFile()) {
         QFile device{name};

@@ -76,6 +76,26 @@ TEST(write_whole, makes_the_file_that_a_link_leads_to) {
     EXPECT_EQ(folder.read("there/real.json"), "new");
 }
 
+TEST(write_whole, refuses_a_name_whose_bytes_it_would_change) {
+    const TempFolder folder;
+    const auto name = folder.path() / "caf\xE9.hex";  // Latin-1: no valid UTF-8
+    const auto other = folder.path() / "caf\xEF\xBF\xBD.hex";
+    folder.write(other.filename().string(), "another's");
+    EXPECT_EQ(write_whole(name, "new"), "its name is not valid UTF-8");
+    EXPECT_EQ(folder.read(other.filename().string()), "another's");
+    EXPECT_EQ(files_in(folder), 1U);
+}
+
+TEST(write_whole, keeps_the_permissions_of_the_file) {
+    const TempFolder folder;
+    using std::filesystem::perms;
+    folder.write("a.json", "old");
+    std::filesystem::permissions(folder / "a.json", perms::owner_read | perms::owner_write);
+    EXPECT_EQ(write_whole(folder / "a.json", "new"), std::nullopt);
+    EXPECT_EQ(std::filesystem::status(folder / "a.json").permissions(),
+              perms::owner_read | perms::owner_write);
+}
+
 TEST(write_whole, keeps_a_file_where_the_user_may_not_write) {
     const TempFolder folder;
     folder.write("a.json", "old");
