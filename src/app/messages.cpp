@@ -33,6 +33,8 @@ void Messages::ShowMessage(std::string_view main_text, std::string_view extra) {
     show(coloured(main_text, extra));
 }
 
+void Messages::ShowPlain(std::string_view text) { show({.text = std::string{text}}); }
+
 void Messages::AddMessage(std::string_view main_text, std::string_view extra) {
     auto message = coloured(main_text, extra);
     message.appended = true;

@@ -26,7 +26,9 @@ class Messages {
     // begins "<<注意>>", "RED" in any case, or " RED" is shown in red; the latter two are cut off,
     // from any text that happens to begin so.
     void ShowMessage(std::string_view main_text, std::string_view extra = "");
-    // The same rule, on a new line behind the present text.
+    // The text as it is, in black: for one that begins with a name of the user's.
+    void ShowPlain(std::string_view text);
+    // The first rule, on a new line behind the present text.
     void AddMessage(std::string_view main_text, std::string_view extra = "");
 
     enum class Progress { On, Off };

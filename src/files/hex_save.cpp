@@ -55,8 +55,7 @@ void HexFiles::take_as_saved(const fs::path& path) {
     session_.HexFilePath = text_of(path);
     show_name(path);
     settings_.save("SAVE_DIR", text_of(path.parent_path()));
-    messages_.ShowMessage(printable(text_of(path.filename())) +
-                          std::string{hex_files_text::kSaved});
+    messages_.ShowPlain(printable(text_of(path.filename())) + std::string{hex_files_text::kSaved});
     // What was written stands where the reader, as it is set, finds something else.
     if (form_.HexFileCheck.Checked.get() && has_full_addresses(session_.DeviceName) &&
         hex_addresses(form_, session_.DeviceName) == HexAddresses::Folded &&

@@ -33,6 +33,15 @@ TEST_F(ShowMessage, puts_a_blank_between_main_and_extra_text) {
     EXPECT_EQ(colour(), Colour::Black);
 }
 
+TEST_F(ShowMessage, has_a_form_that_takes_no_name_for_a_colour) {
+    for (const auto* name : {"red_lamp.hexファイル", "RED", " red", "<<注意>>"}) {
+        messages.ShowMessage("redx");
+        messages.ShowPlain(name);
+        EXPECT_EQ(caption(), std::string{name} + " ");
+        EXPECT_EQ(colour(), Colour::Black);
+    }
+}
+
 TEST_F(ShowMessage, with_an_empty_text_clears_the_caption_to_a_single_blank_in_black) {
     messages.ShowMessage("redx");
     messages.ShowMessage("");

@@ -45,6 +45,15 @@ TEST(mnuFileSave_Click, writes_the_image_and_makes_the_file_the_one_at_hand) {
     EXPECT_TRUE(bench.dialogs.boxes.empty());
 }
 
+TEST(mnuFileSave_Click, keeps_name_and_colour_of_a_file_that_begins_with_red) {
+    SaveBench bench;
+    for (const auto* name : {"red_lamp.hex", " RED.hex"}) {
+        bench.shown.clear();
+        bench.save(name);
+        EXPECT_EQ(bench.shown, Shown{name + std::string{"ファイル保存完了。 "}});
+    }
+}
+
 TEST(mnuFileSave_Click, asks_in_the_folder_of_the_last_save) {
     SaveBench bench;
     bench.store.write(Settings::kSection, "SAVE_DIR", "/somewhere");
