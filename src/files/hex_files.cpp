@@ -66,6 +66,7 @@ HexFiles::HexFiles(Session& session, MainForm& form, AboutForm& about, Settings&
       loader_{session, form, about, messages, views, config} {}
 
 Token HexFiles::mnuFileOpen_Click(std::optional<fs::path> chosen) {
+    former_ = ImageMark{session_};
     clear_entry_fields();
     selection_.Combo_device_Click();
     if (!device_selected()) return Token::NG;
@@ -80,6 +81,7 @@ Token HexFiles::mnuFileOpen_Click(std::optional<fs::path> chosen) {
 }
 
 Token HexFiles::open_directly() {
+    former_ = ImageMark{session_};
     clear_entry_fields();
     selection_.Combo_device_Click();
     if (!device_selected()) return Token::NG;
@@ -87,6 +89,11 @@ Token HexFiles::open_directly() {
 }
 
 Token HexFiles::mnuFileDirectOpen(const fs::path& folder) {
+    former_ = ImageMark{session_};
+    return open_from(folder);
+}
+
+Token HexFiles::open_from(const fs::path& folder) {
     clear_entry_fields();
     if (!device_selected()) return Token::NG;
     std::optional<fs::path> chosen;
@@ -105,6 +112,7 @@ Token HexFiles::mnuFileDirectOpen(const fs::path& folder) {
 }
 
 void HexFiles::nmuFile_Click(int n) {
+    former_ = ImageMark{session_};
     if (!select_device_of(n)) {
         messages_.ShowMessage(hex_files_text::kNoSuchDevice);
         session_.LoadResult = "NG";
@@ -114,7 +122,7 @@ void HexFiles::nmuFile_Click(int n) {
     // The entry was lower-cased when it was made. The file that the program was started with is not
     // what the user asks for here.
     session_.CommandLine.clear();
-    mnuFileDirectOpen(as_on_disk(folder));
+    open_from(as_on_disk(folder));
 }
 
 // By the place in the list, as it was saved. A file never loads for another device than its entry
@@ -147,8 +155,12 @@ bool HexFiles::device_selected() {
     return selected;
 }
 
+// The device was selected before the file was asked for, which has cleared the image: a user who
+// only cancelled must know what is gone.
 Token HexFiles::refuse(std::string_view reason) {
     messages_.ShowMessage(hex_files_text::kNotOpened, reason);
+    if (former_.has_device() && !former_.is_of(session_))
+        messages_.AddMessage(hex_files_text::kCleared);
     session_.LoadResult = "NG";
     return Token::NG;
 }
@@ -175,6 +187,7 @@ std::optional<std::string> HexFiles::read(const fs::path& path) {
 }
 
 void HexFiles::take_as_current(const fs::path& path) {
+    file_ = {};
     buffer_.mnuPcBufferMemoryClear();
     show_name(path);
     session_.HexFilePath = text_of(path);
@@ -230,7 +243,9 @@ Token HexFiles::load(std::string_view text) {
     views_.ShowProgramMemory();
     if (session_.EepBytes != 0) views_.show_eeprom();
     views_.ShowConfigSummary();
-    return session_.LoadResult == "OK" ? Token::OK : Token::NG;
+    if (session_.LoadResult != "OK") return Token::NG;
+    file_ = ImageMark{session_};
+    return Token::OK;
 }
 
 std::string_view device_named_in(std::string_view text) {

@@ -24,6 +24,7 @@
 #include "catalogue/device_selection.h"
 #include "files/hex_loader.h"
 #include "files/history.h"
+#include "image/image_mark.h"
 #include "image/views.h"
 
 namespace quillon {
@@ -54,11 +55,15 @@ class HexFiles {
     void nmuHistryClear_Click();
     // Shows nmuFile1 to nmuFile5 and nmuDevice1 to nmuDevice5 from the settings.
     void restore_history();
+    // Whether the image is what the file at hand holds: nothing was changed, read, cleared or
+    // selected since it was loaded or saved.
+    bool buffer_is_file() const { return file_.is_of(session_); }
 
   private:
     void clear_entry_fields();
     bool device_selected();
     Token refuse(std::string_view reason);
+    Token open_from(const std::filesystem::path& folder);
     // The file's text, or nothing where it was refused.
     std::optional<std::string> read(const std::filesystem::path& path);
     void take_as_current(const std::filesystem::path& path);
@@ -81,6 +86,8 @@ class HexFiles {
     DeviceSelection& selection_;
     FileHistory history_;
     HexLoader loader_;
+    ImageMark file_;    // what the file at hand holds
+    ImageMark former_;  // the image before the command that runs
 };
 
 // The device that a HEX text asks for: what follows the ";" of the last item holding ";PIC", to the

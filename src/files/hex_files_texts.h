@@ -18,6 +18,7 @@ inline constexpr std::string_view kSavedFolded =
     "red8Kワードを超えるプログラムを読み戻すには、"
     "オプション「HEXファイルの上位アドレスを使う」(HexUpperAddress)が必要です。";
 inline constexpr std::string_view kNotOpened = "ファイルをオープンできませんでした。";
+inline constexpr std::string_view kCleared = "バッファメモリはクリアされました。";
 inline constexpr std::string_view kNotText = "テキスト形式のＨＥＸファイルではありません。";
 inline constexpr std::string_view kChanging =
     "読み込み中にファイルの大きさが変わりました。書き込みが終わってから開いてください。";

@@ -53,6 +53,7 @@ bool HexFiles::may_replace(const fs::path& path) {
 
 void HexFiles::take_as_saved(const fs::path& path) {
     session_.HexFilePath = text_of(path);
+    file_ = ImageMark{session_};
     show_name(path);
     settings_.save("SAVE_DIR", text_of(path.parent_path()));
     messages_.ShowPlain(printable(text_of(path.filename())) + std::string{hex_files_text::kSaved});

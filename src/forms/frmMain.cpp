@@ -96,7 +96,7 @@ void frmMain::command(const std::function<void()>& act) {
     if (closing_) QTimer::singleShot(0, this, [this] { close(); });
 }
 
-// What loads a file: the image then holds what the file said, unless the load failed.
+// What loads a file: the head shows it, and it is watched for changes.
 void frmMain::load(const std::function<void()>& act) {
     command([&] {
         const std::string former = run_.session.HexFilePath;
@@ -104,8 +104,6 @@ void frmMain::load(const std::function<void()>& act) {
         act();
         const bool loaded = run_.session.LoadResult == "OK";
         const bool same = run_.session.HexFilePath == former;
-        if (run_.session.LoadResult.empty() && same) return;
-        file_in_buffer_ = loaded;
         // Another file that was refused leaves the one at hand, and an offer to reload it, as it
         // is.
         if (!loaded && same) return;
@@ -118,14 +116,13 @@ void frmMain::load(const std::function<void()>& act) {
 void frmMain::save() {
     command([this] {
         if (run_.files.mnuFileSave_Click() != Outcome::Success) return;
-        file_in_buffer_ = true;
         header_->take_file(q(run_.session.HexFilePath));
         file_watch_->watch(q(run_.session.HexFilePath));
     });
 }
 
 void frmMain::show_facts() {
-    header_->show_file(file_in_buffer_);
+    header_->show_file(run_.files.buffer_is_file());
     show_counters();
 }
 

@@ -89,7 +89,6 @@ class frmMain : public QMainWindow {
     bool busy_ = false;
     bool closing_ = false;
     std::string focus_asked_;  // by the command that runs
-    bool file_in_buffer_ = false;
 
     MainHeader* header_ = nullptr;
     FileWatch* file_watch_ = nullptr;

@@ -152,10 +152,7 @@ void frmMain::connect_buttons() {
                 [this, act = std::move(act)] { command(act); });
     };
     on_click(operation_->Command_blank, [this] { run_.flows.Command_blank(); });
-    on_click(operation_->Command_read, [this] {
-        const Outcome outcome = run_.flows.Command_read();
-        if (outcome != Outcome::NoDevice && outcome != Outcome::NoBoard) file_in_buffer_ = false;
-    });
+    on_click(operation_->Command_read, [this] { run_.flows.Command_read(); });
     on_click(operation_->Command_Verify, [this] { run_.flows.Command_Verify(); });
     on_click(operation_->Command_program, [this] { run_.flows.Command_program(); });
     on_click(board_label_, [this] { run_.flows.Label_FirmwareVersion_Click(); });
@@ -204,17 +201,10 @@ void frmMain::connect_menus() {
                   [this] { command([this] { run_.menu.mnuLogFileOpen_Click(); }); });
     menus_->start(form.exit, [this] { close(); });
     menus_->start(form.mnuPcBufferMemoryClear, [this] {
-        command([this] {
-            run_.buffer.mnuPcBufferMemoryClear();
-            file_in_buffer_ = false;
-        });
+        command([this] { run_.buffer.mnuPcBufferMemoryClear(); });
     });
-    menus_->start(form.mnuPcBufferMemory_0, [this] {
-        command([this] {
-            run_.buffer.mnuPcBufferMemory_0();
-            file_in_buffer_ = false;
-        });
-    });
+    menus_->start(form.mnuPcBufferMemory_0,
+                  [this] { command([this] { run_.buffer.mnuPcBufferMemory_0(); }); });
     menus_->start(form.mnuPgmErase,
                   [this] { command([this] { run_.flows.mnuPgmErase_Click(); }); });
     menus_->start(form.mnuChipErase,
@@ -233,12 +223,9 @@ void frmMain::connect_menus() {
 }
 
 // An ID counts once it is complete; what is left unfinished gives way to the image's. With a
-// changed ID or configuration the buffer is no longer what the file holds.
+// changed ID or configuration the buffer may no longer be what the file holds.
 void frmMain::connect_entries() {
-    const auto changed = [this] {
-        file_in_buffer_ = false;
-        show_facts();
-    };
+    const auto changed = [this] { show_facts(); };
     config_->on_change = changed;
     const auto connect_box = [this, changed](TextBox& control, auto take) {
         auto* box = findChild<QLineEdit*>(q(control.name));
@@ -298,11 +285,7 @@ void frmMain::connect_form() {
     bindings_.keep(form.Placed.connect([this] { place(); }));
     bindings_.keep(form.Focus.observe([this](const std::string& name) { focus_on(name); }));
     // A selection clears the image, that of the same device too.
-    bindings_.keep(form.Combo_device.ListIndex.observe([this](int) { file_in_buffer_ = false; }));
-    connect(header_->Combo_device, &QComboBox::activated, this, [this] {
-        file_in_buffer_ = false;
-        show_facts();
-    });
+    connect(header_->Combo_device, &QComboBox::activated, this, [this] { show_facts(); });
     // The counters change in the middle of a run, with a message each time.
     bindings_.keep(run_.messages.shown.connect([this](const ShownMessage&) { show_counters(); }));
 }

@@ -129,7 +129,7 @@ TEST(mnuFileOpen_Click, tells_a_cancelled_dialog_as_a_file_that_is_not_there) {
     bench.open(kWord);
     bench.shown.clear();
     EXPECT_EQ(bench.files.mnuFileOpen_Click(), Token::NG);
-    EXPECT_EQ(bench.shown.back(), "ファイルをオープンできませんでした。");
+    EXPECT_EQ(std::ranges::count(bench.shown, "ファイルをオープンできませんでした。"), 1);
     EXPECT_EQ(bench.session.HexFilePath, bench.path("work/a.hex"));
 }
 
@@ -164,8 +164,9 @@ TEST(mnuFileOpen_Click, refuses_what_is_no_HEX_text_and_keeps_the_current_file_a
             {"huge.hex",
              "ファイルをオープンできませんでした。|ＨＥＸファイルとしてはサイズが大きすぎます。"}}) {
         bench.session.LoadResult = "OK";
+        bench.shown.clear();
         EXPECT_EQ(bench.files.mnuFileOpen_Click(bench.folder / name), Token::NG) << name;
-        EXPECT_EQ(bench.shown.back(), told);
+        EXPECT_EQ(std::ranges::count(bench.shown, told), 1) << told;
         EXPECT_EQ(bench.session.LoadResult, "NG") << name;
         EXPECT_EQ(bench.session.HexFilePath, bench.path("work/good.hex")) << name;
         EXPECT_EQ(bench.session.LoadedHexPath, bench.path("work/good.hex")) << name;
@@ -392,6 +393,65 @@ TEST(mnuFileOpen_Click, survives_settings_that_cannot_be_written) {
     bench.store.writable = false;
     EXPECT_EQ(bench.open(kWord), Token::OK);
     EXPECT_EQ(bench.session.PgmMem[0], 0x12);
+}
+
+TEST(mnuFileOpen_Click, says_that_a_cancelled_dialog_has_cost_the_image) {
+    FilesBench bench;
+    const Texts refused{"ファイルをオープンできませんでした。"};
+    const Texts cleared{"ファイルをオープンできませんでした。",
+                        "バッファメモリはクリアされました。"};
+    const auto cancel = [&bench] {
+        bench.shown.clear();
+        EXPECT_EQ(bench.files.mnuFileOpen_Click(), Token::NG);
+        return Texts{std::ranges::find(bench.shown, "ファイルをオープンできませんでした。"),
+                     bench.shown.end()};
+    };
+    EXPECT_EQ(cancel(), refused) << "there was nothing to lose";
+    bench.open(kWord);
+    EXPECT_EQ(cancel(), cleared);
+    EXPECT_EQ(bench.session.PgmMem[0], 0x3F);
+    EXPECT_EQ(cancel(), refused);
+    bench.session.PgmMem[0] = 0x12;  // as a read leaves it
+    EXPECT_EQ(cancel(), cleared);
+    bench.open(kWord);
+    bench.shown.clear();
+    bench.files.mnuFileOpen_Click(bench.path("none.hex"));
+    EXPECT_EQ(bench.shown.back(), cleared.back());
+}
+
+TEST(nmuFile_Click, says_that_a_cancelled_dialog_has_cost_the_image) {
+    FilesBench bench;
+    bench.open(kWord);
+    bench.shown.clear();
+    bench.files.nmuFile_Click(1);
+    EXPECT_EQ(bench.shown.back(), "バッファメモリはクリアされました。");
+}
+
+TEST(buffer_is_file, from_a_load_or_a_save_until_the_image_changes) {
+    FilesBench bench;
+    EXPECT_FALSE(bench.files.buffer_is_file());
+    bench.open(kWord);
+    EXPECT_TRUE(bench.files.buffer_is_file());
+    bench.session.PgmMem[0] ^= 1U;
+    EXPECT_FALSE(bench.files.buffer_is_file());
+    ASSERT_EQ(bench.files.mnuFileSave_Click(bench.folder / "out.hex"), Outcome::Success);
+    EXPECT_TRUE(bench.files.buffer_is_file());
+    bench.buffer.mnuPcBufferMemoryClear(bench.selection);
+    EXPECT_FALSE(bench.files.buffer_is_file());
+    bench.open(kWord);
+    bench.form.Combo_device.select(std::string_view{"PIC16F84A"});
+    EXPECT_FALSE(bench.files.buffer_is_file());
+}
+
+TEST(buffer_is_file, not_after_a_load_that_failed) {
+    FilesBench bench;
+    bench.open(";\n");
+    EXPECT_TRUE(bench.files.buffer_is_file());
+    bench.open(":02000000ZZZZ00\n", "work/b.hex");
+    EXPECT_FALSE(bench.files.buffer_is_file());
+    bench.open(kWord, "work/b.hex");
+    bench.files.mnuFileOpen_Click(bench.path("none.hex"));
+    EXPECT_FALSE(bench.files.buffer_is_file());
 }
 
 }  // namespace quillon

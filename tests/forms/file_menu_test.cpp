@@ -208,7 +208,8 @@ TEST_F(file_menu, a_cancelled_open_tells_so_and_marks_the_file_whose_image_is_go
     open(hex("a.hex"));
     user.will(escapes("file_dialog"));
     trigger("mnuFileOpen");
-    EXPECT_EQ(message(), "ファイルをオープンできませんでした。 ");
+    EXPECT_EQ(message(),
+              "ファイルをオープンできませんでした。 \r\nバッファメモリはクリアされました。 ");
     EXPECT_TRUE(title().starts_with("a.hex  ")) << title();
     EXPECT_TRUE(file_line().ends_with("（バッファと相違）")) << file_line();
 }
