@@ -223,12 +223,14 @@ void frmMain::connect_menus() {
 }
 
 // An ID counts once it is complete; what is left unfinished gives way to the image's. With a
-// changed ID or configuration the buffer may no longer be what the file holds.
+// changed ID or configuration the buffer may no longer be what the file holds. The boxes of whole
+// words are locked where that of the digits is, which takes no key while it is disabled.
 void frmMain::connect_entries() {
     const auto changed = [this] { show_facts(); };
     config_->on_change = changed;
     const auto connect_box = [this, changed](TextBox& control, auto take) {
         auto* box = findChild<QLineEdit*>(q(control.name));
+        bindings_.follow(run_.form.Text_ID.Enabled, [box](bool on) { box->setReadOnly(!on); });
         connect(box, &QLineEdit::textEdited, &entries_, [take, changed](const QString& text) {
             if (take(utf8(text))) changed();
         });

@@ -67,7 +67,7 @@ bool IdEntry::take_digits(std::string_view text) {
 
 bool IdEntry::take_word(int n, std::string_view text) {
     const auto value = word_of(text);
-    if (!value) return false;
+    if (!value || !form_.Text_ID.Enabled.get()) return false;
     const auto at = 2 * static_cast<std::size_t>(n - 1);
     session_.CfgIdMem[at] = static_cast<std::uint8_t>(*value >> 8);
     session_.CfgIdMem[at + 1] = static_cast<std::uint8_t>(*value & 0xFF);

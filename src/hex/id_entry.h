@@ -21,7 +21,9 @@ class IdEntry {
     // Text_ID. The words get the form that a loaded file gives them. False for a text that isn't so
     // many hexadecimal digits: nothing is changed then.
     [[nodiscard]] bool take_digits(std::string_view text);
-    // Text_ID1 to Text_ID4, n from 1: one whole ID word of four digits. False for anything else.
+    // Text_ID1 to Text_ID4, n from 1: one whole ID word of four digits. False for anything else,
+    // and while an operation runs, which has Text_ID locked: it writes and shows the ID it began
+    // with.
     [[nodiscard]] bool take_word(int n, std::string_view text);
     // Boxes that hold fewer digits than their value has show the image's again.
     void drop_unfinished();

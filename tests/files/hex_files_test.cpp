@@ -436,7 +436,7 @@ TEST(buffer_is_file, from_a_load_or_a_save_until_the_image_changes) {
     EXPECT_FALSE(bench.files.buffer_is_file());
     ASSERT_EQ(bench.files.mnuFileSave_Click(bench.folder / "out.hex"), Outcome::Success);
     EXPECT_TRUE(bench.files.buffer_is_file());
-    bench.buffer.mnuPcBufferMemoryClear(bench.selection);
+    bench.buffer.mnuPcBufferMemoryClear();
     EXPECT_FALSE(bench.files.buffer_is_file());
     bench.open(kWord);
     bench.form.Combo_device.select(std::string_view{"PIC16F84A"});

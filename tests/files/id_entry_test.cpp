@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/buttons.h"
 #include "files/files_bench.h"
 
 namespace quillon {
@@ -81,6 +82,17 @@ TEST(drop_unfinished, shows_the_images_ID_again_where_a_box_is_incomplete) {
     pic18.form.Text_ID.Text.set("0123456");
     pic18.entry.drop_unfinished();
     EXPECT_EQ(pic18.form.Text_ID.Text.get(), "01234567");
+}
+
+// The boxes of whole words are none of the controls that an operation locks.
+TEST(IdEntry, takes_no_word_while_an_operation_has_the_controls_locked) {
+    Bench bench{"PIC16F887"};
+    LockButtons(bench.form);
+    EXPECT_FALSE(bench.entry.take_word(2, "1234"));
+    EXPECT_EQ(bytes_of(bench.session.CfgIdMem, 0, 7), "3FFF3FFF3FFF3FFF");
+    UnlockButtons(bench.session.PgmType, bench.form);
+    EXPECT_TRUE(bench.entry.take_word(2, "1234"));
+    EXPECT_EQ(bytes_of(bench.session.CfgIdMem, 0, 7), "3FFF12343FFF3FFF");
 }
 
 TEST(drop_unfinished, leaves_complete_boxes_and_a_form_without_a_device) {

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include "app/buttons.h"
 #include "forms/form_bench.h"
 #include "image/image_support.h"
 
@@ -63,6 +64,21 @@ TEST(id_box, of_a_whole_word_takes_fourteen_bits) {
     type(*bench.find<QLineEdit>("Text_ID2"), "7fff");
     QTest::keyClick(bench.find<QLineEdit>("Text_ID2"), Qt::Key_Return);
     EXPECT_EQ(bench.find<QLineEdit>("Text_ID2")->text(), "3A5C");
+}
+
+TEST(id_box, of_a_whole_word_takes_no_key_while_an_operation_runs) {
+    FormBench bench;
+    bench.run->form.Combo_device.select(std::string_view{"PIC16F887"});
+    auto* box = bench.find<QLineEdit>("Text_ID2");
+    bench.window->command([&] {
+        LockButtons(bench.run->form);
+        type(*box, "1234");
+        EXPECT_EQ(bytes_of(bench.run->session.CfgIdMem, 2, 3), "3FFF");
+        UnlockButtons(bench.run->session.PgmType, bench.run->form);
+    });
+    EXPECT_EQ(box->text(), "3FFF");
+    type(*box, "1234");
+    EXPECT_EQ(bytes_of(bench.run->session.CfgIdMem, 2, 3), "1234");
 }
 
 }  // namespace
