@@ -17,6 +17,7 @@ namespace quillon {
 
 namespace {
 
+constexpr std::string_view kFileName = "device6.ini";
 constexpr std::size_t kMostNames = 1025;
 constexpr std::size_t kMostListed = 1024;  // entries 0 to 1023 reach Combo_device
 constexpr std::size_t kMostComments = 129;
@@ -41,7 +42,7 @@ Catalogue::Catalogue(Session& session, MainForm& form, BoardForm& board, Host& h
     : session_{session}, form_{form}, board_{board}, host_{host}, dialogs_{dialogs} {}
 
 std::string Catalogue::path() const {
-    return session_.CatalogueFile.empty() ? session_.AppPath + "device6.ini"
+    return session_.CatalogueFile.empty() ? session_.AppPath + std::string{kFileName}
                                           : session_.CatalogueFile;
 }
 
@@ -89,8 +90,10 @@ void Catalogue::write_device_list() const {
 void Catalogue::fail_start() {
     session_.DeviceList.clear();
     session_.CatError = true;
+    const bool named = path() != session_.AppPath + std::string{kFileName};
     dialogs_.box({.title = std::string{catalogue_text::kNoCatalogueTitle},
-                  .text = std::string{catalogue_text::kNoCatalogue} + session_.AppPath,
+                  .text = named ? std::string{catalogue_text::kNoNamedCatalogue} + path()
+                                : std::string{catalogue_text::kNoCatalogue} + session_.AppPath,
                   .icon = BoxIcon::Critical});
 }
 

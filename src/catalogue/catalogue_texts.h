@@ -10,6 +10,9 @@ namespace quillon::catalogue_text {
 inline constexpr std::string_view kNoCatalogueTitle = "設定ファイルを開けませんでした";
 inline constexpr std::string_view kNoCatalogue =
     "デバイス情報設定ファイル 'device6.ini'が、以下のフォルダーに有りませんでした。";
+// The same of a file that the user has named; its path follows the text
+inline constexpr std::string_view kNoNamedCatalogue =
+    "指定されたデバイス情報設定ファイルを開けませんでした。\r";
 
 // A block can't be read; 1 full-width blank before the reason
 inline constexpr std::string_view kBlockFailedTitle = "ﾌｧｲﾙ 開く失敗";

@@ -46,6 +46,7 @@ StartUp::End StartUp::prepare() {
     run_.session.AppPath = with_separator(run_.host.AppPath().string());
     if (!make_work_folder() || !work_files_writable()) return End::EndProcess;
     set_titles();
+    run_.files.restore_history();  // a file that is opened goes on top of it
     if (!load_catalogue()) return End::CatalogueFailed;
     run_.session.BoardUnasked = true;
     restore_link_settings();

@@ -77,6 +77,7 @@ class StartUp {
 
     Run& run_;
     bool owns_work_files_ = false;
+    bool hex_not_opened_ = false;  // the file that the command line names
 };
 
 }  // namespace quillon

@@ -93,6 +93,7 @@ void StartUp::take_hex_operands() {
     HexOperands operands = hex_operands(session.CommandLine);
     if (!operands.CmdHexPath.empty() && !FileExists(operands.CmdHexPath)) {
         run_.messages.ShowMessage(start_up_text::kHexNotOpened);
+        hex_not_opened_ = true;
         operands = {};
     }
     session.CmdHexPath = operands.CmdHexPath;
@@ -237,6 +238,8 @@ void StartUp::settle() {
     run_.about.Label_ID_Word.Caption.set(
         fmt::format("NEW :{:02X}{:02X}:{:02X}{:02X}:{:02X}{:02X}:{:02X}{:02X}", id[0], id[1], id[2],
                     id[3], id[4], id[5], id[6], id[7]));
+    // The search for the board and the selection have replaced it long before anyone could read it.
+    if (hex_not_opened_) run_.messages.AddMessage(start_up_text::kHexNotOpened);
     report_troubles();
 }
 
@@ -248,6 +251,8 @@ void StartUp::report_troubles() {
     for (const auto key : kFlagSettings)
         if (!run_.settings.converts(key))
             run_.messages.AddMessage(fmt::format(start_up_text::kBadSetting, key));
+    if (run_.session.DeviceList.empty())
+        run_.messages.AddMessage(start_up_text::kNoDevices, run_.session.CatalogueFile);
     if (const auto problem = run_.settings.problem(); !problem.empty())
         run_.messages.AddMessage(problem);
     if (!takes_files(run_.session.TempDir))

@@ -39,6 +39,8 @@ inline constexpr std::string_view kWorkFileReadOnly =
     "\r\n"
     "　";
 
+inline constexpr std::string_view kNoDevices =
+    "redデバイス情報設定ファイルにデバイスが一つもありません。";
 inline constexpr std::string_view kBadSetting =
     "設定 {} の値が正しくないため、既定値を使用します。";
 inline constexpr std::string_view kFolderNotWritten =

@@ -85,6 +85,13 @@ TEST_F(Main_file, does_not_find_a_path_with_the_operand_right_behind_it) {
     EXPECT_EQ(dialogs.device_selects_shown, 0);
 }
 
+TEST_F(Main_file, still_says_at_the_end_that_the_file_was_not_opened) {
+    start((documents / "none.hex").string());
+    const std::string_view line = "HEXファイルをオープンできませんでした。 ";
+    EXPECT_TRUE(run.form.LabelCmt.Caption.get().ends_with(line)) << run.form.LabelCmt.Caption.get();
+    EXPECT_EQ(run.form.LabelCmt.ForeColor.get(), Colour::Black);
+}
+
 TEST_F(Main_file, cuts_a_longer_extension_and_does_not_find_it) {
     documents.write("A.HEX.BAK", test::kHexFile);
     start((documents / "A.HEX.BAK").string());
