@@ -4,6 +4,8 @@
 #include <fmt/format.h>
 
 #include <QDir>
+#include <cerrno>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -60,6 +62,7 @@ Finish Commands::execute() {
 }
 
 Finish Commands::carry_out() {
+    if (auto ending = check_outputs()) return *ending;
     tell_changes();
     if (auto ending = start()) return *ending;
     if (options_.command == Command::Devices) return list_devices();
@@ -72,10 +75,26 @@ Finish Commands::carry_out() {
     // A check leaves the line as it stands; in the window the search at start-up has set it.
     run_.port.RTSEnable(!run_.form.mnuComMode1.Checked.get());
     if (options_.command == Command::Simulate) return simulate();
-    if (auto ending = operate()) return with_words(*ending);
+    if (auto ending = operate()) {
+        // What a failed read, of a protected part too, has left in the image may be looked at.
+        if (ending->result.exit != kFailed) return with_words(*ending);
+        const auto unwritten = write_dump();
+        if (unwritten && ending->result.error.empty())
+            ending->result.error = unwritten->result.error;
+        return with_words(*ending);
+    }
     if (auto ending = save_file()) return with_words(*ending);
     if (auto ending = write_dump()) return with_words(*ending);
     return with_words(Finish::of(Outcome::Success));
+}
+
+// An empty name can't be written: known before a part or a file is touched.
+Commands::Ending Commands::check_outputs() const {
+    for (const auto* output : {&options_.save, &options_.dump})
+        if (*output && (*output)->empty())
+            return Finish::complain(kFailed, fmt::format(text::kCantWrite, "''",
+                                                         std::generic_category().message(ENOENT)));
+    return {};
 }
 
 void Commands::tell_changes() {
@@ -149,12 +168,12 @@ Commands::Ending Commands::choose_device() {
     if (index < 0 || static_cast<std::size_t>(index) >= list.Items.get().size())
         return Finish::complain(kUsage, std::string{text::kNoDevice});
     list.show(index);
-    if (options_.hex.empty()) run_.selection.Combo_device_Click();
+    if (!options_.hex) run_.selection.Combo_device_Click();
     return {};
 }
 
 Commands::Ending Commands::open_file() {
-    if (options_.hex.empty() || run_.files.mnuFileOpen_Click(options_.hex) == Token::OK) return {};
+    if (!options_.hex || run_.files.mnuFileOpen_Click(options_.hex) == Token::OK) return {};
     return Finish::of(Outcome::Failed);
 }
 

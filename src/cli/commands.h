@@ -41,6 +41,7 @@ class Commands {
 
     Finish carry_out();
     void tell_changes();
+    Ending check_outputs() const;
     Ending start();
     void use_own_display_files();
     void tell_unsaved_settings();

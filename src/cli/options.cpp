@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "app/product.h"
+#include "app/text.h"
 #include "cli/cli_texts.h"
 #include "cli/exit_status.h"
 
@@ -65,14 +66,20 @@ CLI::Option* repeatable(CLI::App& app, const char* name, std::vector<std::string
     return app.add_option(name, values, help)->allow_extra_args(false)->take_all();
 }
 
+// The value as it was given: CLI11's own way takes an empty text for none.
+template <typename Value>
+CLI::Option* given(CLI::App& app, const char* name, std::optional<Value>& value, const char* help) {
+    return app.add_option_function<std::string>(
+        name, [&value](const std::string& text) { value = text; }, help);
+}
+
 void add_options(CLI::App& app, Options& options, Raw& raw) {
-    app.add_option("--home", options.home, "folder of settings.ini and QUILLON4_TEMP")
+    given(app, "--home", options.home, "folder of settings.ini and QUILLON4_TEMP")
         ->type_name("DIR");
-    app.add_option("--catalogue", options.catalogue, "the device6.ini to use")->type_name("FILE");
-    app.add_option("--port", options.port, "a serial device's path, COMn, or sim")
-        ->type_name("NAME");
-    app.add_option("--socket", options.socket,
-                   "with --port sim or simulate: a JSON file that keeps the simulated target")
+    given(app, "--catalogue", options.catalogue, "the device6.ini to use")->type_name("FILE");
+    given(app, "--port", options.port, "a serial device's path, COMn, or sim")->type_name("NAME");
+    given(app, "--socket", options.socket,
+          "with --port sim or simulate: a JSON file that keeps the simulated target")
         ->type_name("FILE");
     app.add_option(
            "--sim-baud", options.sim_baud,
@@ -80,12 +87,12 @@ void add_options(CLI::App& app, Options& options, Raw& raw) {
         ->type_name("N");
     repeatable(app, "--fault", raw.faults, "a fault of the simulated board; may be repeated")
         ->type_name("FAULT");
-    app.add_option("--device", options.device, "the device to select")->type_name("NAME");
+    given(app, "--device", options.device, "the device to select")->type_name("NAME");
     repeatable(app, "--set", raw.sets, "sets a control; may be repeated")->type_name("NAME=VALUE");
     repeatable(app, "--answer", raw.answers, "answers a question; may be repeated")
         ->type_name("NAME=VALUE");
     app.add_flag("--json", options.json, "one JSON object a line");
-    app.add_option("--trace", options.trace, "writes all that passes the wire to a file")
+    given(app, "--trace", options.trace, "writes all that passes the wire to a file")
         ->type_name("FILE");
     app.add_option("--deadline", raw.deadline, "gives the operation up after so many seconds")
         ->type_name("SECONDS");
@@ -106,11 +113,11 @@ void add_commands(CLI::App& app, Options& options, Raw& raw) {
         return added;
     };
     const auto with_hex = [&](CLI::App* added) {
-        added->add_option("HEX", options.hex, "an Intel HEX file")->required()->type_name("FILE");
+        given(*added, "HEX", options.hex, "an Intel HEX file")->required()->type_name("FILE");
         return added;
     };
     const auto with_dump = [&](CLI::App* added) {
-        added->add_option("--dump", options.dump, "writes the image as JSON")->type_name("FILE");
+        given(*added, "--dump", options.dump, "writes the image as JSON")->type_name("FILE");
         return added;
     };
     command(Command::Devices, "devices", "lists the devices");
@@ -118,22 +125,38 @@ void add_commands(CLI::App& app, Options& options, Raw& raw) {
     command(Command::Blank, "blank", "blank check");
     with_hex(command(Command::Verify, "verify", "compares the device with a file"));
     with_hex(command(Command::Program, "program", "erases, writes and verifies the device"));
-    with_dump(command(Command::Read, "read", "reads the device"))
-        ->add_option("-o", options.save, "saves what was read as a HEX file")
+    given(*with_dump(command(Command::Read, "read", "reads the device")), "-o", options.save,
+          "saves what was read as a HEX file")
         ->type_name("FILE");
     command(Command::EraseChip, "erase", "erases the program memory or the whole chip")
         ->add_option("AREA", raw.area, "pgm or chip")
         ->required()
         ->check(CLI::IsMember({"pgm", "chip"}));
-    with_dump(with_hex(command(Command::Load, "load", "loads a file; needs no board")))
-        ->add_option("--save", options.save, "saves the image as a HEX file")
+    given(*with_dump(with_hex(command(Command::Load, "load", "loads a file; needs no board"))),
+          "--save", options.save, "saves the image as a HEX file")
         ->type_name("FILE");
-    command(Command::Simulate, "simulate", "serves the simulated board on a pseudo-terminal")
-        ->add_option("--link", options.link, "a name for the pseudo-terminal")
+    given(
+        *command(Command::Simulate, "simulate", "serves the simulated board on a pseudo-terminal"),
+        "--link", options.link, "a name for the pseudo-terminal")
         ->type_name("PATH");
 }
 
+// An empty name, as from a script's unset variable, must not become the default folder or file.
+void check_places(const Options& options) {
+    const auto check = [](const char* name, const auto& place) {
+        if (place && place->empty()) throw CLI::ValidationError{name, "is empty"};
+    };
+    check("--home", options.home);
+    check("--catalogue", options.catalogue);
+    check("--link", options.link);
+    check("--socket", options.socket);
+    check("--port", options.port);
+    if (options.home && !is_utf8(options.home->string()))
+        throw CLI::ValidationError{"--home", "the name isn't valid UTF-8"};
+}
+
 void take(Options& options, const Raw& raw) {
+    check_places(options);
     for (const auto& set : raw.sets) options.sets.push_back(named_value("--set", set));
     for (const auto& given : raw.answers) options.answers.push_back(sound_answer(given));
     if (options.sim_baud.value_or(0) < 0) throw CLI::ValidationError{"--sim-baud", "below 0"};
@@ -151,7 +174,6 @@ void take(Options& options, const Raw& raw) {
         if (!reading.fault) throw CLI::ValidationError{"--fault", reading.error};
         options.faults.push_back(*reading.fault);
     }
-    if (options.port && options.port->empty()) throw CLI::ValidationError{"--port", "is empty"};
     const bool board = options.simulated() || options.command == Command::Simulate;
     if (!board && (options.socket || options.sim_baud || !options.faults.empty()))
         throw CLI::ValidationError{std::string{text::kNeedsSimulation}};

@@ -50,7 +50,7 @@ struct Options {
     std::optional<int> sim_baud;  // 0: as fast as the host goes
     std::vector<Fault> faults;
 
-    std::filesystem::path hex;
+    std::optional<std::filesystem::path> hex;   // an empty name is a file that doesn't exist
     std::optional<std::filesystem::path> save;  // the image as a HEX file
     std::optional<std::filesystem::path> dump;
     std::optional<std::filesystem::path> link;

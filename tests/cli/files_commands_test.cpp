@@ -2,6 +2,7 @@
 // Commands that need no board: devices, load, and how a run starts.
 #include <gtest/gtest.h>
 
+#include "app/text.h"
 #include "cli_bench.h"
 
 namespace quillon::cli {
@@ -138,6 +139,81 @@ TEST(load, fails_with_1_where_the_dump_cannot_be_written) {
     EXPECT_NE(cli.result()["error"].get<std::string>().find("d.json"), std::string::npos);
 }
 
+TEST(load, keeps_the_windows_file_history) {
+    CliBench cli;
+    cli.home.write("settings.ini",
+                   "[Settings6]\nOPEN_DIR1=/a    PIC16F84A\nOPEN_Device1=3\n"
+                   "OPEN_DIR2=/b    PIC16F877A\nOPEN_Device2=5\n");
+    ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker}), 0);
+    const auto settings = cli.home.read("settings.ini");
+    for (const auto* line : {"OPEN_DIR2=/a    PIC16F84A\n", "OPEN_Device2=3\n",
+                             "OPEN_DIR3=/b    PIC16F877A\n", "OPEN_Device3=5\n"})
+        EXPECT_NE(settings.find(line), std::string::npos) << line << settings;
+    EXPECT_NE(settings.find("OPEN_DIR1=" + lower(QUILLON_EXAMPLES)), std::string::npos) << settings;
+}
+
+// As a script hands it over whose variable is unset.
+TEST(empty_name, is_a_file_that_does_not_exist) {
+    CliBench cli;
+    ASSERT_EQ(cli.on_board(
+                  {"--device", "PIC16F877A", "--socket", cli.path("s.json"), "program", kBlinker}),
+              0)
+        << cli.out;
+    const auto part = cli.home.read("s.json");
+    for (const auto* command : {"program", "verify", "load"}) {
+        EXPECT_EQ(cli.on_board({"--socket", cli.path("s.json"), command, ""}), 1) << command;
+        EXPECT_TRUE(holds(cli.messages(), "ファイルをオープンできませんでした。")) << command;
+        EXPECT_EQ(cli.home.read("s.json"), part) << command;
+    }
+}
+
+TEST(empty_name, of_an_output_is_refused_before_anything_is_done) {
+    CliBench cli;
+    for (const auto* option : {"-o", "--dump"}) {
+        EXPECT_EQ(cli.on_board({"--device", "PIC16F877A", "read", option, ""}), 1) << option;
+        EXPECT_TRUE(cli.messages().empty()) << option;
+        EXPECT_NE(cli.err.find("No such file or directory"), std::string::npos) << cli.err;
+    }
+    for (const auto* option : {"--save", "--dump"}) {
+        EXPECT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker, option, ""}), 1) << option;
+        EXPECT_TRUE(cli.messages().empty()) << option;
+    }
+}
+
+TEST(empty_name, of_a_folder_or_of_the_catalogue_is_no_default) {
+    CliBench cli;
+    for (const std::string option : {"--home", "--socket", "--port"}) {
+        EXPECT_EQ(cli.json({option, "", "devices"}), 2) << option;
+        EXPECT_NE(cli.err.find(option + ": is empty"), std::string::npos) << cli.err;
+    }
+    EXPECT_EQ(cli.json({"simulate", "--link", ""}), 2);
+    ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker}), 0);
+    EXPECT_EQ(cli.json({"--device", "", "load", kBlinker}), 2) << "not the device of the last call";
+    cli.catalogue.clear();
+    EXPECT_EQ(cli.json({"devices"}), 2);
+    EXPECT_NE(cli.err.find("--catalogue: is empty"), std::string::npos) << cli.err;
+}
+
+// Latin-1, from an older system.
+TEST(name_that_is_no_UTF_8, is_written_byte_by_byte) {
+    CliBench cli;
+    cli.home.write("caf\xEF\xBF\xBD.hex", "another's");
+    ASSERT_EQ(cli.json({"--device", "PIC16F84A", "load", kBlinker, "--save",
+                        cli.path("caf\xE9.hex"), "--dump", cli.path("caf\xE9.json")}),
+              0)
+        << cli.err;
+    EXPECT_TRUE(cli.home.read("caf\xE9.hex").starts_with(":10"));
+    EXPECT_TRUE(cli.home.read("caf\xE9.json").starts_with("{"));
+    EXPECT_EQ(cli.home.read("caf\xEF\xBF\xBD.hex"), "another's");
+}
+
+TEST(name_that_is_no_UTF_8, is_refused_for_the_home) {
+    CliBench cli;
+    EXPECT_EQ(cli.json({"--home", cli.path("caf\xE9"), "devices"}), 2);
+    EXPECT_NE(cli.err.find("--home"), std::string::npos);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator{cli.home.path()}, {}), 0);
+}
+
 TEST(run_cli, remembers_the_device_for_the_next_call) {
     CliBench cli;
     ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker}), 0);
@@ -174,6 +250,26 @@ TEST(run_cli, ends_with_2_where_the_catalogue_is_missing_and_shows_its_box) {
     EXPECT_EQ(cli.of("box")[0]["title"], "設定ファイルを開けませんでした");
     EXPECT_EQ(cli.of("box")[0]["icon"], "critical");
     EXPECT_EQ(cli.of("box")[0]["answer"], "ok");
+}
+
+TEST(run_cli, names_the_catalogue_that_was_asked_for) {
+    CliBench cli;
+    cli.catalogue = cli.path("no.ini");
+    EXPECT_EQ(cli.json({"devices"}), 2);
+    ASSERT_EQ(cli.of("box").size(), 1U);
+    EXPECT_EQ(cli.of("box")[0]["text"],
+              "指定されたデバイス情報設定ファイルを開けませんでした。\r" + cli.catalogue);
+}
+
+TEST(run_cli, says_that_a_catalogue_holds_no_device) {
+    CliBench cli;
+    cli.catalogue = cli.home.write("none.ini", "VERSION 6 . 1\n").string();
+    EXPECT_EQ(cli.json({"devices"}), 0);
+    ASSERT_EQ(cli.of("message").size(), 1U);
+    EXPECT_EQ(cli.of("message")[0]["text"],
+              "デバイス情報設定ファイルにデバイスが一つもありません。");
+    EXPECT_EQ(cli.of("message")[0]["extra"], cli.catalogue);
+    EXPECT_EQ(cli.of("message")[0]["colour"], "red");
 }
 
 TEST(run_cli, ends_with_1_where_the_work_folder_cannot_be_made) {

@@ -317,11 +317,14 @@ TEST_F(read_and_save, that_fails_saves_nothing) {
     }
 }
 
-TEST_F(read_and_save, of_a_protected_part_saves_no_zeros) {
+TEST_F(read_and_save, of_a_protected_part_saves_no_zeros_but_dumps_what_there_is) {
     ASSERT_EQ(run({"--set", "CONFIG1=CP:ON", "program", kBlinker}), 0) << cli.out;
-    EXPECT_EQ(run({"read", "-o", out()}), 1);
+    EXPECT_EQ(run({"read", "-o", out(), "--dump", cli.path("read.json")}), 1);
     EXPECT_EQ(cli.result()["CodeProtect"], "CP");
     EXPECT_FALSE(saved());
+    EXPECT_EQ(cli.file("read.json")["device"], "PIC16F877A");
+    EXPECT_EQ(run({"read", "--dump", cli.path("none/read.json")}), 1);
+    EXPECT_NE(cli.err.find("none/read.json"), std::string::npos) << cli.err;
 }
 
 }  // namespace
