@@ -34,6 +34,7 @@ constexpr std::string_view kChanging =
     "ファイルをオープンできませんでした。"
     "|読み込み中にファイルの大きさが変わりました。書き込みが終わってから開いてください。";
 constexpr std::string_view kSkipped = "行目はＨＥＸデータでないので読み飛ばしました。";
+constexpr std::string_view kCleared = "バッファメモリはクリアされました。";
 
 const std::string kWord = data(0, {0x34, 0x12}) + test::kEndRecord;
 
@@ -46,13 +47,18 @@ struct BadFileBench : FilesBench {
         const bool checked = shown.back().find("ファイル検査：") != std::string::npos;
         return shown.at(shown.size() - (checked ? 2 : 1));
     }
+    // The last text but for the line that says that the image was cleared.
+    std::string refusal() const {
+        const bool cleared = shown.back() == kCleared;
+        return shown.at(shown.size() - (cleared ? 2 : 1));
+    }
     void expect_refused(const fs::path& path, std::string_view wanted) {
         SCOPED_TRACE(path.string().substr(0, 80));
         const auto settings = store.values;
         shown.clear();
         EXPECT_EQ(files.mnuFileOpen_Click(path), Token::NG);
-        EXPECT_EQ(shown.back(), "バッファメモリはクリアされました。");
-        EXPECT_EQ(shown.at(shown.size() - 2), wanted);
+        EXPECT_EQ(shown.back(), kCleared);
+        EXPECT_EQ(refusal(), wanted);
         EXPECT_EQ(session.LoadResult, "NG");
         EXPECT_EQ(session.HexFilePath, (folder / "work/good.hex").string());
         EXPECT_EQ(form.Caption.get(), "good.hex  Quillon V4 V4.0.1  ");
@@ -111,7 +117,7 @@ TEST(bad_file, that_is_closed_to_the_user_is_refused) {
         result = bench.files.mnuFileOpen_Click(path);
     }
     EXPECT_EQ(result, Token::NG);
-    EXPECT_EQ(bench.shown.back(), kNotOpened);
+    EXPECT_EQ(bench.refusal(), kNotOpened);
     bench.expect_usable();
 }
 
@@ -161,9 +167,10 @@ TEST(bad_file, that_shrinks_and_grows_while_it_is_read_is_never_half_of_it_and_w
         const bool good = result == Token::OK && bench.shown.back() == "ファイルロード完了";
         ++(good ? whole : other);
         if (!good) {
-            EXPECT_TRUE(bench.shown.back() == kChanging ||
-                        bench.shown.back().starts_with("red ファイル検査："))
-                << bench.shown.back();
+            // A page that is cut off while it is copied gives zeros.
+            EXPECT_TRUE(bench.refusal() == kChanging || bench.refusal() == kNotText ||
+                        bench.refusal().starts_with("red ファイル検査："))
+                << bench.refusal();
             continue;
         }
         EXPECT_EQ(bench.session.PgmMem[16 * kRecords - 1], 0x12);
@@ -270,7 +277,7 @@ TEST(bad_file, at_hand_that_has_become_a_folder_or_a_pipe_is_refused_by_a_reload
     const auto path = bench.folder / "work/good.hex";
     fs::remove(path);
     EXPECT_EQ(bench.files.open_directly(), Token::NG);
-    EXPECT_EQ(bench.shown.at(bench.shown.size() - 2), kNotOpened);
+    EXPECT_EQ(bench.refusal(), kNotOpened);
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
     EXPECT_EQ(bench.files.open_directly(), Token::NG);
     EXPECT_EQ(bench.shown.back(), kNotOpened);
