@@ -96,12 +96,13 @@ struct Label : Control {
 };
 
 struct TextBox : Control {
-    TextBox(Form& form, std::string_view control_name, std::string text = "")
-        : Control{control_name}, Text{std::move(text)} {
+    TextBox(Form& form, std::string_view control_name, std::string text = "",
+            std::size_t max_length = 0)
+        : Control{control_name}, Text{std::move(text)}, MaxLength{max_length} {
         form.add(name, this);
     }
     Property<std::string> Text;
-    Property<std::size_t> MaxLength{0};  // characters, 0 for no limit
+    Property<std::size_t> MaxLength;  // characters, 0 for no limit
     Property<Colour> BackColor{Colour::Default};
 };
 

@@ -30,12 +30,13 @@ struct MainForm : Form {
     Label Label4{*this, "Label4", "ＥＥＰＲＯＭデータメモリ"};
     Label LblCheckSUM{*this, "LblCheckSUM"};
 
-    // ID and configuration
+    // ID and configuration. Boxes are limited to the digits that their values have: a digit beyond
+    // them would be dropped without a word. The limit of Text_ID follows the device.
     TextBox Text_ID{*this, "Text_ID"};
-    TextBox Text_ID1{*this, "Text_ID1"};
-    TextBox Text_ID2{*this, "Text_ID2"};
-    TextBox Text_ID3{*this, "Text_ID3"};
-    TextBox Text_ID4{*this, "Text_ID4"};
+    TextBox Text_ID1{*this, "Text_ID1", "", 4};
+    TextBox Text_ID2{*this, "Text_ID2", "", 4};
+    TextBox Text_ID3{*this, "Text_ID3", "", 4};
+    TextBox Text_ID4{*this, "Text_ID4", "", 4};
     std::array<Label, 4> Label10{{{*this, "Label10(0)", "ID1"},
                                   {*this, "Label10(1)", "ID2"},
                                   {*this, "Label10(2)", "ID3"},
@@ -73,10 +74,10 @@ struct MainForm : Form {
     Label Label_Calib{*this, "Label_Calib", "ｷｬﾘﾌﾞﾚｰｼｮﾝﾃﾞｰﾀ"};
     Label Label_CalibInfo{*this, "Label_CalibInfo", "工場出荷時のｷｬﾘﾌﾞﾚｰｼｮﾝﾃﾞｰﾀ"};
     Label Lbl_Calib_ReadWrite_Data{*this, "Lbl_Calib_ReadWrite_Data", "--"};
-    TextBox Text_Calib_Data{*this, "Text_Calib_Data", "--"};
+    TextBox Text_Calib_Data{*this, "Text_Calib_Data", "--", 2};
     Label Label_BG{*this, "Label_BG", "BG"};
-    TextBox Text_BG{*this, "Text_BG", "3"};
-    TextBox Text_OSCCAL_Data{*this, "Text_OSCCAL_Data"};
+    TextBox Text_BG{*this, "Text_BG", "3", 1};
+    TextBox Text_OSCCAL_Data{*this, "Text_OSCCAL_Data", "", 3};
     ComboBox Combo_BOR_91X{*this, "Combo_BOR_91X"};
     ComboBox Combo_POR_91X{*this, "Combo_POR_91X"};
     ComboBox Combo_FCAL_91X{*this, "Combo_FCAL_91X"};

@@ -65,7 +65,6 @@ class frmMain : public QMainWindow {
 
   private:
     void hide_what_is_not_there();
-    void limit_entries();
     void make_layout();
     void make_status_bar();
     void connect_buttons();

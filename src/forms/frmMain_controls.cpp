@@ -43,7 +43,6 @@ frmMain::frmMain(Run& run, Wishes wishes)
     setObjectName("frmMain");
     setAcceptDrops(true);
     hide_what_is_not_there();
-    limit_entries();
     make_layout();
     menus_ = std::make_unique<MainMenus>(*menuBar(), run_.form, bindings_);
     make_status_bar();
@@ -69,16 +68,6 @@ void frmMain::hide_what_is_not_there() {
          std::initializer_list<Control*>{&form.mnuAsmC, &form.mnuFirmwareUpdate,
                                          &form.Cmd_Extend_Program, &form.Command1, &form.Command2})
         control->Visible.set(false);
-}
-
-// Digits that the values have: what is typed beyond them would be dropped without a word.
-void frmMain::limit_entries() {
-    auto& form = run_.form;
-    for (auto* id : {&form.Text_ID1, &form.Text_ID2, &form.Text_ID3, &form.Text_ID4})
-        id->MaxLength.set(4);
-    form.Text_OSCCAL_Data.MaxLength.set(3);
-    form.Text_Calib_Data.MaxLength.set(2);
-    form.Text_BG.MaxLength.set(1);
 }
 
 void frmMain::make_layout() {
