@@ -259,10 +259,6 @@ void frmMain::connect_form() {
         menuBar()->setEnabled(on);
         statusBar()->setEnabled(on);
     });
-    // Start-up's waiting text goes with the selection; without one it would stand for ever.
-    bindings_.keep(form.Enabled.observe([this](bool on) {
-        if (on && run_.session.DeviceName.empty()) run_.form.RichTxtPgmMem.Text.set("");
-    }));
     bindings_.follow(form.WaitCursor, [this](bool wait) {
         if (wait)
             setCursor(Qt::WaitCursor);

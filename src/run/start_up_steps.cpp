@@ -230,6 +230,8 @@ void StartUp::load_picked_file() {
 
 void StartUp::settle() {
     auto& form = run_.form;
+    // The views of a selected device have replaced the waiting text; without one it would stay.
+    if (run_.session.DeviceName.empty()) form.RichTxtPgmMem.Text.set("");
     form.Enabled.set(true);
     form.WaitCursor.set(false);
     turn(2);

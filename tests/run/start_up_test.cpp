@@ -226,6 +226,50 @@ TEST_F(Main, selects_no_device_for_an_index_that_the_list_does_not_hold) {
     }
 }
 
+TEST_F(Main, takes_the_waiting_text_away_where_no_device_is_selected) {
+    set("deviceNew", "-1");
+    std::string shown = "unseen";
+    const auto connection = run.form.Enabled.observe([&](bool on) {
+        if (on) shown = waiting_text();
+    });
+    start();
+    EXPECT_EQ(shown, "");
+}
+
+TEST_F(Main, leaves_the_views_of_a_selected_device_as_they_are) {
+    set("deviceNew", "5");
+    start();
+    EXPECT_TRUE(waiting_text().starts_with("000000:")) << waiting_text().substr(0, 40);
+}
+
+TEST_F(Main, makes_the_configuration_grids_ready_before_a_device_is_selected) {
+    set("deviceNew", "-1");
+    run.form.CmbInit.Visible.set(true);
+    run.form.CmbInit.Items.set({"left over"});
+    run.form.TxtInit.Visible.set(true);
+    run.form.TxtInit.Text.set("left over");
+    start();
+    for (int n = 1; n <= 7; ++n) {
+        const Grid& grid = run.form.HFGrid(n);
+        ASSERT_EQ(grid.rows(), 1U) << n;  // the heading
+        EXPECT_EQ(grid.cell(0, 0), fmt::format("ｺﾝﾌｨｸﾞ{}", n));
+        EXPECT_EQ(grid.cell(0, 1), "FFFF");
+    }
+    EXPECT_FALSE(run.form.CmbInit.Visible.get());
+    EXPECT_TRUE(run.form.CmbInit.Items.get().empty());
+    EXPECT_FALSE(run.form.TxtInit.Visible.get());
+    EXPECT_EQ(run.form.TxtInit.Text.get(), "");
+}
+
+TEST_F(Main, shows_the_images_check_sum_where_no_selection_has_shown_one) {
+    set("deviceNew", "-1");
+    run.session.PgmWords = 2;
+    const std::array<std::uint8_t, 6> words{0x12, 0x34, 0xFF, 0x01, 0x77, 0x77};
+    std::ranges::copy(words, run.session.PgmMem.begin());
+    start();
+    EXPECT_EQ(run.form.LblCheckSUM.Caption.get(), "1135");  // 1234 + FF01, 16 bits of it
+}
+
 TEST_F(Main, restores_the_modes) {
     set("deviceNew", "0");
     set("SkipMode", "1");
