@@ -44,6 +44,11 @@ inline constexpr std::string_view kFormerEeprom =
 inline constexpr std::string_view kNoDevice = "MCUを選んでください。";
 inline constexpr std::string_view kNoDeviceTitle = "ｲﾝﾌｫﾒｰｼｮﾝ";
 
+// What was typed into a list of devices means none of them: the text, and how many names hold it
+inline constexpr std::string_view kUnknownDevice = "「{}」に該当するデバイスはありません。";
+inline constexpr std::string_view kSeveralDevices =
+    "「{}」に該当するデバイスが{}個あります。続きを入力してください。";
+
 // The firmware is too old; shown in red
 inline constexpr std::string_view kFirmwareTooOld =
     "red指定したＰＩＣマイコンは、ファームウエアバージョン ZQ-LDR412 V{} 以降でサポートしています。";

@@ -9,11 +9,13 @@
 #include <string>
 
 #include "app/buttons.h"
+#include "app/text.h"
 #include "catalogue/calibration_panel.h"
 #include "catalogue/catalogue_texts.h"
 #include "catalogue/device_groups.h"
 #include "catalogue/number.h"
 #include "catalogue/type_panels.h"
+#include "catalogue/typed_device.h"
 #include "image/fill.h"
 
 namespace quillon {
@@ -90,6 +92,15 @@ void DeviceSelection::load_record() {
     ClearDeviceView();
     catalogue_.LoadDeviceRecord(name);
     if (power_answered_) session_.PowerMode = order;
+}
+
+void DeviceSelection::Combo_device_Typed(std::string_view typed) {
+    if (trim(typed).empty()) return;
+    const auto meant = typed_device(typed, form_.Combo_device.Items.get());
+    if (!meant.index)
+        messages_.ShowMessage(fmt::format("red{}", meant.problem));
+    else if (*meant.index != form_.Combo_device.ListIndex.get())
+        form_.Combo_device.select(*meant.index);
 }
 
 // The board that answered last, whether a search or the check of an operation found it.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The device list: a combo that is searched by typing any part of a name.
 //
-// Return takes the typed name, or the only name that holds what was typed. Anything else, Escape
-// and leaving the box put the selected device's name back.
+// The box shows the selected device: Return hands the text over, and the selection that may follow
+// shows here as any other does. Escape and leaving the box put the selected device's name back.
 #include "forms/device_box.h"
 
 #include <QAbstractItemView>
@@ -14,7 +14,7 @@
 
 namespace quillon {
 
-DeviceBox::DeviceBox(QWidget* parent) : QComboBox{parent} {
+DeviceBox::DeviceBox(QWidget* parent, Leaving leaving) : QComboBox{parent}, leaving_{leaving} {
     setEditable(true);
     setInsertPolicy(NoInsert);
     setMaxVisibleItems(20);
@@ -27,7 +27,7 @@ DeviceBox::DeviceBox(QWidget* parent) : QComboBox{parent} {
     names->setMaxVisibleItems(20);
     setCompleter(names);
     lineEdit()->setAcceptDrops(false);
-    connect(lineEdit(), &QLineEdit::returnPressed, this, [this] { choose_typed(); });
+    connect(lineEdit(), &QLineEdit::returnPressed, this, [this] { hand_over(); });
 }
 
 void DeviceBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
@@ -51,24 +51,19 @@ void DeviceBox::keyPressEvent(QKeyEvent* event) {
 
 void DeviceBox::focusOutEvent(QFocusEvent* event) {
     // The popup of names takes the focus too; the search goes on then.
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+    if (leaving_ == Leaving::Restores && event->reason() != Qt::PopupFocusReason &&
+        event->reason() != Qt::ActiveWindowFocusReason)
         restore();
     QComboBox::focusOutEvent(event);
 }
 
-void DeviceBox::choose_typed() {
-    const QString typed = lineEdit()->text().trimmed();
-    const QString standing = itemText(currentIndex());
-    if (typed.compare(standing, Qt::CaseInsensitive) == 0) return restore();
-    int chosen = findText(typed, Qt::MatchFixedString);
-    if (chosen < 0 && !typed.isEmpty()) {
-        const auto holding = model()->match(model()->index(0, modelColumn()), Qt::DisplayRole,
-                                            typed, 2, Qt::MatchContains);
-        if (holding.size() == 1) chosen = holding.front().row();
-    }
-    if (chosen < 0) return restore();
-    setCurrentIndex(chosen);
-    Q_EMIT activated(chosen);
+void DeviceBox::hand_over() {
+    // The entry under the popup's cursor comes as a choice of its own.
+    const auto* popup = completer()->popup();
+    if (popup->isVisible() && popup->currentIndex().isValid()) return;
+    const QString typed = lineEdit()->text();
+    if (leaving_ == Leaving::Restores) restore();
+    if (on_typed) on_typed(typed);
 }
 
 void DeviceBox::restore() { setEditText(itemText(currentIndex())); }

@@ -272,6 +272,9 @@ void frmMain::connect_form() {
     bindings_.keep(form.Placed.connect([this] { place(); }));
     bindings_.keep(form.Focus.observe([this](const std::string& name) { focus_on(name); }));
     // A selection clears the image, that of the same device too.
+    header_->Combo_device->on_typed = [this](const QString& text) {
+        command([&] { run_.selection.Combo_device_Typed(utf8(text)); });
+    };
     connect(header_->Combo_device, &QComboBox::activated, this, [this] { show_facts(); });
     // The counters change in the middle of a run, with a message each time.
     bindings_.keep(run_.messages.shown.connect([this](const ShownMessage&) { show_counters(); }));

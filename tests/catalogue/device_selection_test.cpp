@@ -74,6 +74,42 @@ TEST(Combo_device_Click, shows_the_two_configuration_texts_of_all_but_the_PIC18)
     }
 }
 
+TEST(Combo_device_Typed, chooses_the_device_that_the_text_means) {
+    Bench bench{typed("PIC16F87", "FLASH4") + typed("PIC16F87A", "FLASH4")};
+    bench.select("PIC16F87A");
+    bench.selection.Combo_device_Typed("16f87");
+    EXPECT_EQ(bench.session.DeviceName, "PIC16F87");
+    EXPECT_EQ(bench.form.Combo_device.Text.get(), "PIC16F87");
+}
+
+TEST(Combo_device_Typed, leaves_the_image_of_the_selected_device_alone) {
+    Bench bench{typed("PIC16F87", "FLASH4")};
+    bench.select("PIC16F87");
+    bench.session.PgmMem[0] = 0x12;
+    bench.selection.Combo_device_Typed("16F87");
+    bench.selection.Combo_device_Typed("PIC16F87");
+    EXPECT_EQ(bench.session.PgmMem[0], 0x12);
+}
+
+TEST(Combo_device_Typed, says_in_red_that_the_text_means_no_device) {
+    Bench bench{typed("PIC16F87", "FLASH4") + typed("PIC16F88", "FLASH4")};
+    bench.select("PIC16F87");
+    bench.selection.Combo_device_Typed("PIC99");
+    EXPECT_EQ(bench.form.LabelCmt.Caption.get(), "「PIC99」に該当するデバイスはありません。 ");
+    EXPECT_EQ(bench.form.LabelCmt.ForeColor.get(), Colour::Red);
+    bench.selection.Combo_device_Typed("16F8");
+    EXPECT_EQ(bench.form.LabelCmt.Caption.get(),
+              "「16F8」に該当するデバイスが2個あります。続きを入力してください。 ");
+    EXPECT_EQ(bench.session.DeviceName, "PIC16F87");
+}
+
+TEST(Combo_device_Typed, is_silent_where_nothing_was_typed) {
+    Bench bench{typed("PIC16F87", "FLASH4")};
+    bench.form.LabelCmt.Caption.set("old");
+    bench.selection.Combo_device_Typed(" ");
+    EXPECT_EQ(bench.form.LabelCmt.Caption.get(), "old");
+}
+
 TEST(Combo_device_Click, hides_the_entries_over_the_grids) {
     Bench bench{typed("PIC1", "FLASH4")};
     bench.form.CmbInit.Visible.set(true);

@@ -52,6 +52,14 @@ TEST(Combo_device, return_selects_the_typed_device_whatever_its_case) {
               bench.find<QComboBox>("Combo_device")->currentIndex());
 }
 
+TEST(Combo_device, return_takes_a_whole_name_without_its_PIC_though_longer_names_hold_it) {
+    FormBench bench;
+    type_device(bench, "16F877");
+    QTest::keyClick(bench.find<QComboBox>("Combo_device"), Qt::Key_Return);
+    EXPECT_EQ(bench.run->session.DeviceName, "PIC16F877");
+    EXPECT_EQ(bench.find<QComboBox>("Combo_device")->lineEdit()->text(), "PIC16F877");
+}
+
 TEST(Combo_device, return_takes_the_only_name_that_holds_what_was_typed) {
     FormBench bench;
     type_device(bench, "628a");
@@ -65,6 +73,8 @@ TEST(Combo_device, a_name_that_stands_for_several_or_for_none_selects_nothing) {
         type_device(bench, text);
         QTest::keyClick(bench.find<QComboBox>("Combo_device"), Qt::Key_Return);
         EXPECT_EQ(bench.run->session.DeviceName, "PIC16F877A") << text;
+        EXPECT_TRUE(bench.message().starts_with("「" + std::string{text} + "」に該当するデバイス"))
+            << bench.message();
         EXPECT_EQ(bench.find<QComboBox>("Combo_device")->lineEdit()->text(), "PIC16F877A");
     }
 }
