@@ -11,6 +11,7 @@
 #include "forms/device_box.h"
 #include "forms/frmMain.h"
 #include "forms/small_form_texts.h"
+#include "forms/theme.h"
 
 namespace quillon {
 
@@ -19,16 +20,21 @@ frmDeviceSelect::frmDeviceSelect(DeviceSelectForm& form, DeviceSelectDialog& dia
     setObjectName("frmDeviceSelect");
     bindings_.follow(form.Caption, [this](const std::string& text) { setWindowTitle(q(text)); });
     auto* question = new QLabel{q(form_text::kDeviceQuestion), this};
-    auto* device = new DeviceBox{this};
+    auto* device = new DeviceBox{this, DeviceBox::Leaving::Keeps};
     question->setBuddy(device);
     auto* ok = new QPushButton{this};
     auto* cancel = new QPushButton{this};
     bindings_.bind(form.Combo_device, *device);
     bindings_.bind(form.OKButton, *ok);
     bindings_.bind(form.CancelButton, *cancel);
-    // Return in the list chooses a name first, so no button answers to it from there.
+    auto* notice = make_notice(form.Notice);
+    // Return in the list presses OK by itself: as default button it would be pressed twice.
     for (auto* button : {ok, cancel}) button->setAutoDefault(false);
-    connect(ok, &QPushButton::clicked, this, [this] { dialog_.OKButton_Click(); });
+    device->on_typed = [ok](const QString&) { ok->click(); };
+    connect(ok, &QPushButton::clicked, this, [this, &form, device] {
+        form.Combo_device.Text.set(utf8(device->currentText()));
+        dialog_.OKButton_Click();
+    });
     connect(cancel, &QPushButton::clicked, this, [this] { dialog_.CancelButton_Click(); });
 
     auto* foot = new QHBoxLayout;
@@ -40,13 +46,22 @@ frmDeviceSelect::frmDeviceSelect(DeviceSelectForm& form, DeviceSelectDialog& dia
     layout->setSpacing(10);
     layout->addWidget(question);
     layout->addWidget(device);
-    layout->addSpacing(6);
+    layout->addWidget(notice);
     layout->addLayout(foot);
     device->setFocus();
     move(form.Left / kTwips, form.Top / kTwips);
     bindings_.keep(form.Visible.observe([this](bool shown) {
         if (!shown) done(Accepted);
     }));
+}
+
+QLabel* frmDeviceSelect::make_notice(Label& control) {
+    auto* notice = new QLabel{this};
+    QPalette own;
+    own.setColor(QPalette::WindowText, text_colour(Colour::Red, palette()));
+    notice->setPalette(own);
+    bindings_.bind(control, *notice);
+    return notice;
 }
 
 void frmDeviceSelect::reject() { dialog_.CancelButton_Click(); }

@@ -17,6 +17,8 @@ class frmDeviceSelect : public QDialog {
     void reject() override;  // Escape and the close box
 
   private:
+    QLabel* make_notice(Label& control);
+
     DeviceSelectDialog& dialog_;
     Bindings bindings_;
 };

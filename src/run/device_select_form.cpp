@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "catalogue/typed_device.h"
+
 namespace quillon {
 
 namespace {
@@ -25,6 +27,7 @@ bool DeviceSelectDialog::Form_Load() {
     if (session_.CommandLine.empty()) return false;
     form_.Left = main_form_.Left + kPlaceRight;
     form_.Top = main_form_.Top + kPlaceBelow;
+    form_.Notice.Caption.set("");
     fill();
     if (!session_.CmdArg2.empty() && form_.Combo_device.select(session_.CmdArg2)) {
         session_.PickedDevice = form_.Combo_device.Text.get();
@@ -35,7 +38,12 @@ bool DeviceSelectDialog::Form_Load() {
 }
 
 void DeviceSelectDialog::OKButton_Click() {
-    session_.PickedDevice = form_.Combo_device.Text.get();
+    auto& list = form_.Combo_device;
+    const auto meant = typed_device(list.Text.get(), list.Items.get());
+    form_.Notice.Caption.set(meant.problem);
+    if (!meant.index) return;
+    list.select(*meant.index);
+    session_.PickedDevice = list.Text.get();
     form_.Visible.set(false);
 }
 

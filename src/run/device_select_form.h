@@ -14,6 +14,7 @@ struct DeviceSelectForm : Form {
     DeviceSelectForm() { Caption.set("マイコン選択サブウインドウ"); }
 
     ComboBox Combo_device{*this, "Combo_device"};
+    Label Notice{*this, "Notice"};  // why OK has not been taken
     Button OKButton{*this, "OKButton", "OK"};
     Button CancelButton{*this, "CancelButton", "キャンセル"};
 
@@ -29,6 +30,8 @@ class DeviceSelectDialog {
     // True where the question is open. False where it is answered already: by the command line's
     // second operand, which has to be a device's exact name, or as there is no file.
     bool Form_Load();
+    // Takes the device that the list's text means, chosen or typed. The question stays open, with a
+    // notice, where the text means none.
     void OKButton_Click();
     // The close box too: the file isn't loaded.
     void CancelButton_Click();

@@ -2,8 +2,10 @@
 // The small forms and the boxes, answered as a user would.
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
+#include <QCompleter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -151,10 +153,7 @@ TEST(frmDeviceSelect, ok_takes_the_list_choice_and_cancel_drops_the_file) {
     ASSERT_TRUE(bench.run->device_select.Form_Load());
     meanwhile([](QWidget& form) {
         EXPECT_EQ(form.windowTitle(), "マイコン選択サブウインドウ");
-        auto* list = form.findChild<QComboBox*>("Combo_device");
-        list->lineEdit()->selectAll();
-        QTest::keyClicks(list->lineEdit(), "PIC12F675");
-        QTest::keyClick(list, Qt::Key_Return);
+        choose_entry(*form.findChild<QComboBox*>("Combo_device"), "PIC12F675");
         EXPECT_TRUE(form.isVisible());
         press(form, "OKButton");
     });
@@ -177,6 +176,65 @@ TEST(frmBoard, lights_the_devices_socket_and_jumper_and_no_other) {
     for (const auto& socket : board_sockets()) {
         const QString name = QString::fromUtf8(socket.control.data());
         EXPECT_EQ(board->findChild<QWidget*>(name)->isVisible(), name == "Shape_40P")
+// Chooses an entry of the list as a click on it does.
+void choose_entry(QComboBox& list, const char* entry) {
+    list.setCurrentIndex(list.findText(entry));
+    Q_EMIT list.activated(list.currentIndex());
+}
+
+void type_over(QWidget& form, const char* text) {
+    auto* list = form.findChild<QComboBox*>("Combo_device");
+    list->setFocus();
+    list->lineEdit()->selectAll();
+    QTest::keyClicks(list->lineEdit(), text);
+}
+
+TEST(frmDeviceSelect, a_typed_name_counts_by_ok_and_by_return) {
+    FormBench bench;
+    QtDialogs dialogs;
+    dialogs.attach(*bench.run, bench.window.get());
+    bench.run->session.CommandLine = "X.HEX";
+    ASSERT_TRUE(bench.run->device_select.Form_Load());
+    meanwhile([](QWidget& form) {
+        type_over(form, "12f675");
+        QTest::keyClick(form.findChild<QComboBox*>("Combo_device")->completer()->popup(),
+                        Qt::Key_Tab);  // to OK, as the mouse would go
+        press(form, "OKButton");
+        EXPECT_FALSE(form.isVisible());
+    });
+    dialogs.frmDeviceSelect();
+    EXPECT_EQ(bench.run->session.PickedDevice, "PIC12F675");
+
+    ASSERT_TRUE(bench.run->device_select.Form_Load());
+    meanwhile([](QWidget& form) {
+        type_over(form, "16f84a");
+        QTest::keyClick(form.findChild<QComboBox*>("Combo_device"), Qt::Key_Return);
+        EXPECT_FALSE(form.isVisible());
+    });
+    dialogs.frmDeviceSelect();
+    EXPECT_EQ(bench.run->session.PickedDevice, "PIC16F84A");
+}
+
+TEST(frmDeviceSelect, says_why_a_typed_name_is_not_taken_and_leaves_it_to_be_mended) {
+    FormBench bench;
+    QtDialogs dialogs;
+    dialogs.attach(*bench.run, bench.window.get());
+    bench.run->session.CommandLine = "X.HEX";
+    ASSERT_TRUE(bench.run->device_select.Form_Load());
+    meanwhile([](QWidget& form) {
+        type_over(form, "16F999");
+        QTest::keyClick(form.findChild<QComboBox*>("Combo_device"), Qt::Key_Return);
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_EQ(form.findChild<QLabel*>("Notice")->text(),
+                  "「16F999」に該当するデバイスはありません。");
+        EXPECT_EQ(form.findChild<QComboBox*>("Combo_device")->currentText(), "16F999");
+        press(form, "CancelButton");
+    });
+    dialogs.frmDeviceSelect();
+    EXPECT_EQ(bench.run->session.PickedDevice, "");
+    EXPECT_EQ(bench.run->session.CommandLine, "");
+}
+
             << socket.control;
     }
     EXPECT_TRUE(board->findChild<QWidget*>("Shape_23")->isVisible());

@@ -74,6 +74,41 @@ TEST_F(frmDeviceSelect, takes_the_device_by_OK) {
     EXPECT_FALSE(form.Visible.get());
 }
 
+TEST_F(frmDeviceSelect, takes_a_typed_name_by_OK) {
+    main_form.Combo_device.select("PIC12F675");
+    dialog.Form_Load();
+    form.Combo_device.Text.set("16f877");
+    dialog.OKButton_Click();
+    EXPECT_EQ(session.PickedDevice, "PIC16F877");
+    EXPECT_EQ(form.Combo_device.ListIndex.get(), 0);
+    EXPECT_FALSE(form.Visible.get());
+}
+
+TEST_F(frmDeviceSelect, stays_open_and_says_why_where_the_typed_name_means_no_device) {
+    dialog.Form_Load();
+    form.Combo_device.Text.set("16F999");
+    dialog.OKButton_Click();
+    EXPECT_TRUE(form.Visible.get());
+    EXPECT_EQ(form.Notice.Caption.get(), "「16F999」に該当するデバイスはありません。");
+    EXPECT_EQ(form.Combo_device.Text.get(), "16F999");  // to be mended
+    EXPECT_EQ(session.PickedDevice, "");
+
+    form.Combo_device.Text.set("12F675");
+    dialog.OKButton_Click();
+    EXPECT_EQ(form.Notice.Caption.get(), "");
+    EXPECT_EQ(session.PickedDevice, "PIC12F675");
+}
+
+TEST_F(frmDeviceSelect, asks_for_a_device_where_none_is_chosen) {
+    dialog.Form_Load();
+    dialog.OKButton_Click();
+    EXPECT_TRUE(form.Visible.get());
+    EXPECT_EQ(form.Notice.Caption.get(), "MCUを選んでください。");
+
+    dialog.Form_Load();  // the next question begins without it
+    EXPECT_EQ(form.Notice.Caption.get(), "");
+}
+
 TEST_F(frmDeviceSelect, forgets_the_file_by_cancel) {
     dialog.Form_Load();
     dialog.CancelButton_Click();
