@@ -21,8 +21,6 @@ namespace quillon {
 
 namespace {
 
-constexpr std::string_view kHintDocument = "製作確認資料.pdf";
-
 QMessageBox::Icon icon(BoxIcon wanted) {
     switch (wanted) {
         case BoxIcon::None:
@@ -130,8 +128,7 @@ int QtDialogs::frmHint(const HintQuestion& question) {
         question, owner()
     };
     form.on_hint = [this] {
-        if (run_ != nullptr)
-            run_->host.open_document(run_->session.AppPath + std::string{kHintDocument});
+        if (run_ != nullptr) run_->menu.CmdHint_Click();
     };
     if (owner_ != nullptr) form.move(centred_on(*owner_, form.sizeHint()));
     form.exec();

@@ -229,7 +229,12 @@ void Link::Firm_Version_Check() {
         .buttons = BoxButtons::OkCancel,
         .name = "firmware",
     });
-    if (answer == BoxAnswer::Ok) host_.open_document(std::string{link_text::kSupportPage});
+    if (answer != BoxAnswer::Ok || host_.open_document(std::string{link_text::kSupportPage}))
+        return;
+    // A box, as the delay's message replaces what the message area shows.
+    dialogs_.box({.title = std::string{link_text::kUpdateTitle},
+                  .text = fmt::format(link_text::kPageNotOpened, link_text::kSupportPage),
+                  .icon = BoxIcon::Warning});
 }
 
 void Link::Writer_Close() {

@@ -97,5 +97,9 @@ inline constexpr std::string_view kUpdateAdvice =
     "\r\n"
     "[OK] を押すと、アップデートのページを開きます。";
 inline constexpr std::string_view kSupportPage = "https://quillon.example/support";
+inline constexpr std::string_view kPageNotOpened =
+    "サポートページを開くことができませんでした。"
+    "\r"
+    "{}";
 
 }  // namespace quillon::link_text

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "run/menu_commands.h"
 
+#include <fmt/format.h>
+
 #include <string>
 
 #include "app/buttons.h"
 #include "app/operation_log.h"
+#include "app/product.h"
 #include "link/link_texts.h"
 #include "run/menu_texts.h"
 #include "run/run.h"
@@ -95,6 +98,16 @@ void MenuCommands::mnuLogFileOpen_Click() {
 void MenuCommands::mnuHelp_Click() { open(menu_text::kHelpFile); }
 
 void MenuCommands::mnuBoardAmend_Click() { open(menu_text::kBoardFile); }
+
+// The question stands over the message area, and the run that asks it goes on with messages of its
+// own.
+void MenuCommands::CmdHint_Click() {
+    const std::string path = run_.session.AppPath + std::string{menu_text::kBoardFile};
+    if (run_.host.open_document(path)) return;
+    run_.dialogs.box({.title = std::string{kProductTitle},
+                      .text = fmt::format(menu_text::kHintNotOpened, path),
+                      .icon = BoxIcon::Warning});
+}
 
 void MenuCommands::open_support_page() {
     const std::string page{link_text::kSupportPage};

@@ -32,6 +32,8 @@ class MenuCommands {
     void frmBoard_Moved(int Left, int Top);
     // Its close box: no board information from now on.
     void frmBoard_Closed();
+    // The button of frmHint: the document with the hint, or a box where it can't be opened.
+    void CmdHint_Click();
     // The about form's button.
     void open_support_page();
 

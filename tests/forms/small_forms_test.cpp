@@ -79,6 +79,38 @@ TEST(frmHint, the_hint_opens_the_document_and_asks_on) {
 
 TEST(Frm_VPP_DECIDE, the_buttons_answer_1_and_2_and_closing_0) {
     QtDialogs dialogs;
+TEST(frmHint, stands_in_the_middle_of_the_main_form) {
+    FormBench bench;
+    QtDialogs dialogs;
+    dialogs.attach(*bench.run, bench.window.get());
+    bench.window->resize(bench.window->minimumSizeHint());
+    for (const QPoint at : {QPoint{0, 0}, QPoint{-200, 100}}) {
+        bench.window->move(at);
+        meanwhile([&](QWidget& form) {
+            const QPoint off =
+                form.frameGeometry().center() - bench.window->frameGeometry().center();
+            EXPECT_LE(off.manhattanLength(), 4) << at.x() << "," << at.y();
+            form.close();
+        });
+        dialogs.frmHint({"書込み済みです。", "上書きしますか？"});
+    }
+}
+
+TEST(frmHint, a_hint_that_cannot_be_opened_is_named_over_the_question) {
+    FormBench bench;
+    QtDialogs dialogs;
+    dialogs.attach(*bench.run, bench.window.get());
+    bench.host.opens = false;
+    meanwhile([](QWidget& form) {
+        press(form, "CmdHint");
+        EXPECT_TRUE(form.isVisible());
+        press(form, "cmdCancel");
+    });
+    EXPECT_EQ(dialogs.frmHint({"a", "b"}), 2);
+    ASSERT_EQ(bench.dialogs.boxes.size(), 1U);
+    EXPECT_NE(bench.dialogs.boxes[0].text.find("製作確認資料.pdf"), std::string::npos);
+}
+
     meanwhile([](QWidget& form) {
         EXPECT_EQ(form.findChild<QPushButton*>("Command1")->text(), "VPP-FIRST (推奨)");
         EXPECT_EQ(form.findChild<QPushButton*>("Command2")->text(), "VDD-FIRST");

@@ -117,6 +117,20 @@ TEST(Firm_Version_Check, opens_the_update_page_on_ok_only) {
 
     bench.link.Firm_Version_Check();
     EXPECT_EQ(bench.host.opened, (Lines{"https://quillon.example/support"}));
+    EXPECT_EQ(bench.dialogs.boxes.size(), 2U);
+}
+
+TEST(Firm_Version_Check, names_the_update_page_that_cannot_be_opened) {
+    LinkBench bench;
+    bench.session.FirmVersion = 1.0;
+    bench.dialogs.answers = {BoxAnswer::Ok};
+    bench.host.opens = false;
+    bench.link.Firm_Version_Check();
+    ASSERT_EQ(bench.dialogs.boxes.size(), 2U);
+    EXPECT_EQ(bench.dialogs.boxes[1].text,
+              "サポートページを開くことができませんでした。\rhttps://quillon.example/support");
+    EXPECT_EQ(bench.dialogs.boxes[1].icon, BoxIcon::Warning);
+    EXPECT_EQ(bench.dialogs.boxes[1].buttons, BoxButtons::Ok);
 }
 
 TEST(Writer_Close, gives_the_last_bytes_400_ms_before_it_closes_the_port) {

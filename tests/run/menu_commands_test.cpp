@@ -130,6 +130,21 @@ TEST_F(MenuCommands_, a_document_that_cannot_be_opened_is_named) {
                                        (app_folder / "Quillon.chm").string()});
 }
 
+TEST_F(MenuCommands_, CmdHint_opens_the_document_and_says_in_a_box_where_it_cannot) {
+    const std::string path = (app_folder / "製作確認資料.pdf").string();
+    run.menu.CmdHint_Click();
+    EXPECT_EQ(host.opened, std::vector<std::string>{path});
+    EXPECT_TRUE(dialogs.boxes.empty());
+
+    host.opens = false;
+    run.menu.CmdHint_Click();
+    ASSERT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_EQ(dialogs.boxes[0].title, "Quillon");
+    EXPECT_EQ(dialogs.boxes[0].text, "ファイルを開くことができませんでした。\r" + path);
+    EXPECT_EQ(dialogs.boxes[0].icon, BoxIcon::Warning);
+    EXPECT_TRUE(log.lines.empty());  // the running operation's message stays
+}
+
 TEST_F(MenuCommands_, the_about_forms_button_opens_the_support_page) {
     run.menu.open_support_page();
     EXPECT_EQ(host.opened, std::vector<std::string>{"https://quillon.example/support"});
