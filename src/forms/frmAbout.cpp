@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "forms/frmIndex.h"
+#include "forms/placing.h"
 #include "forms/small_form_texts.h"
 
 namespace quillon {

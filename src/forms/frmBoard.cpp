@@ -3,16 +3,14 @@
 #include "forms/frmBoard.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QScreen>
 #include <QVBoxLayout>
-#include <functional>
 
 #include "forms/board_drawing.h"
 #include "forms/frmMain.h"
+#include "forms/placing.h"
 #include "forms/small_form_texts.h"
 
 namespace quillon {
@@ -61,22 +59,8 @@ frmBoard::frmBoard(Run& run, QWidget* owner)
     make_sockets();
     make_jumper();
     auto* legend = new QHBoxLayout;
-    auto* index = new QLabel{this};
-    bindings_.bind(run.board.Label2, *index);
-    legend->addWidget(index);
-    legend->addStretch(1);
-    for (const auto function : {PinFunction::VDD, PinFunction::VSS, PinFunction::VPP,
-                                PinFunction::PGC, PinFunction::PGD}) {
-        auto* chip = new Overlay{this, [function](QPainter& painter, const QRect& area) {
-                                     painter.setPen(QColor{0x50, 0x50, 0x50});
-                                     painter.setBrush(pin_colour(function));
-                                     painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), 2, 2);
-                                 }};
-        const int side = fontMetrics().height() * 3 / 4;
-        chip->setFixedSize(side, side);
-        legend->addWidget(chip);
-        legend->addWidget(new QLabel{q(pin_name(function)), this});
-    }
+    make_legend(*legend);
+    lay_out();
     auto* layout = new QVBoxLayout{this};
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->setContentsMargins(12, 12, 12, 10);
@@ -90,35 +74,68 @@ frmBoard::frmBoard(Run& run, QWidget* owner)
     }));
 }
 
+void frmBoard::make_legend(QHBoxLayout& legend) {
+    auto* index = new QLabel{this};
+    bindings_.bind(run_.board.Label2, *index);
+    legend.addWidget(index);
+    legend.addStretch(1);
+    for (const auto function : {PinFunction::VDD, PinFunction::VSS, PinFunction::VPP,
+                                PinFunction::PGC, PinFunction::PGD}) {
+        colours_.push_back(new Overlay{this, [function](QPainter& painter, const QRect& area) {
+                                           painter.setPen(QColor{0x50, 0x50, 0x50});
+                                           painter.setBrush(pin_colour(function));
+                                           painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), 2,
+                                                                   2);
+                                       }});
+        legend.addWidget(colours_.back());
+        legend.addWidget(new QLabel{q(pin_name(function)), this});
+    }
+}
+
+void frmBoard::lay_out() {
+    for (const auto& [overlay, area] : overlays_) overlay->setGeometry(area());
+    const int side = fontMetrics().height() * 3 / 4;
+    for (auto* colour : colours_) colour->setFixedSize(side, side);
+}
+
 void frmBoard::make_sockets() {
     for (std::size_t socket = 0; socket < board_sockets().size(); ++socket) {
         auto* lit = new Overlay{drawing_, [this, socket](QPainter& painter, const QRect&) {
                                     drawing_->paint_socket(painter, socket, {0, 0}, true);
                                 }};
-        lit->setGeometry(drawing_->socket_area(socket));
+        overlays_.push_back({lit, [this, socket] { return drawing_->socket_area(socket); }});
         bindings_.bind(shape(run_.board, board_sockets()[socket].control), *lit);
     }
 }
 
 void frmBoard::make_jumper() {
     auto* cap12 = new Overlay{drawing_, paint_cap};
-    cap12->setGeometry(drawing_->jumper_area(1));
+    overlays_.push_back({cap12, [this] { return drawing_->jumper_area(1); }});
     auto* cap23 = new Overlay{drawing_, paint_cap};
-    cap23->setGeometry(drawing_->jumper_area(2));
+    overlays_.push_back({cap23, [this] { return drawing_->jumper_area(2); }});
     auto* either = new QLabel{drawing_};
     QPalette own;
     own.setColor(QPalette::WindowText, kJumper);
     either->setPalette(own);
-    either->setGeometry(drawing_->jumper_text_area().translated(0, fontMetrics().height()));
+    overlays_.push_back({either, [this] {
+                             const int line = drawing_->fontMetrics().height();
+                             return drawing_->jumper_text_area().translated(0, line);
+                         }});
     bindings_.bind(run_.board.Shape_12, *cap12);
     bindings_.bind(run_.board.Shape_23, *cap23);
     bindings_.bind(run_.board.Label_sel, *either);
 }
 
 void frmBoard::place() {
-    const QPoint wished{run_.board.Left / kTwips, run_.board.Top / kTwips};
-    for (const auto* screen : QGuiApplication::screens())
-        if (screen->availableGeometry().contains(wished)) move(wished);
+    // A window that takes its size after its place is placed by its inside, its title off the
+    // screen.
+    adjustSize();
+    move(beside(*parentWidget(), *this, {run_.board.Left / kTwips, run_.board.Top / kTwips}));
+}
+
+void frmBoard::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange) lay_out();
 }
 
 void frmBoard::moveEvent(QMoveEvent* event) {

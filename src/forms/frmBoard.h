@@ -6,9 +6,14 @@
 #pragma once
 
 #include <QDialog>
+#include <QRect>
+#include <functional>
+#include <vector>
 
 #include "forms/binders.h"
 #include "run/run.h"
+
+class QHBoxLayout;
 
 namespace quillon {
 
@@ -20,17 +25,27 @@ class frmBoard : public QDialog {
 
   protected:
     void moveEvent(QMoveEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void reject() override;  // Escape closes as the close box does
 
   private:
     void make_sockets();
     void make_jumper();
+    void make_legend(QHBoxLayout& legend);
+    // Gives each overlay its place again: the drawing goes by the font.
+    void lay_out();
     void place();
 
     Run& run_;
     Bindings bindings_;
     BoardDrawing* drawing_;
+    struct Placed {
+        QWidget* overlay;
+        std::function<QRect()> area;
+    };
+    std::vector<Placed> overlays_;
+    std::vector<QWidget*> colours_;  // of the legend
 };
 
 }  // namespace quillon

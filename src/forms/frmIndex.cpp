@@ -5,12 +5,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "forms/binders.h"
 #include "forms/board_drawing.h"
+#include "forms/placing.h"
 #include "forms/small_form_texts.h"
 
 namespace quillon {
@@ -38,16 +37,6 @@ void frmIndex::show_over(const QWidget& form) {
     show();
     raise();
     activateWindow();
-}
-
-QPoint centred_on(const QWidget& form, const QSize& size) {
-    const QRect place = form.frameGeometry();
-    const QRect screen = form.screen()->availableGeometry();
-    const QPoint wished = place.center() - QPoint{size.width() / 2, size.height() / 2};
-    return {std::clamp(wished.x(), screen.left(),
-                       std::max(screen.left(), screen.right() - size.width())),
-            std::clamp(wished.y(), screen.top(),
-                       std::max(screen.top(), screen.bottom() - size.height()))};
 }
 
 }  // namespace quillon

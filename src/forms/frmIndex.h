@@ -13,7 +13,4 @@ class frmIndex : public QDialog {
     void show_over(const QWidget& form);
 };
 
-// The place that centres a window of the given size on a form, kept on the form's screen.
-QPoint centred_on(const QWidget& form, const QSize& size);
-
 }  // namespace quillon

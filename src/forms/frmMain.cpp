@@ -25,6 +25,7 @@
 #include "forms/main_header.h"
 #include "forms/main_menus.h"
 #include "forms/memory_panel.h"
+#include "forms/placing.h"
 
 namespace quillon {
 
@@ -58,14 +59,6 @@ QString dragged_file(const QMimeData& data) {
     if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
     const QFileInfo file{urls.front().toLocalFile()};
     return file.isFile() ? file.absoluteFilePath() : QString{};
-}
-
-// The place as wished, where at least the title can be reached on some screen.
-QPoint reachable(const QPoint& wished) {
-    const QRect title{wished, QSize{120, 24}};
-    for (const auto* screen : QGuiApplication::screens())
-        if (screen->availableGeometry().intersects(title)) return wished;
-    return QGuiApplication::primaryScreen()->availableGeometry().topLeft() + QPoint{7, 7};
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include "forms/binders.h"
 #include "forms/frmDeviceSelect.h"
 #include "forms/frmHint.h"
-#include "forms/frmIndex.h"
+#include "forms/placing.h"
 #include "forms/small_form_texts.h"
 #include "image/file_names.h"
 #include "run/run.h"

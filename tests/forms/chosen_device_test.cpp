@@ -44,6 +44,7 @@ TEST_F(chosen_device, has_its_socket_and_jumper_on_the_board) {
 }
 
 TEST_F(chosen_device, shows_the_board_where_it_last_stood) {
+    bench().window->move(0, 450);   // clear of it
     bench().run->board.Left = 900;  // twips, 15 to a pixel
     bench().run->board.Top = 600;
     bench().run->form.mnuBoardInfomation.Checked.set(true);

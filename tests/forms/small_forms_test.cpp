@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
+#include <algorithm>
 
 #include "form_bench.h"
 #include "forms/Frm_VPP_DECIDE.h"
@@ -77,8 +78,6 @@ TEST(frmHint, the_hint_opens_the_document_and_asks_on) {
     EXPECT_EQ(bench.host.opened, std::vector{bench.run->session.AppPath + "製作確認資料.pdf"});
 }
 
-TEST(Frm_VPP_DECIDE, the_buttons_answer_1_and_2_and_closing_0) {
-    QtDialogs dialogs;
 TEST(frmHint, stands_in_the_middle_of_the_main_form) {
     FormBench bench;
     QtDialogs dialogs;
@@ -111,6 +110,8 @@ TEST(frmHint, a_hint_that_cannot_be_opened_is_named_over_the_question) {
     EXPECT_NE(bench.dialogs.boxes[0].text.find("製作確認資料.pdf"), std::string::npos);
 }
 
+TEST(Frm_VPP_DECIDE, the_buttons_answer_1_and_2_and_closing_0) {
+    QtDialogs dialogs;
     meanwhile([](QWidget& form) {
         EXPECT_EQ(form.findChild<QPushButton*>("Command1")->text(), "VPP-FIRST (推奨)");
         EXPECT_EQ(form.findChild<QPushButton*>("Command2")->text(), "VDD-FIRST");
@@ -177,37 +178,6 @@ TEST(frmOption, escape_cancels) {
     EXPECT_FALSE(bench.run->option_form.Visible.get());
 }
 
-TEST(frmDeviceSelect, ok_takes_the_list_choice_and_cancel_drops_the_file) {
-    FormBench bench;
-    QtDialogs dialogs;
-    dialogs.attach(*bench.run, bench.window.get());
-    bench.run->session.CommandLine = "X.HEX";
-    ASSERT_TRUE(bench.run->device_select.Form_Load());
-    meanwhile([](QWidget& form) {
-        EXPECT_EQ(form.windowTitle(), "マイコン選択サブウインドウ");
-        choose_entry(*form.findChild<QComboBox*>("Combo_device"), "PIC12F675");
-        EXPECT_TRUE(form.isVisible());
-        press(form, "OKButton");
-    });
-    dialogs.frmDeviceSelect();
-    EXPECT_EQ(bench.run->session.PickedDevice, "PIC12F675");
-    EXPECT_EQ(bench.run->session.CommandLine, "X.HEX");
-
-    ASSERT_TRUE(bench.run->device_select.Form_Load());
-    meanwhile([](QWidget& form) { QTest::keyClick(&form, Qt::Key_Escape); });
-    dialogs.frmDeviceSelect();
-    EXPECT_EQ(bench.run->session.CommandLine, "");
-}
-
-TEST(frmBoard, lights_the_devices_socket_and_jumper_and_no_other) {
-    FormBench bench{"PIC16F877A"};
-    auto* board = bench.window->findChild<frmBoard*>("frmBoard");
-    bench.run->board.Visible.set(true);
-    EXPECT_TRUE(board->isVisible());
-    EXPECT_EQ(board->windowTitle(), "ＰＩＣマイコン情報");
-    for (const auto& socket : board_sockets()) {
-        const QString name = QString::fromUtf8(socket.control.data());
-        EXPECT_EQ(board->findChild<QWidget*>(name)->isVisible(), name == "Shape_40P")
 // Chooses an entry of the list as a click on it does.
 void choose_entry(QComboBox& list, const char* entry) {
     list.setCurrentIndex(list.findText(entry));
@@ -267,6 +237,37 @@ TEST(frmDeviceSelect, says_why_a_typed_name_is_not_taken_and_leaves_it_to_be_men
     EXPECT_EQ(bench.run->session.CommandLine, "");
 }
 
+TEST(frmDeviceSelect, ok_takes_the_list_choice_and_cancel_drops_the_file) {
+    FormBench bench;
+    QtDialogs dialogs;
+    dialogs.attach(*bench.run, bench.window.get());
+    bench.run->session.CommandLine = "X.HEX";
+    ASSERT_TRUE(bench.run->device_select.Form_Load());
+    meanwhile([](QWidget& form) {
+        EXPECT_EQ(form.windowTitle(), "マイコン選択サブウインドウ");
+        choose_entry(*form.findChild<QComboBox*>("Combo_device"), "PIC12F675");
+        EXPECT_TRUE(form.isVisible());
+        press(form, "OKButton");
+    });
+    dialogs.frmDeviceSelect();
+    EXPECT_EQ(bench.run->session.PickedDevice, "PIC12F675");
+    EXPECT_EQ(bench.run->session.CommandLine, "X.HEX");
+
+    ASSERT_TRUE(bench.run->device_select.Form_Load());
+    meanwhile([](QWidget& form) { QTest::keyClick(&form, Qt::Key_Escape); });
+    dialogs.frmDeviceSelect();
+    EXPECT_EQ(bench.run->session.CommandLine, "");
+}
+
+TEST(frmBoard, lights_the_devices_socket_and_jumper_and_no_other) {
+    FormBench bench{"PIC16F877A"};
+    auto* board = bench.window->findChild<frmBoard*>("frmBoard");
+    bench.run->board.Visible.set(true);
+    EXPECT_TRUE(board->isVisible());
+    EXPECT_EQ(board->windowTitle(), "ＰＩＣマイコン情報");
+    for (const auto& socket : board_sockets()) {
+        const QString name = QString::fromUtf8(socket.control.data());
+        EXPECT_EQ(board->findChild<QWidget*>(name)->isVisible(), name == "Shape_40P")
             << socket.control;
     }
     EXPECT_TRUE(board->findChild<QWidget*>("Shape_23")->isVisible());
@@ -287,6 +288,59 @@ TEST(frmBoard, its_close_box_clears_the_menu_mark_and_its_place_is_saved) {
     EXPECT_FALSE(board->isVisible());
     EXPECT_FALSE(bench.run->form.mnuBoardInfomation.Checked.get());
     EXPECT_FALSE(bench.find<QAction>("mnuBoardInfomation")->isChecked());
+}
+
+TEST(frmBoard, keeps_its_parts_in_place_when_the_font_changes) {
+    FormBench bench{"PIC16F877A"};
+    auto* board = bench.window->findChild<frmBoard*>("frmBoard");
+    bench.run->board.Visible.set(true);
+    const auto* lit = board->findChild<QWidget*>("Shape_40P");
+    const QSize before = lit->size();
+    QFont larger = board->font();
+    larger.setPointSizeF(larger.pointSizeF() * 1.5);
+    board->setFont(larger);
+    QApplication::processEvents();
+    auto* drawing = dynamic_cast<BoardDrawing*>(lit->parentWidget());
+    ASSERT_NE(drawing, nullptr);
+    EXPECT_GT(lit->width(), before.width() * 5 / 4);
+    EXPECT_EQ(lit->geometry(), drawing->socket_area(4));
+    EXPECT_EQ(board->findChild<QWidget*>("Shape_12")->geometry(), drawing->jumper_area(1));
+    EXPECT_EQ(board->findChild<QWidget*>("Shape_23")->geometry(), drawing->jumper_area(2));
+    EXPECT_TRUE(drawing->rect().contains(board->findChild<QWidget*>("Label_sel")->geometry()));
+    EXPECT_EQ(drawing->size(), drawing->sizeHint());
+}
+
+TEST(frmAbout, comes_up_from_the_menu_with_what_the_program_says_of_itself) {
+    FormBench bench;
+    auto* form = bench.window->findChild<QDialog*>("frmAbout");
+    ASSERT_NE(form, nullptr);
+    EXPECT_FALSE(form->isVisible());
+    bench.find<QAction>("about")->trigger();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(form->windowTitle(), "バージョン情報");
+    EXPECT_EQ(form->findChild<QLabel*>("lblVersion")->text(), "V4.0.1");
+    EXPECT_EQ(form->findChild<QLabel*>("lblTitle")->text(), "Quillon");
+    press(*form, "Command1");
+    EXPECT_EQ(bench.host.opened, std::vector<std::string>{"https://quillon.example/support"});
+    press(*form, "cmdOK");
+    EXPECT_FALSE(form->isVisible());
+}
+
+TEST(frmIndex, comes_up_from_the_menu_with_the_drawing_and_goes_by_its_button) {
+    FormBench bench;
+    auto* form = bench.window->findChild<QDialog*>("frmIndex");
+    ASSERT_NE(form, nullptr);
+    EXPECT_FALSE(form->isVisible());
+    bench.find<QAction>("socket_pins")->trigger();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_FALSE(form->isModal());
+    EXPECT_EQ(form->windowTitle(), "ソケットのピン配置");
+    const auto children = form->findChildren<QWidget*>();
+    EXPECT_TRUE(std::ranges::any_of(children, [](QWidget* child) {
+        return dynamic_cast<BoardDrawing*>(child) != nullptr && child->isVisible();
+    }));
+    press(*form, "Command_close");
+    EXPECT_FALSE(form->isVisible());
 }
 
 TEST(QtDialogs, a_box_has_the_told_buttons_and_default_and_escape_means_no) {

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+// Frames are what is placed: a desktop's title and borders are part of what a window covers.
+#include "forms/placing.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+#include <algorithm>
+#include <array>
+
+namespace quillon {
+
+namespace {
+
+constexpr int kGap = 8;  // between a form and the window beside it
+
+QPoint kept_on(const QRect& screen, const QPoint& wished, const QSize& size) {
+    const auto within = [](int wished_at, int first, int last) {
+        return std::clamp(wished_at, first, std::max(first, last));
+    };
+    return {within(wished.x(), screen.left(), screen.left() + screen.width() - size.width()),
+            within(wished.y(), screen.top(), screen.top() + screen.height() - size.height())};
+}
+
+int covered(const QRect& form, const QRect& frame) {
+    const QRect both = form & frame;
+    return both.isEmpty() ? 0 : both.width() * both.height();
+}
+
+// The screens' free areas, that of the form first.
+QList<QRect> areas_from(const QWidget& form) {
+    QList<QRect> areas{form.screen()->availableGeometry()};
+    for (const auto* screen : QGuiApplication::screens())
+        if (screen != form.screen()) areas << screen->availableGeometry();
+    return areas;
+}
+
+}  // namespace
+
+QPoint reachable(const QPoint& wished) {
+    const QRect title{wished, QSize{120, 24}};
+    for (const auto* screen : QGuiApplication::screens())
+        if (screen->availableGeometry().intersects(title)) return wished;
+    return QGuiApplication::primaryScreen()->availableGeometry().topLeft() + QPoint{7, 7};
+}
+
+QPoint centred_on(const QWidget& form, const QSize& size) {
+    const QPoint wished =
+        form.frameGeometry().center() - QPoint{size.width() / 2, size.height() / 2};
+    return kept_on(form.screen()->availableGeometry(), wished, size);
+}
+
+QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screens) {
+    for (const QRect& screen : screens)
+        if (screen.contains(wished) && covered(form, wished) == 0) return wished.topLeft();
+    const int right = form.x() + form.width() + kGap;
+    const int left = form.x() - kGap - wished.width();
+    const int below = form.y() + form.height() + kGap;
+    const int above = form.y() - kGap - wished.height();
+    // The first of the best. Where no side has room, one of the corners covers least.
+    const std::array sides{
+        QPoint{right, form.y()}, QPoint{left, form.y()}, QPoint{form.x(), below},
+        QPoint{form.x(), above}, QPoint{right, below},   QPoint{left, below},
+        QPoint{right, above},    QPoint{left, above},
+    };
+    const auto covered_from = [&](const QPoint& side) {
+        return covered(form, {kept_on(screens.front(), side, wished.size()), wished.size()});
+    };
+    return kept_on(screens.front(), *std::ranges::min_element(sides, {}, covered_from),
+                   wished.size());
+}
+
+QPoint beside(const QWidget& form, const QWidget& window, const QPoint& wished) {
+    // A window that was never shown has no borders yet; the form's are at least as wide.
+    const QSize borders = form.frameGeometry().size() - form.size();
+    return beside(form.frameGeometry(), {wished, window.sizeHint() + borders}, areas_from(form));
+}
+
+}  // namespace quillon
