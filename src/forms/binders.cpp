@@ -197,11 +197,15 @@ void Bindings::bind(Button& control, QPushButton& widget) {
     follow(control.Caption, [&widget](const std::string& text) { widget.setText(caption(text)); });
 }
 
-void Bindings::bind(MenuItem& control, QAction& widget) {
+void Bindings::bind(MenuItem& control, QAction& widget, Ampersand ampersand) {
     widget.setObjectName(q(control.name));
     follow(control.Enabled, [&widget](bool on) { widget.setEnabled(on); });
     follow(control.Visible, [&widget](bool on) { widget.setVisible(on); });
-    follow(control.Caption, [&widget](const std::string& text) { widget.setText(caption(text)); });
+    follow(control.Caption, [&widget, ampersand](const std::string& text) {
+        QString shown = caption(text);
+        if (ampersand == Ampersand::IsShown) shown.replace('&', "&&");
+        widget.setText(shown);
+    });
     follow(control.Checked, [&widget](bool on) { widget.setChecked(on); });
 }
 

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -52,7 +53,10 @@ class Bindings {
     void bind(CheckBox& control, QCheckBox& widget);
     void bind(ComboBox& control, QComboBox& widget);
     void bind(Button& control, QPushButton& widget);
-    void bind(MenuItem& control, QAction& widget);
+    // What an "&" in an entry's caption does: it marks the letter behind it, or is shown itself, as
+    // in the path of a file.
+    enum class Ampersand : std::uint8_t { MarksLetter, IsShown };
+    void bind(MenuItem& control, QAction& widget, Ampersand ampersand = Ampersand::MarksLetter);
     void bind(MenuItem& control, QMenu& widget);
     void bind(Grid& control, QTableWidget& widget);
     void bind(TabSet& control, QTabWidget& widget);

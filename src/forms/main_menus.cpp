@@ -52,7 +52,8 @@ void MainMenus::make_file(MainForm& form) {
     entry(*file, form.mnuFileOpen, QKeySequence::Open);
     entry(*file, form.mnuFileSave, QKeySequence::Save);
     file->addSeparator();
-    for (auto& control : form.nmuFile) entry(*file, control);
+    for (auto& control : form.nmuFile)
+        bindings_.bind(control, *file->addAction(QString{}), Bindings::Ampersand::IsShown);
     // The index that belongs to a file: kept as text in the control, no entry for the user.
     for (auto& control : form.nmuDevice) {
         control.Visible.set(false);

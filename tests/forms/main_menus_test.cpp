@@ -159,3 +159,14 @@ TEST(history, entries_are_shown_once_there_is_a_file_and_cleared_again) {
 
 }  // namespace
 }  // namespace quillon::test
+TEST(history, an_ampersand_in_a_path_is_shown) {
+    FormBench bench;
+    const auto folder = bench.folder / "R&D";
+    std::filesystem::create_directory(folder);
+    std::filesystem::copy_file(kBlinker, folder / "a.hex");
+    load(bench, folder / "a.hex");
+    const auto* entry = bench.find<QAction>("nmuFile1");
+    EXPECT_TRUE(entry->text().endsWith("/r&&d    PIC16F877A")) << entry->text().toStdString();
+    EXPECT_TRUE(bench.run->form.nmuFile[0].Caption.get().ends_with("/r&d    PIC16F877A"));
+}
+
