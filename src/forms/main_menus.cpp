@@ -8,10 +8,28 @@
 #include <QAction>
 #include <QKeySequence>
 #include <QMenuBar>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 #include "forms/frmMain_texts.h"
 
 namespace quillon {
+
+namespace {
+
+// A style measures an entry as one text and draws it as another, which may be a few pixels wider:
+// the widest entry of a menu then loses its middle. The entries get the room of one letter more.
+class RoomyEntries : public QProxyStyle {
+  public:
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override {
+        const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        if (type != CT_MenuItem || option == nullptr) return size;
+        return size + QSize{option->fontMetrics.height(), 0};
+    }
+};
+
+}  // namespace
 
 MainMenus::MainMenus(QMenuBar& bar, MainForm& form, Bindings& bindings)
     : bar_{bar}, bindings_{bindings} {
@@ -24,8 +42,17 @@ MainMenus::MainMenus(QMenuBar& bar, MainForm& form, Bindings& bindings)
     make_help(form);
 }
 
+QMenu* MainMenus::add_menu() {
+    auto* result = bar_.addMenu(QString{});
+    auto* style = new RoomyEntries;
+    style->setParent(result);
+    result->setStyle(style);
+    return result;
+}
+
 QMenu* MainMenus::menu(std::string_view title, std::string_view name) {
-    auto* result = bar_.addMenu(q(title));
+    auto* result = add_menu();
+    result->setTitle(q(title));
     result->setObjectName(q(name));
     result->setToolTipsVisible(true);
     return result;
@@ -47,7 +74,7 @@ QAction* MainMenus::own_entry(QMenu& menu, std::string_view name, std::string_vi
 }
 
 void MainMenus::make_file(MainForm& form) {
-    auto* file = bar_.addMenu(QString{});
+    auto* file = add_menu();
     bindings_.bind(form.file, *file);
     entry(*file, form.mnuFileOpen, QKeySequence::Open);
     entry(*file, form.mnuFileSave, QKeySequence::Save);
@@ -67,7 +94,7 @@ void MainMenus::make_file(MainForm& form) {
 }
 
 void MainMenus::make_tools(MainForm& form) {
-    auto* tools = bar_.addMenu(QString{});
+    auto* tools = add_menu();
     bindings_.bind(form.mnuAsmC, *tools);
     entry(*tools, form.mnuRELOAD);
     entry(*tools, form.mnuASMwithRELOAD);

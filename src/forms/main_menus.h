@@ -39,6 +39,7 @@ class MainMenus {
     void set_busy(bool busy);
 
   private:
+    QMenu* add_menu();
     QMenu* menu(std::string_view title, std::string_view name);
     QAction* entry(QMenu& menu, MenuItem& control, const QKeySequence& key = {});
     QAction* own_entry(QMenu& menu, std::string_view name, std::string_view text,

@@ -6,11 +6,14 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QImage>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <set>
+#include <utility>
+#include <vector>
 
 #include "app/buttons.h"
 #include "form_bench.h"
@@ -89,6 +92,35 @@ TEST(Menus, letters_of_one_menu_do_not_meet) {
     }
 }
 
+QImage picture_of(QMenu& menu) {
+    menu.adjustSize();
+    return menu.grab().toImage();
+}
+
+// An entry is drawn as in a menu that is wider than it has to be. Keys at the right end move.
+TEST(Menus, show_their_texts_whole) {
+    FormBench bench;
+    int compared = 0;
+    for (const auto* title : bench.window->menuBar()->actions()) {
+        auto* menu = title->menu();
+        const QImage picture = picture_of(*menu);
+        std::vector<std::pair<QAction*, QRect>> entries;
+        for (auto* action : menu->actions())
+            if (action->isVisible() && !action->isSeparator() && action->shortcut().isEmpty() &&
+                !action->text().contains('\t'))
+                entries.emplace_back(action, menu->actionGeometry(action));
+        compared += static_cast<int>(entries.size());
+        menu->setMinimumWidth(picture.width() + 100);
+        const QImage wide = picture_of(*menu);
+        ASSERT_GT(wide.width(), picture.width());
+        for (const auto& [action, area] : entries) {
+            const QRect text = area.adjusted(0, 0, -8, 0);
+            EXPECT_TRUE(picture.copy(text) == wide.copy(text)) << action->text().toStdString();
+        }
+    }
+    EXPECT_GE(compared, 15);
+}
+
 TEST(Menus, keys_start_one_entry_each) {
     FormBench bench;
     std::multiset<QString> keys;
@@ -157,8 +189,6 @@ TEST(history, entries_are_shown_once_there_is_a_file_and_cleared_again) {
     EXPECT_FALSE(bench.find<QAction>("nmuFile1")->isVisible());
 }
 
-}  // namespace
-}  // namespace quillon::test
 TEST(history, an_ampersand_in_a_path_is_shown) {
     FormBench bench;
     const auto folder = bench.folder / "R&D";
@@ -170,3 +200,5 @@ TEST(history, an_ampersand_in_a_path_is_shown) {
     EXPECT_TRUE(bench.run->form.nmuFile[0].Caption.get().ends_with("/r&d    PIC16F877A"));
 }
 
+}  // namespace
+}  // namespace quillon::test
