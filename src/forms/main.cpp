@@ -3,15 +3,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
-#include <QLibraryInfo>
 #include <QTimer>
-#include <QTranslator>
 #include <cstdio>
 #include <memory>
 
 #include "app/product.h"
 #include "forms/chosen_port.h"
 #include "forms/frmMain.h"
+#include "forms/japanese.h"
 #include "forms/qt_dialogs.h"
 #include "forms/simulated_socket.h"
 #include "forms/small_form_texts.h"
@@ -41,9 +40,7 @@ void dress(QApplication& application) {
     QApplication::setFont(window_font(QApplication::font()));
     // The window goes by itself, with the small windows in its train.
     QApplication::setQuitOnLastWindowClosed(false);
-    auto* japanese = new QTranslator{&application};
-    if (japanese->load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(japanese);
+    install_japanese(application);
 }
 
 // Closes the window from outside, where nobody answers: a running command is given up, and all that

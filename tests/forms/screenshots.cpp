@@ -28,6 +28,7 @@
 #include "forms/frmIndex.h"
 #include "forms/frmMain.h"
 #include "forms/frmOption.h"
+#include "forms/japanese.h"
 #include "forms/qt_dialogs.h"
 #include "forms/simulated_socket.h"
 #include "forms/theme.h"
@@ -225,6 +226,7 @@ int main(int argc, char** argv) {
     QApplication::setStyle("Fusion");
     QApplication::setWindowIcon(QIcon{":/icons/quillon.png"});
     QApplication::setFont(window_font(QApplication::font()));
+    install_japanese(application);
     if (arguments.value(2) == "dark") QApplication::setPalette(dark_palette());
     // Whole: start-up makes the work folder the current one.
     const QDir folder{QDir{arguments.at(1)}.absolutePath()};

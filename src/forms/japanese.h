@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+// The toolkit's own texts in Japanese: the file dialog, the menu of a text box.
+#pragma once
+
+class QCoreApplication;
+class QTranslator;
+
+namespace quillon {
+
+// Installs the toolkit's translation, owned by the application. Returns nullptr where the machine
+// hasn't got it; the toolkit's texts are then in English.
+QTranslator* install_japanese(QCoreApplication& application);
+
+}  // namespace quillon
