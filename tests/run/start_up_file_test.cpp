@@ -48,6 +48,42 @@ TEST_F(Main_file, loads_a_path_with_blanks_for_the_device_behind_it_and_asks_not
     EXPECT_TRUE(dialogs.file_dialogs.empty());
 }
 
+// The file first, then its folder once the device is known.
+TEST_F(Main_file, shows_the_command_lines_file_and_then_its_folder_in_the_title) {
+    std::vector<std::string> titles;
+    const auto connection =
+        run.form.Caption.observe([&](const std::string& title) { titles.push_back(title); });
+    start(hex + " /PIC16F877");
+    const std::string main_title = "Quillon V4 V4.0.1  ";
+    ASSERT_GE(titles.size(), 2U);
+    EXPECT_EQ(titles[0], main_title + upper(hex));
+    EXPECT_EQ(titles[1], main_title + upper((documents / "A b").string()));
+}
+
+TEST_F(Main_file, takes_an_operand_in_small_letters_as_one_in_capitals) {
+    EXPECT_EQ(start(hex + " /pic16f877 /b"), End::Ready);
+    EXPECT_EQ(run.session.CmdArg2, "PIC16F877");
+    EXPECT_EQ(run.session.CmdArg3, "B");
+    EXPECT_EQ(run.session.DeviceName, "PIC16F877");
+    EXPECT_EQ(dialogs.device_selects_shown, 0);
+    EXPECT_TRUE(loaded());
+}
+
+// A name with a small letter in the catalogue matches no operand, whatever its case.
+TEST_F(Main_file, asks_for_a_device_whose_name_has_small_letters) {
+    run.session.CatalogueFile =
+        documents.write("my.ini", "#BEGIN\nPIC16x84\nPGM_TYPE FLASH4\nPGM_SIZE_WORD 0x3FF\n#END\n")
+            .string();
+    for (const auto* operand : {" /PIC16x84", " /PIC16X84", " /pic16x84"}) {
+        port.close();
+        dialogs.on_device_select = [&] { run.device_select.CancelButton_Click(); };
+        dialogs.device_selects_shown = 0;
+        start(hex + operand);
+        EXPECT_EQ(run.session.CmdArg2, "PIC16X84") << operand;
+        EXPECT_EQ(dialogs.device_selects_shown, 1) << operand;
+    }
+}
+
 TEST_F(Main_file, takes_the_folder_as_the_disk_spells_it_for_later_dialogs) {
     start(hex + " /PIC16F877");
     EXPECT_EQ(run.session.HexFolder, (documents / "A b").string());
