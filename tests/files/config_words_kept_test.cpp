@@ -94,8 +94,8 @@ struct KeptWords : AllDevices {
     std::vector<std::string> records_of(const PerConfigWord& words) const {
         std::uint32_t word = words[1];
         // With bit 3 clear such a part has meaning in bits 0, 1, 2 and 4 only.
-        if (session.PgmType == "12C5" && (word & 0x08) == 0) word &= 0x17;
-        if (session.PgmType == "EPROM2") word |= 0xC000;
+        if (session.PgmType == ProgrammingType::T12C5 && (word & 0x08) == 0) word &= 0x17;
+        if (session.PgmType == ProgrammingType::EPROM2) word |= 0xC000;
         const Bytes bytes{low(word), high(word)};
         if (is_pic18_flash(session.PgmType)) return {data(0, pic18_bytes(words))};
         if (is_12bit(session.PgmType)) return {data(0x1FFE, bytes)};
