@@ -17,7 +17,6 @@ namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
-
 }  // namespace
 
 std::string log_time(const std::tm& time) {

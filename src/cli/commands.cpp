@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/folders.h"
+#include "app/text.h"
 #include "cli/cli_texts.h"
 #include "cli/dump.h"
 #include "cli/set_controls.h"
@@ -90,10 +91,17 @@ Finish Commands::carry_out() {
 
 // An empty name can't be written: known before a part or a file is touched.
 Commands::Ending Commands::check_outputs() const {
-    for (const auto* output : {&options_.save, &options_.dump})
-        if (*output && (*output)->empty())
+    for (const auto* output : {&options_.save, &options_.dump}) {
+        if (!*output) continue;
+        const auto name = (*output)->string();
+        if (name.empty())
             return Finish::complain(kFailed, fmt::format(text::kCantWrite, "''",
                                                          std::generic_category().message(ENOENT)));
+        // The writer would refuse it too, but only once the part has been read.
+        if (!is_utf8(name))
+            return Finish::complain(kFailed, fmt::format(text::kCantWrite, printable(name),
+                                                         "its name is not valid UTF-8"));
+    }
     return {};
 }
 

@@ -189,9 +189,8 @@ void frmMain::connect_menus() {
     menus_->start(form.mnuLogFileOpen,
                   [this] { command([this] { run_.menu.mnuLogFileOpen_Click(); }); });
     menus_->start(form.exit, [this] { close(); });
-    menus_->start(form.mnuPcBufferMemoryClear, [this] {
-        command([this] { run_.buffer.mnuPcBufferMemoryClear(); });
-    });
+    menus_->start(form.mnuPcBufferMemoryClear,
+                  [this] { command([this] { run_.buffer.mnuPcBufferMemoryClear(); }); });
     menus_->start(form.mnuPcBufferMemory_0,
                   [this] { command([this] { run_.buffer.mnuPcBufferMemory_0(); }); });
     menus_->start(form.mnuPgmErase,

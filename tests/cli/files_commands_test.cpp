@@ -195,16 +195,18 @@ TEST(empty_name, of_a_folder_or_of_the_catalogue_is_no_default) {
 }
 
 // Latin-1, from an older system.
-TEST(name_that_is_no_UTF_8, is_written_byte_by_byte) {
-    CliBench cli;
-    cli.home.write("caf\xEF\xBF\xBD.hex", "another's");
-    ASSERT_EQ(cli.json({"--device", "PIC16F84A", "load", kBlinker, "--save",
-                        cli.path("caf\xE9.hex"), "--dump", cli.path("caf\xE9.json")}),
-              0)
-        << cli.err;
-    EXPECT_TRUE(cli.home.read("caf\xE9.hex").starts_with(":10"));
-    EXPECT_TRUE(cli.home.read("caf\xE9.json").starts_with("{"));
-    EXPECT_EQ(cli.home.read("caf\xEF\xBF\xBD.hex"), "another's");
+TEST(name_that_is_no_UTF_8, is_refused_for_an_output) {
+    for (const auto* output : {"--save", "--dump"}) {
+        CliBench cli;
+        cli.home.write("caf\xEF\xBF\xBD.hex", "another's");
+        EXPECT_EQ(
+            cli.json({"--device", "PIC16F84A", "load", kBlinker, output, cli.path("caf\xE9.hex")}),
+            1);
+        EXPECT_NE(cli.err.find("caf\\xE9.hex"), std::string::npos) << cli.err;
+        EXPECT_NE(cli.err.find("not valid UTF-8"), std::string::npos) << cli.err;
+        EXPECT_FALSE(std::filesystem::exists(cli.path("caf\xE9.hex")));
+        EXPECT_EQ(cli.home.read("caf\xEF\xBF\xBD.hex"), "another's");
+    }
 }
 
 TEST(name_that_is_no_UTF_8, is_refused_for_the_home) {
