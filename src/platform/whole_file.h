@@ -9,10 +9,10 @@
 
 namespace quillon {
 
-// Writes beside the file, flushes to the disk and renames; a link keeps leading to the file behind
-// it, and that file's permissions stay. A name that isn't valid UTF-8 is refused. A device or a
-// pipe ("/dev/stdout"), which can't be replaced, is written to. Gives the reason where that failed;
-// what stood there stands.
+// Writes beside the file, flushes to the disk and renames. A link still leads to the file behind it
+// afterwards, and that file keeps its permissions. A device or a pipe ("/dev/stdout"), which can't
+// be replaced, is written to. A name that isn't valid UTF-8 is refused. Returns the reason where
+// that failed; the old content is then unchanged.
 [[nodiscard]] std::optional<std::string> write_whole(const std::filesystem::path& path,
                                                      std::string_view content);
 
