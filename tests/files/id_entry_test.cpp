@@ -90,7 +90,7 @@ TEST(IdEntry, takes_no_word_while_an_operation_has_the_controls_locked) {
     LockButtons(bench.form);
     EXPECT_FALSE(bench.entry.take_word(2, "1234"));
     EXPECT_EQ(bytes_of(bench.session.CfgIdMem, 0, 7), "3FFF3FFF3FFF3FFF");
-    UnlockButtons(bench.session.PgmType, bench.form);
+    UnlockButtons(bench.session.PgmType.text(), bench.form);
     EXPECT_TRUE(bench.entry.take_word(2, "1234"));
     EXPECT_EQ(bytes_of(bench.session.CfgIdMem, 0, 7), "3FFF12343FFF3FFF");
 }

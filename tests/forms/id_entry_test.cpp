@@ -74,7 +74,7 @@ TEST(id_box, of_a_whole_word_takes_no_key_while_an_operation_runs) {
         LockButtons(bench.run->form);
         type(*box, "1234");
         EXPECT_EQ(bytes_of(bench.run->session.CfgIdMem, 2, 3), "3FFF");
-        UnlockButtons(bench.run->session.PgmType, bench.run->form);
+        UnlockButtons(bench.run->session.PgmType.text(), bench.run->form);
     });
     EXPECT_EQ(box->text(), "3FFF");
     type(*box, "1234");
