@@ -146,10 +146,11 @@ TEST(load, keeps_the_windows_file_history) {
                    "OPEN_DIR2=/b    PIC16F877A\nOPEN_Device2=5\n");
     ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker}), 0);
     const auto settings = cli.home.read("settings.ini");
-    for (const auto* line : {"OPEN_DIR2=/a    PIC16F84A\n", "OPEN_Device2=3\n",
-                             "OPEN_DIR3=/b    PIC16F877A\n", "OPEN_Device3=5\n"})
+    for (const auto* line : {"OPEN_DIR2=\"/a    PIC16F84A\"\n", "OPEN_Device2=3\n",
+                             "OPEN_DIR3=\"/b    PIC16F877A\"\n", "OPEN_Device3=5\n"})
         EXPECT_NE(settings.find(line), std::string::npos) << line << settings;
-    EXPECT_NE(settings.find("OPEN_DIR1=" + lower(QUILLON_EXAMPLES)), std::string::npos) << settings;
+    EXPECT_NE(settings.find("OPEN_DIR1=\"" + lower(QUILLON_EXAMPLES)), std::string::npos)
+        << settings;
 }
 
 // As a script hands it over whose variable is unset.
