@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A disk that takes longer is told of at the next start.
+// How long problem() waits for the disk. A slower disk's problem is reported at the next start.
 constexpr auto kAMoment = 100ms;
 
 }  // namespace
@@ -33,7 +33,8 @@ std::optional<std::string> DeferredSettings::read(std::string_view section, std:
     return known_[name] = store_.read(section, key);
 }
 
-// A value that is still to be written gives way to a newer one of its key.
+// A newer value replaces one of the same key that still waits. The front of the queue stays: it may
+// be on its way to the disk already.
 bool DeferredSettings::write(std::string_view section, std::string_view key,
                              std::string_view value) {
     const Key name{section, key};

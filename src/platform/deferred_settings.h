@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A settings store that never makes the window wait for the disk.
 //
-// A saved value is flushed to the disk before the store's write returns, which takes milliseconds
-// and, where the disk is busy, a second. Here a thread of its own does that: values are read back
-// at once, and written in the order in which they were saved, all before this object ends. Of
-// several values of one key that wait, the last is written.
+// The store's write returns only when the value is on the disk. That takes milliseconds, and up to
+// a second on a busy disk. Here a thread does the writing. A saved value can be read back at once.
+// Values are written in the order in which they were saved, all of them before this object is
+// destroyed. If several values of one key wait, only the last is written.
 #pragma once
 
 #include <chrono>
@@ -31,9 +31,9 @@ class DeferredSettings : public SettingsStore {
     DeferredSettings& operator=(const DeferredSettings&) = delete;
 
     std::optional<std::string> read(std::string_view section, std::string_view key) override;
-    // True: how the writing went shows in problem().
+    // Always true: problem() reports a failed write.
     bool write(std::string_view section, std::string_view key, std::string_view value) override;
-    // Of the values that are written by now; waits a moment for those under way.
+    // Covers the values written so far. Waits a moment for those still in the queue.
     std::string problem() const override;
 
   private:
@@ -47,11 +47,11 @@ class DeferredSettings : public SettingsStore {
 
     SettingsStore& store_;
     mutable std::mutex store_use_;
-    std::map<Key, std::optional<std::string>> known_;  // of the calling thread alone
+    std::map<Key, std::optional<std::string>> known_;  // used by the calling thread only
 
     mutable std::mutex queue_use_;
     mutable std::condition_variable changed_;
-    std::deque<Saved> queue_;  // its front is the one being written
+    std::deque<Saved> queue_;  // the front is being written
     bool ending_ = false;
     std::thread writer_;
 };

@@ -15,17 +15,18 @@ namespace quillon {
 
 namespace {
 
-// The converter's name for code page 932 with its vendor's additions; plain Shift_JIS lacks them in
-// some builds, and maps the wave dash elsewhere.
+// The converter's name for code page 932 with its vendor's additions. Plain Shift_JIS lacks them in
+// some builds, and maps the wave dash to another character.
 constexpr const char* kCodePage = "windows-31j";
-// What the converter puts for a byte that doesn't convert: also a character of its own right, the
-// end mark of old text files.
+// The converter writes this character for a byte that doesn't convert. It also occurs as itself,
+// the end mark of old text files, so decode_text() takes the mark out first.
 constexpr char16_t kSubstitute = 0x1A;
 
 QString decode_piece(std::string_view bytes) {
     QStringDecoder decoder{kCodePage};
     if (!decoder.isValid()) decoder = QStringDecoder{QStringConverter::System};
-    // A character that is cut off at the end would be waited for; a line end behind it tells.
+    // The decoder would wait for the rest of a character that is cut off at the end. The added line
+    // end makes it treat the character as invalid.
     QString text = decoder(QByteArray{bytes.data(), static_cast<qsizetype>(bytes.size())} + '\n');
     text.chop(1);
     return text.replace(QChar{kSubstitute}, QChar{QChar::ReplacementCharacter});

@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kSection = "HostPorts";
 constexpr std::string_view kNotConnected = "（未接続）";
-// The first names the adapter itself; the second, for those without a serial number, its socket.
+// by-id names the adapter itself. by-path names its socket, for adapters without a serial number.
 constexpr std::array<std::string_view, 2> kLastingNames{"/dev/serial/by-id", "/dev/serial/by-path"};
 
 std::string key(int number) { return fmt::format("COM{}", number); }
@@ -37,7 +37,7 @@ std::string lasting_name(const std::string& path) {
     return path;
 }
 
-// "COM7" is 7 in either case, anything else nothing.
+// 7 for "COM7" in upper or lower case; nothing for any other name.
 std::optional<int> com_number(std::string_view name) {
     if (!upper(name).starts_with("COM")) return std::nullopt;
     int number = 0;
@@ -90,7 +90,7 @@ int HostPorts::number_of(const std::string& lasting) const {
     return place == given_.end() ? 0 : static_cast<int>(place - given_.begin());
 }
 
-// 0 where 20 ports are there.
+// 0 if all 20 numbers are in use by ports that are connected or named for this run.
 int HostPorts::free_number() const {
     for (int number = 1; number <= kPorts; ++number)
         if (given_[index(number)].empty() && named_[index(number)].empty()) return number;
@@ -123,7 +123,7 @@ int HostPorts::assign(const std::string& name) {
     int number = kPorts;
     while (number > 1 && !(given_[index(number)].empty() && named_[index(number)].empty()))
         --number;
-    if (!given_[index(number)].empty()) number = kPorts;  // all are given: the last one steps back
+    if (!given_[index(number)].empty()) number = kPorts;  // all are given: take over the last one
     named_[index(number)] = path;
     return number;
 }

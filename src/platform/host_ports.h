@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What stands behind COM1 to COM20 on this machine.
+// The ports of this machine behind COM1 to COM20.
 //
-// On Windows the system has the numbers. Elsewhere each discovered port keeps the number that it
-// was first given, by the most lasting name that the system has for it, in section "HostPorts": key
-// "COMn", value that name. So an adapter is found again in another socket and after a restart.
+// On Windows the system assigns the numbers. Elsewhere each port keeps the number that it got when
+// it was first discovered. The settings hold it in section "HostPorts": the key is "COMn", the
+// value the most lasting name that the system has for the port. So an adapter keeps its number in
+// another socket and after a restart.
 #pragma once
 
 #include <array>
@@ -32,15 +33,15 @@ class HostPorts {
 
     explicit HostPorts(SettingsStore& store, Discover discover = discover_ports);
 
-    // Looks again. A new port takes the lowest number that no port was ever given, or, when there
-    // is none, that of a port which isn't there.
+    // Discovers the ports again. A new port gets the lowest number that no port ever had. If there
+    // is none, it gets the lowest number of a port that isn't connected.
     void refresh();
     // The number of a port named by the user: "COMn", a lasting name or a path. A path that isn't
-    // among the discovered ports, as of a pseudo-terminal, gets a number for this run only, from 20
-    // downwards.
+    // among the discovered ports, such as a pseudo-terminal, gets a number for this run only, from
+    // 20 downwards.
     int assign(const std::string& name);
-    // The device's path; for a port that isn't there its lasting name; empty where no port has that
-    // number.
+    // The path of the device. For a port that isn't connected it is the lasting name. Empty if no
+    // port has that number.
     std::string path(int number) const;
     // For the port dialog: "/dev/ttyUSB0 (FT232R USB UART)", empty where no port has that number.
     std::string describe(int number) const;

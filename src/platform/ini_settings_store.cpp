@@ -21,7 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-// Far beyond any settings: what is larger is something else.
+// Far more than any settings need. A larger file is something else and would fill the memory.
 constexpr std::uintmax_t kMostBytes = 4 * 1024 * 1024;
 
 std::string reason(std::errc code) { return std::make_error_code(code).message(); }
@@ -39,7 +39,7 @@ fs::path default_folder() {
     return all / "quillon";
 }
 
-// Nothing for a file that can't be read; a file that isn't there is an empty one.
+// Returns nothing for a file that can't be read, and an empty text for one that doesn't exist.
 std::optional<std::string> bytes_of(const fs::path& path) {
     std::error_code error;
     if (!fs::exists(path, error)) return "";
@@ -87,16 +87,16 @@ IniSettingsStore::Reason IniSettingsStore::write_unsaved() {
     fs::create_directories(path_.parent_path(), error);
     if (error) return error.message();
     QLockFile lock{QString::fromStdString(path_.string() + ".lock")};
-    // A lock that isn't given up in the first wait won't be in the next.
+    // After one long wait the next are short: a lock that was held that long is likely to stay.
     const bool locked = lock.tryLock(std::exchange(patience_, 0ms));
     if (!locked && lock.error() == QLockFile::LockFailedError)
         return reason(std::errc::resource_unavailable_try_again);
     if (locked) patience_ = kLongestWait;
-    // Where a lock can't even be made, the file can't either, and its reason is the better one.
+    // If no lock file can be made, writing the settings fails too, and gives the better reason.
     return put_into_file();
 }
 
-// The superuser may write to anything; a file that is marked read-only is meant to stay so.
+// Checked here because the superuser may write to any file. A file marked read-only must stay so.
 IniSettingsStore::Reason IniSettingsStore::not_writable() const {
     std::error_code error;
     if (!fs::exists(path_, error)) return {};

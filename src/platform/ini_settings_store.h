@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The settings store: one file of sections, keys and texts, written whole at each change.
 //
-// A change is put into the file as it is at that moment, under a lock: another program's changes
-// stay. A damaged file is read as far as it goes and kept beside the new one before it is first
-// written over. A file that can't be written stays as it is, and the run goes on with what it has.
+// A change is applied to the file as it is at that moment, under a lock, so another program's
+// changes are kept. A damaged file is read as far as possible and copied to a backup before it is
+// first replaced. If the file can't be written, it stays unchanged and the run continues with the
+// values in memory.
 #pragma once
 
 #include <chrono>
@@ -21,8 +22,8 @@ namespace quillon {
 
 class IniSettingsStore : public SettingsStore {
   public:
-    // DIR/settings.ini; the user's own configuration folder, which both programs share, where none
-    // is named.
+    // Uses settings.ini in `folder`. Without one it uses the user's own configuration folder, which
+    // both programs share.
     explicit IniSettingsStore(const std::optional<std::filesystem::path>& folder = std::nullopt);
 
     std::optional<std::string> read(std::string_view section, std::string_view key) override;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user is told of a settings file that can't be used as it should.
+// Shown to the user when the settings file can't be read or written.
 #pragma once
 
 #include <string_view>

@@ -15,7 +15,7 @@ namespace quillon {
 
 namespace {
 
-// The letters of C's escapes for one character each.
+// C's escapes that write one character as a letter.
 constexpr std::array<std::pair<char, char>, 9> kEscapes{{
     {'a', '\a'},
     {'b', '\b'},
@@ -33,7 +33,8 @@ bool is_plain(char c) {
            c == '-' || c == '.';
 }
 
-// Names of sections and keys: what could be taken for a part of the form is "%" and two digits.
+// Names of sections and keys. A character that could be taken for syntax becomes "%" and two
+// digits.
 std::string encoded_name(std::string_view name) {
     std::string text;
     for (const char c : name)
@@ -56,7 +57,7 @@ std::string decoded_name(std::string_view text) {
     return name;
 }
 
-// The value of digits at the front, which are taken off, in 16 bits.
+// Removes the digits at the front and returns their value in 16 bits.
 char16_t take_number(std::string_view& text, unsigned base) {
     unsigned value = 0;
     while (!text.empty()) {
@@ -68,7 +69,7 @@ char16_t take_number(std::string_view& text, unsigned base) {
     return static_cast<char16_t>(value);
 }
 
-// One escape behind its "\", which may be the first half of a character beyond 16 bits.
+// Decodes one escape; its "\" is removed already. A character beyond 16 bits has two escapes.
 std::string take_escape(std::string_view& text) {
     std::u16string units;
     const auto take_unit = [&] {
@@ -91,10 +92,10 @@ std::string take_escape(std::string_view& text) {
     return QString::fromStdU16String(units).toStdString();
 }
 
-// Blanks at both ends count within quotes only, and a ";" outside of them begins a comment.
+// Blanks at both ends count only within quotes. A ";" outside quotes begins a comment.
 std::string decoded_value(std::string_view text) {
     std::string value;
-    std::size_t kept = 0;  // blanks behind it aren't
+    std::size_t kept = 0;  // length without the trailing blanks
     bool quoted = false;
     while (!text.empty()) {
         const char c = text.front();
@@ -113,14 +114,14 @@ std::string decoded_value(std::string_view text) {
         kept = value.size();
     }
     value.resize(kept);
-    // A text that begins with "@" is written with two.
+    // In the file, a value that begins with "@" has a second one in front.
     return value.starts_with("@@") ? value.substr(1) : value;
 }
 
 std::string encoded_value(std::string_view value) {
     constexpr std::string_view kQuoted = ";,=#%[] ";
     std::string text;
-    bool after_number = false;  // a digit would be taken for a part of it
+    bool after_number = false;  // a digit now would be read as part of the number
     for (const char c : value) {
         const auto* escape = std::ranges::find(kEscapes, c, &std::pair<char, char>::second);
         const bool has_letter = escape != kEscapes.end();

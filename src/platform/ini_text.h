@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The text of a settings file: sections, keys and values, all of them plain texts.
 //
-// The form is the one of QSettings' INI files, which earlier versions have written: values may be
-// quoted, with the escapes of C. QSettings itself takes a value that begins with "@" for data of
-// its own kinds and decodes it, which a text from a file must not bring about: here a value is
-// never anything but a text. Bytes that aren't UTF-8 stay as they are.
+// The format is that of QSettings' INI files, which earlier versions wrote: a value may be quoted
+// and may hold C's escapes. QSettings isn't used, because it decodes a value that begins with "@"
+// into objects of other types. A text from a file must not be able to cause that. Here every value
+// is a text. Bytes that aren't UTF-8 are kept unchanged.
 #pragma once
 
 #include <optional>
@@ -16,14 +16,14 @@ namespace quillon {
 
 class IniText {
   public:
-    // Reads as far as a line makes sense; any other line is left out.
+    // Reads every line that it understands and leaves out the others.
     explicit IniText(std::string_view text = "");
 
-    // True where a line made no sense, or where the text holds a NUL.
+    // True if a line wasn't understood, or if the text holds a NUL.
     bool damaged() const { return damaged_; }
-    // The last one counts.
+    // If a key occurs several times, the last one counts.
     std::optional<std::string> value(std::string_view section, std::string_view key) const;
-    // Comments and the order of lines stay. A new key goes to the end of its section.
+    // Keeps comments and the order of lines. A new key is added at the end of its section.
     void set(std::string_view section, std::string_view key, std::string_view value);
     std::string text() const;
 

@@ -79,7 +79,7 @@ bool receive(int descriptor, std::vector<std::uint8_t>& into) {
         } else if (count < 0 && errno == EINTR) {
             continue;
         } else {
-            // Nothing at all is a line that was hung up: an idle one says EAGAIN.
+            // A read of 0 bytes means that the line was hung up. An idle line gives EAGAIN.
             return count < 0 && (errno == EAGAIN || errno == EWOULDBLOCK);
         }
     }
@@ -91,7 +91,7 @@ bool send(int descriptor, std::span<const std::uint8_t> bytes) {
         if (count >= 0) {
             bytes = bytes.subspan(static_cast<std::size_t>(count));
         } else if (errno == EAGAIN || errno == EWOULDBLOCK) {
-            // The driver's buffer is far larger than any write: nobody takes the bytes.
+            // The driver's buffer is far larger than any write: when full, nobody takes the bytes.
             short happened = 0;
             if (poll_for(descriptor, POLLOUT, std::chrono::milliseconds{kSendStallMilliseconds},
                          happened) <= 0)
@@ -106,7 +106,7 @@ bool send(int descriptor, std::span<const std::uint8_t> bytes) {
 bool wait(int descriptor, std::chrono::microseconds time) {
     short happened = 0;
     if (poll_for(descriptor, POLLIN, time, happened) <= 0) return true;
-    // What came before the end is still to be read.
+    // Bytes that came before the hang-up can still be read.
     return (happened & POLLIN) != 0 || (happened & (POLLHUP | POLLERR | POLLNVAL)) == 0;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What an open serial port is asked for below QSerialPort, where the system has file descriptors.
+// Calls on an open serial port below QSerialPort, for systems with file descriptors.
 #pragma once
 
 #include <chrono>
@@ -10,17 +10,18 @@
 
 namespace quillon::port_descriptor {
 
-// True where the device file is there and may be read and written by this user.
+// True if the device file exists and this user may read and write it.
 bool may_open(const std::string& path);
-// Excludes every other program that asks, the superuser's too; false where one was first.
+// Locks out every other program that locks its port, the superuser's too. False if another program
+// holds the lock.
 bool lock(int descriptor);
-// Reads with nothing to read are told from a port that has gone, and the driver hands bytes over at
-// once where it has a flag for that.
+// Makes a read without data differ from a read of a port that is gone. Also makes the driver
+// deliver bytes at once, where it has a flag for that.
 void tune(int descriptor);
 // False on ports that have no such line.
 bool set_rts(int descriptor, bool on);
 
-// The three below answer false once the port has vanished.
+// These three return false once the port has vanished.
 [[nodiscard]] bool receive(int descriptor, std::vector<std::uint8_t>& into);
 [[nodiscard]] bool send(int descriptor, std::span<const std::uint8_t> bytes);
 [[nodiscard]] bool wait(int descriptor, std::chrono::microseconds time);

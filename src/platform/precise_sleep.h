@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Sleeps to the point, for the 1 ms pauses between letters.
+// Sleeps that end on time, for the 1 ms pauses between letters.
 #pragma once
 
 #include <chrono>
 
 namespace quillon {
 
-// Asks the system not to round this thread's wake-ups, where it does by default.
+// Asks the system not to round the times at which this thread wakes up. Linux does so by default.
 void sleep_precisely();
-// Until the monotonic clock shows the time. May end early: a signal ends it.
+// Sleeps until the monotonic clock reaches `time`. A signal may end the sleep early.
 void sleep_until(std::chrono::nanoseconds time);
 
 }  // namespace quillon

@@ -19,7 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
-// The interface isn't left alone for longer than this.
+// The longest sleep before the interface gets a turn.
 constexpr auto kLongestStill = 10ms;
 constexpr int kLevelsUp = 4;
 
@@ -83,7 +83,7 @@ std::tm QtHost::local_time() const {
     return result;
 }
 
-// The pauses between two letters are too short to be cut in pieces.
+// The pauses between two letters are too short to be interrupted by turns of the interface.
 void QtHost::sleep(std::chrono::milliseconds time) {
     const Time end = now() + time;
     if (time > kLongestStill / 2) pump();
@@ -114,13 +114,13 @@ void QtHost::disarm() {
     reason_.compare_exchange_strong(stopped, kNone);
 }
 
-// An event handler that waits in its turn is left alone: an exception doesn't pass the event loop.
+// Throws only outside event handlers: an exception must not pass through the event loop.
 void QtHost::check() {
     if (!armed_ || depth_ != 0) return;
     if (deadline_ && now() >= *deadline_) give_up(Abandoned::Reason::Deadline);
     const int reason = reason_.load();
     if (reason == kNone) return;
-    // The frame that catches it closes the port, and may wait for that.
+    // The catcher closes the port and may wait for that, so that wait must not throw again.
     armed_ = false;
     throw Abandoned{static_cast<Abandoned::Reason>(reason)};
 }

@@ -2,8 +2,8 @@
 // The machine as a run sees it: clock, sleeps that keep the interface alive, folders, documents,
 // code page, and giving up.
 //
-// Giving up is a wish until an operation runs: Abandoned is thrown by pump and sleep within the
-// life of an Operation only, once for each, and never from inside an event handler.
+// give_up() only records a request. pump() and sleep() throw Abandoned for it, but only while an
+// Operation exists, once for each Operation, and never from inside an event handler.
 #pragma once
 
 #include <atomic>
@@ -20,12 +20,12 @@ class QtHost : public Host {
   public:
     enum class Interface : std::uint8_t {
         Window,       // turns run the event loop
-        CommandLine,  // turns look for the wish to give up, and cost nothing
+        CommandLine,  // turns only check for a request to give up
     };
     struct Folders {
-        // Stands for the documents folder where it is given.
+        // Used in place of the documents folder, if set.
         std::optional<std::filesystem::path> home{};
-        // Where device6.ini and the documents are; found from the program's place otherwise.
+        // Holds device6.ini and the documents. If unset, it is found from the program's folder.
         std::optional<std::filesystem::path> data{};
     };
 
@@ -41,16 +41,17 @@ class QtHost : public Host {
     bool open_document(const std::string& path_or_url) override;
     std::optional<std::string> write_file(const std::filesystem::path& path,
                                           std::string_view content) override;
-    // A text that is valid UTF-8 is taken as that, else as code page 932.
+    // Returns valid UTF-8 unchanged and decodes anything else from code page 932.
     std::string from_code_page(std::string_view bytes) const override;
 
-    // May be called from a signal handler. The first reason counts; any other one replaces Stopped.
+    // May be called from a signal handler. The first reason is kept, but any reason replaces
+    // Stopped.
     void give_up(Abandoned::Reason reason) override;
-    // From this time on the operation is given up; measured by now().
+    // The operation is given up when now() reaches this time.
     void set_deadline(Time deadline) { deadline_ = deadline; }
     bool given_up() const { return reason_.load() != kNone; }
 
-    // The time in which a wait can be given up: from its making to its end. Not to be nested.
+    // While an Operation exists, a wait can be given up. Operations must not be nested.
     class Operation {
       public:
         explicit Operation(QtHost& host) : host_{host} { host_.armed_ = true; }
@@ -78,8 +79,8 @@ class QtHost : public Host {
     int depth_ = 0;  // of turns within turns
 };
 
-// The folder that holds device6.ini, seen from the program's: itself, the installed data beside it,
-// or the source tree's data above it; the program's own folder where there is none.
+// Finds the folder of device6.ini: the program's own folder, the installed data beside it, or the
+// source tree's data above it. Returns the program's folder if none of them holds the file.
 std::filesystem::path find_data_folder(const std::filesystem::path& program_folder);
 
 }  // namespace quillon

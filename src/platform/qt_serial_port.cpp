@@ -21,14 +21,14 @@ using namespace std::chrono_literals;
 constexpr int kBaud = 57600;
 // Start bit, 8 data bits, stop bit.
 constexpr std::chrono::nanoseconds kByteTime{10'000'000'000 / kBaud};
-// The longest sleep on the line's arithmetic alone: a board that is faster than its line, as a
-// simulated one may be, isn't kept waiting.
+// The longest sleep computed from the line speed alone. A simulated board may be faster than its
+// line, and must not be kept waiting.
 constexpr std::chrono::microseconds kLongestSleep{3000};
 
 PortOpen reason_of_failure(const QSerialPort& port, [[maybe_unused]] const std::string& name) {
     if (port.error() != QSerialPort::PermissionError) return PortOpen::Unavailable;
 #ifdef Q_OS_UNIX
-    // One error stands for a lock that somebody holds and for a port that isn't ours to use.
+    // Qt reports the same error for a locked port and for one that this user may not open.
     return port_descriptor::may_open(name) ? PortOpen::Busy : PortOpen::Denied;
 #else
     return PortOpen::Busy;
@@ -53,7 +53,7 @@ PortOpen QtSerialPort::open() {
     port->setFlowControl(QSerialPort::NoFlowControl);
     if (!port->open(QIODevice::ReadWrite)) return reason_of_failure(*port, name);
 #ifdef Q_OS_UNIX
-    // Its notifier would take bytes behind our back at each turn of the event loop.
+    // QSerialPort's notifier would read bytes at each turn of the event loop, before receive() can.
     for (auto* notifier : port->findChildren<QSocketNotifier*>()) notifier->setEnabled(false);
     if (!port_descriptor::lock(static_cast<int>(port->handle()))) return PortOpen::Busy;
     port_descriptor::tune(static_cast<int>(port->handle()));
@@ -104,7 +104,7 @@ void QtSerialPort::wait_for_data(std::size_t wanted, std::chrono::microseconds t
             if (received_.empty()) return;
             continue;
         }
-        // The rest can't be there before the line has carried it.
+        // The line needs this long to carry the missing bytes.
         const auto rest = kByteTime * static_cast<std::int64_t>(wanted - count);
         std::this_thread::sleep_for(
             std::min<std::chrono::nanoseconds>(rest, std::min(left, kLongestSleep)));
@@ -143,8 +143,8 @@ void QtSerialPort::discard_input() {
     received_.clear();
 }
 
-// What the line has had time to carry is gone. A pseudo-terminal would throw it away even so, where
-// the board's side hasn't read yet.
+// Bytes that the line has had time to carry count as sent. A pseudo-terminal would still discard
+// those that the board's side hasn't read yet.
 void QtSerialPort::discard_output() {
     if (!port_) return;
     if (lost_) lose();

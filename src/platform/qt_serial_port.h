@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The serial port of the machine: real ports, USB adapters and pseudo-terminals.
 //
-// QSerialPort opens the port, sets it up and locks it. Where the system has file descriptors the
-// bytes then pass by plain read, write and poll: that halves the cost of a word, and needs no event
-// loop. A wait sleeps through the time that the line needs for the bytes still missing, so that a
-// block of 16 costs two wake-ups and not 16.
+// QSerialPort opens the port and sets it up. On systems with file descriptors the bytes then go
+// through plain read, write and poll. That halves the time for a word and needs no event loop. A
+// wait sleeps for as long as the line needs for the missing bytes, so a block of 16 bytes costs two
+// wake-ups instead of 16.
 #pragma once
 
 #include <QSerialPort>
@@ -33,8 +33,8 @@ class QtSerialPort : public SerialPort {
     bool is_open() const override { return port_ != nullptr; }
     void RTSEnable(bool on) override;
 
-    // A closed port has nothing waiting and nothing to discard; it refuses the others as a lost
-    // one.
+    // On a closed port nothing is waiting and nothing is discarded. write() and wait_for_data()
+    // throw as on a lost port.
     std::size_t InBufferCount() override;
     void discard_input() override;
     void discard_output() override;
@@ -52,10 +52,10 @@ class QtSerialPort : public SerialPort {
 
     NameOf name_of_;
     int number_ = 0;
-    std::optional<bool> rts_;  // nothing until it is set: the driver's own choice stands
+    std::optional<bool> rts_;  // unset: the driver's own choice is kept
     std::unique_ptr<QSerialPort> port_;
     std::vector<std::uint8_t> received_;
-    Clock::time_point sent_by_{};  // when the line will have taken what was written
+    Clock::time_point sent_by_{};  // when the line will have carried all that was written
     bool lost_ = false;
 };
 

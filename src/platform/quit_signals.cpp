@@ -27,19 +27,19 @@ namespace {
 
 constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
 
-// At file scope because a handler is given nothing but the signal's number.
+// At file scope, because a signal handler gets nothing but the signal's number.
 std::atomic<int> write_end{-1};
 static_assert(std::atomic<int>::is_always_lock_free);
 
 extern "C" void write_byte(int) {
     const int before = errno;
     const char byte = 0;
-    // A full pipe holds a byte already.
+    // The write fails only on a full pipe, and that one wakes the event loop already.
     static_cast<void>(!::write(write_end, &byte, 1));
     errno = before;
 }
 
-// Children don't inherit the ends, and neither a read nor a write ever blocks.
+// Child processes don't inherit the ends. Reads and writes never block.
 bool open_pipe(std::array<int, 2>& ends) {
     if (::pipe(ends.data()) != 0) return false;
     for (const int end : ends) {

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Ctrl-C, a polite kill and a terminal that goes away, told to a program with an event loop.
+// Notifies a program with an event loop of Ctrl-C, of a polite kill and of a terminal that closes.
 //
-// A handler only writes a byte into a pipe; the event loop finds it there and tells, so that
-// nothing runs in the middle of anything. Programs that are started from here get the signals as
-// ever.
+// The signal handler only writes a byte into a pipe. The event loop reads the byte and calls back,
+// so no other code is interrupted. Programs started from here handle the signals in their own way.
 #pragma once
 
 #include <functional>
@@ -13,11 +12,11 @@ namespace quillon {
 
 class QuitSignals {
   public:
-    // `told` is called from the event loop, for each SIGINT, SIGTERM and SIGHUP or for several that
-    // came at once. A signal that the process was started to ignore stays ignored. One such object
-    // at a time. Does nothing on a system without signals.
+    // `told` is called from the event loop, once for each SIGINT, SIGTERM or SIGHUP, or once for
+    // several that come together. A signal that the process was started to ignore stays ignored.
+    // Only one such object may exist at a time. Does nothing on a system without signals.
     explicit QuitSignals(std::function<void()> told);
-    // The signals do again what they did before.
+    // Restores the former handling of the signals.
     ~QuitSignals();
     QuitSignals(const QuitSignals&) = delete;
     QuitSignals& operator=(const QuitSignals&) = delete;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Whether another window works in the same work folder.
+// Detects another window that uses the same work folder.
 #pragma once
 
 #include <filesystem>
@@ -9,11 +9,12 @@ class QLockFile;
 
 namespace quillon {
 
-// Holds the work folder for its life. A lock left by a program that died is taken over. Where no
-// lock can be made at all nobody is said to be there: start-up reports the folder itself.
+// Locks the work folder for the life of the object. A lock left by a program that died is taken
+// over. If no lock can be made, second() is false: start-up reports the problem of the folder
+// itself.
 class SingleInstance {
   public:
-    // The folder is made if needed: "QUILLON4_TEMP" in the documents folder.
+    // Makes the work folder, "QUILLON4_TEMP" in the documents folder, if needed.
     explicit SingleInstance(const std::filesystem::path& documents_folder);
     ~SingleInstance();
 

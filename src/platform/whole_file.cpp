@@ -10,9 +10,8 @@ namespace quillon {
 
 namespace {
 
-// Without a buffer of the library's own: a write that fails when that is flushed has no reason, and
-// a QSaveFile doesn't count it. A disk that is nearly full takes a part first, and says why it
-// doesn't take the rest only when asked again.
+// Writes without the library's buffer: a failure to flush it gives no reason, and QSaveFile misses
+// it. A nearly full disk takes a part of the bytes first. Only the next write gives the reason.
 bool write_all(QFileDevice& file, std::string_view content) {
     while (!content.empty()) {
         const auto count = file.write(content.data(), static_cast<qint64>(content.size()));
@@ -22,7 +21,7 @@ bool write_all(QFileDevice& file, std::string_view content) {
     return true;
 }
 
-// Writing may fail as late as at the closing.
+// `finish` ends the writing, and may fail too.
 template <typename File, typename Finish>
 std::optional<std::string> write_to(File& file, std::string_view content, Finish finish) {
     if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && write_all(file, content) &&
@@ -36,7 +35,7 @@ std::optional<std::string> write_to(File& file, std::string_view content, Finish
 std::optional<std::string> write_whole(const std::filesystem::path& path,
                                        std::string_view content) {
     const auto name = QString::fromStdString(path.string());
-    // Such a name would become another one on its way, and replace what has that name.
+    // QString would change a name that isn't UTF-8, and a file of another name would be replaced.
     if (name.toStdString() != path.string()) return "its name is not valid UTF-8";
     const QFileInfo there{name};
     if (there.exists() && !there.isFile()) {

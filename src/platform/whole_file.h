@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files that are replaced whole or not at all: nobody ever finds half of one.
+// Replaces files whole or not at all, so that nobody reads a half-written one.
 #pragma once
 
 #include <filesystem>
