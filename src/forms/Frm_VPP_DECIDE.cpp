@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Frm_VPP_DECIDE: which supply rises first?
+// Frm_VPP_DECIDE: asks which supply rises first.
 #include "forms/Frm_VPP_DECIDE.h"
 
 #include <QHBoxLayout>
@@ -13,7 +13,7 @@
 namespace quillon {
 
 namespace {
-constexpr int kLineCharacters = 44;  // full-width ones
+constexpr int kLineCharacters = 44;  // full-width characters
 }
 
 Frm_VPP_DECIDE::Frm_VPP_DECIDE(const std::string& Label1, QWidget* owner) : QDialog{owner} {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Frm_VPP_DECIDE: which supply rises first?
+// Frm_VPP_DECIDE: asks which supply rises first.
 #pragma once
 
 #include <QDialog>
@@ -11,7 +11,7 @@ class Frm_VPP_DECIDE : public QDialog {
   public:
     Frm_VPP_DECIDE(const std::string& Label1, QWidget* owner);
 
-    // 1 VPP first, 2 VDD first, 0 where the form was closed without an answer.
+    // 1 VPP first, 2 VDD first, 0 if the form was closed without an answer.
     int FormAnswer() const { return answer_; }
 
   private:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Ties the controls of the view model to their widgets, both ways: one bind for each kind.
 //
-// Changes that come from the control are written with the widget's signals blocked, so that only
-// the user's own acts come back.
+// Changes that come from the control are written with the widget's signals blocked. So only the
+// user's own changes are sent back to the control.
 #include "forms/binders.h"
 
 #include <QAction>
@@ -31,7 +31,7 @@ namespace {
 
 constexpr int kUnlimited = 32767;  // QLineEdit's own limit
 
-// Captions come with the line ends of dialogs and of files.
+// A caption has the line ends of a dialog or of a file; Qt wants "\n".
 QString caption(std::string_view text) {
     QString result = q(text);
     result.replace("\r\n", "\n");
@@ -44,14 +44,14 @@ void paint_ground(QWidget& widget, Colour colour, QPalette::ColorRole back,
     widget.setPalette(QPalette{});
     if (colour == Colour::Default || colour == Colour::White) return;
     const Ground wanted = ground(colour, widget.palette());
-    QPalette own;  // the two roles alone: all else follows the theme
+    QPalette own;  // these two roles only: the theme gives the others
     own.setColor(back, wanted.back);
     own.setColor(text, wanted.text);
     widget.setPalette(own);
 }
 
-// Replaces the view's text. What a verify adds under the image is what the user looks for then: the
-// first added line comes to the top.
+// Replaces the view's text. After a verify the user looks for the lines added under the image, so
+// the first of them becomes the top line.
 void show_view(QPlainTextEdit& view, std::string_view former, std::string_view text) {
     view.setPlainText(q(text));
     const bool added = !former.empty() && text.starts_with(former);
@@ -138,14 +138,14 @@ void Bindings::bind(Label& control, MessageArea& widget) {
 void Bindings::bind(TextBox& control, QLineEdit& widget) {
     bind_common(control, widget);
     follow(control.Text, [&widget](const std::string& text) {
-        if (utf8(widget.text()) == text) return;  // keeps the cursor where the user types
+        if (utf8(widget.text()) == text) return;  // keeps the cursor in place while the user types
         const QSignalBlocker blocker{widget};
         widget.setText(q(text));
     });
     follow(control.MaxLength, [&control, &widget](std::size_t length) {
         const QSignalBlocker blocker{widget};
         widget.setMaxLength(length == 0 ? kUnlimited : static_cast<int>(length));
-        widget.setText(q(control.Text.get()));  // a longer limit shows what the shorter had cut
+        widget.setText(q(control.Text.get()));  // a longer limit shows what the shorter one cut
     });
     follow(control.BackColor, [&widget](Colour colour) {
         paint_ground(widget, colour, QPalette::Base, QPalette::Text);
@@ -223,7 +223,7 @@ void Bindings::bind(Grid& control, QTableWidget& widget) {
     keep(control.Changed.connect([&control, &widget] { show_cells(control, widget); }));
     const auto show_cursor = [&control, &widget](int) {
         const QSignalBlocker blocker{widget};
-        // Row 0 is the heading, which no cursor can stand on.
+        // Row 0 is the heading, which the cursor can't reach.
         if (control.CursorRow.get() >= 1)
             widget.setCurrentCell(control.CursorRow.get() - 1, control.CursorColumn.get());
     };
@@ -239,7 +239,7 @@ void Bindings::bind(Grid& control, QTableWidget& widget) {
 
 void Bindings::bind(TabSet& control, QTabWidget& widget) {
     bind_common(control, widget);
-    // A selection hides all tabs and shows the device's again, one by one: each would lay out anew.
+    // A selection hides all tabs and shows the device's one by one. Each step would lay out again.
     const auto show = [&control, &widget] {
         if (control.Redraw.get()) show_tabs(control, widget);
     };
@@ -255,7 +255,7 @@ void Bindings::bind(TabSet& control, QTabWidget& widget) {
 
 void Bindings::bind(ProgressBar& control, QProgressBar& widget) {
     bind_common(control, widget);
-    // The widget forgets a value that a new range leaves out; the control doesn't tell it again.
+    // The widget drops a value outside a new range, and the control doesn't send it again.
     const auto show = [&control, &widget](int) {
         widget.setRange(control.Min.get(), control.Max.get());
         widget.setValue(control.Value.get());

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Ties the controls of the view model to their widgets, both ways: one bind for each kind.
 //
-// The widget takes the control's name, shows its state from the start, and follows each change.
-// What the user does passes the gate, which may refuse it; the widget then shows the control's
-// state again. A control must outlive its widget; the bindings may go first.
+// The widget gets the control's name, shows its state at once and follows each change. A user's act
+// goes through the gate. If the gate refuses it, the widget shows the control's state again. A
+// control must outlive its widget; the bindings may be destroyed before it.
 #pragma once
 
 #include <QString>
@@ -54,7 +54,7 @@ class Bindings {
     void bind(ComboBox& control, QComboBox& widget);
     void bind(Button& control, QPushButton& widget);
     // What an "&" in an entry's caption does: it marks the letter behind it, or is shown itself, as
-    // in the path of a file.
+    // in a file's path.
     enum class Ampersand : std::uint8_t { MarksLetter, IsShown };
     void bind(MenuItem& control, QAction& widget, Ampersand ampersand = Ampersand::MarksLetter);
     void bind(MenuItem& control, QMenu& widget);
@@ -63,7 +63,7 @@ class Bindings {
     void bind(ProgressBar& control, QProgressBar& widget);
     void bind(Shape& control, QWidget& widget);
 
-    // Runs now, and at each change of the property.
+    // Calls the follower now and at each change of the property.
     template <typename T, typename Follower>
     void follow(Property<T>& property, Follower follower) {
         follower(property.get());

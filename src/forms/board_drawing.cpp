@@ -12,7 +12,8 @@ namespace {
 
 using enum PinFunction;
 
-// 8, 14 and 20 pins share one socket: their supply and data pins agree, counted from the index end.
+// Parts with 8, 14 and 20 pins share one socket: counted from the index end, their supply and data
+// pins agree.
 constexpr std::array kPins8{SocketPin{1, VDD}, SocketPin{4, VPP}, SocketPin{20, VSS},
                             SocketPin{19, PGD}, SocketPin{18, PGC}};
 constexpr std::array kPins18{SocketPin{4, VPP}, SocketPin{5, VSS}, SocketPin{14, VDD},
@@ -31,7 +32,7 @@ constexpr std::array kSockets{
     BoardSocket{"Shape_40P", "40", 40, kPins40},
 };
 
-// In steps between two pins
+// Lengths in steps between two pins
 constexpr double kMargin = 3;
 constexpr double kTop = 5;
 constexpr double kSocketWidth = 5;
@@ -90,7 +91,7 @@ BoardDrawing::BoardDrawing(Names names, QWidget* parent) : QWidget{parent}, name
 }
 
 double BoardDrawing::step() const {
-    // Names of pins stand beside their pin, so a step with names is a line of text.
+    // With pin names, a step is as high as a line of text: each name is beside its pin.
     return names_ == Names::Pins ? fontMetrics().height() * 0.95 : fontMetrics().height() * 0.72;
 }
 

@@ -2,7 +2,7 @@
 // The drawing of the programmer board: its five sockets with the pins that programming uses, and
 // the jumper JP2. frmBoard lights one socket, frmIndex names the pins of all.
 //
-// Sockets stand upright with pin 1 at the upper left; lengths are in steps between two pins.
+// Sockets are upright, with pin 1 at the upper left. Lengths are in steps between two pins.
 #pragma once
 
 #include <QRectF>
@@ -24,7 +24,7 @@ struct SocketPin {
 };
 
 struct BoardSocket {
-    std::string_view control;  // the shape of frmBoard that lights it
+    std::string_view control;  // the shape of frmBoard that lights the socket
     std::string_view title;
     int pins;
     std::span<const SocketPin> used;
@@ -38,10 +38,10 @@ class BoardDrawing : public QWidget {
     explicit BoardDrawing(Names names, QWidget* parent = nullptr);
 
     QRect socket_area(std::size_t socket) const;
-    // Place of the jumper on pins 1 and 2, or on 2 and 3.
+    // The jumper's area on pins 1 and 2, or on 2 and 3.
     QRect jumper_area(int first_pin) const;
     QRect jumper_text_area() const;
-    // Draws a socket into its area, which begins at the given point.
+    // Draws a socket into its area, whose upper left is `corner`.
     void paint_socket(QPainter& painter, std::size_t socket, QPointF corner, bool lit) const;
     double step() const;
 
@@ -52,15 +52,15 @@ class BoardDrawing : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    double socket_pitch() const;  // from one socket's left to the next one's, in steps
+    double socket_pitch() const;  // from one socket's left edge to the next one's, in steps
     void paint_jumper(QPainter& painter) const;
     void paint_pin_names(QPainter& painter, std::size_t socket) const;
 
     Names names_;
 };
 
-// The colour of a pin by its function, the same in every theme: the board is drawn on its own
-// ground.
+// The colour of a pin by its function. It is the same in every theme because the board has its own
+// background.
 QColor pin_colour(PinFunction function);
 std::string_view pin_name(PinFunction function);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The settings store with the port of the command line in it: "ComNo" reads as that port for this
-// run, and the saved one stays. A port that the user chooses in the dialog is saved as ever.
+// A settings store that shows the command line's port as the saved one: "ComNo" reads as that port
+// for this run. The stored value isn't changed. A port that the user chooses in the dialog is
+// saved.
 #pragma once
 
 #include <string>

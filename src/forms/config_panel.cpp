@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The configuration tabs of frmMain.
 //
-// The option list and the free entry are one widget each, which moves to the grid in use: the
-// model has one of each too.
+// There is one option list and one free entry, as in the model. Each moves to the grid in use.
 #include "forms/config_panel.h"
 
 #include <QAbstractItemView>
@@ -28,7 +27,7 @@ namespace {
 
 constexpr double kNameShare = 0.30;  // of the grid's width; the option takes the rest
 
-// Closes itself once its list has gone, unless a choice has closed it before.
+// Closes itself once its popup is gone, unless a choice has closed it before.
 class OptionList : public QComboBox {
   public:
     using QComboBox::QComboBox;
@@ -36,7 +35,8 @@ class OptionList : public QComboBox {
 
     void hidePopup() override {
         QComboBox::hidePopup();
-        // The choice is told after the list has gone, and the list may have come back elsewhere.
+        // The choice is reported only after the popup is gone, and may have opened the list
+        // elsewhere.
         QTimer::singleShot(0, this, [this] {
             if (isVisible() && !view()->isVisible() && on_left) on_left();
         });
@@ -51,7 +51,7 @@ class OptionList : public QComboBox {
     }
 };
 
-// Closes itself when the user leaves it. A menu of its own, or another window, isn't leaving.
+// Closes itself when the user leaves it. Its own menu or another window doesn't count as leaving.
 class FreeEntry : public QLineEdit {
   public:
     using QLineEdit::QLineEdit;
@@ -63,7 +63,7 @@ class FreeEntry : public QLineEdit {
             on_left();
         else
             QLineEdit::keyPressEvent(event);
-        event->accept();  // else the grid below takes Return and opens its list
+        event->accept();  // else the grid below handles Return and opens its list
     }
     void focusOutEvent(QFocusEvent* event) override {
         QLineEdit::focusOutEvent(event);
@@ -73,8 +73,9 @@ class FreeEntry : public QLineEdit {
     }
 };
 
-// A word as a text, to be clicked. It handles its own events: a command watches the widget with the
-// focus, and a filter that is added while another one runs makes that one run again.
+// A word as a text that can be clicked. It handles its own events and uses no event filter: a
+// command filters the events of the widget with the focus, and adding a filter while another one
+// runs makes that one run again.
 class WordText : public QLineEdit {
   public:
     using QLineEdit::QLineEdit;
@@ -93,7 +94,7 @@ class WordText : public QLineEdit {
     }
 };
 
-// The character that the key writes into a cell, 0 for a command.
+// The character that the key writes into a cell; 0 if the key is a command.
 char typed_character(const QKeyEvent& event) {
     const auto held = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     const QString text = event.text();
@@ -176,7 +177,7 @@ void ConfigPanel::make_grids(Bindings& bindings) {
         bindings.bind(form_.HFGrid(n), *grid);
         bindings.keep(form_.HFGrid(n).Changed.connect([this, n] { show_help_tips(n); }));
         grid->setAccessibleName(q(form_text::kConfigTab) + QString::number(n));
-        // The cursor comes first: the model takes the cell from it.
+        // Sets the cursor first because the model takes the cell from it.
         grid->on_open = [this, n, &bindings](int row, int column) {
             close_option_list();
             form_.HFGrid(n).CursorRow.set(row + 1);
@@ -195,7 +196,7 @@ void ConfigPanel::make_grids(Bindings& bindings) {
     connect(tabs_, &QTabWidget::currentChanged, this, [this] { close_option_list(); });
 }
 
-// What the headings show is the words as they stand.
+// Calls on_change if the act changed a configuration word. The grids' headings show the words.
 void ConfigPanel::change(const std::function<void()>& act) {
     const auto words = [this] {
         std::array<std::string, 7> shown;
@@ -219,7 +220,7 @@ void ConfigPanel::make_option_list(Bindings& bindings) {
     free_entry_->setAcceptDrops(false);
     connect(free_entry_, &QLineEdit::returnPressed, this, [this] {
         bindings_.act([this] { change([this] { config_.TxtInit_Done(); }); });
-        // Behind the command, which gives the focus back to where it was.
+        // After the command, because that gives the focus back to the former widget.
         if (!form_.TxtInit.Visible.get()) focus_grid();
     });
     bindings.keep(form_.CmbInit.Visible.observe([this](bool shown) {
@@ -232,8 +233,8 @@ void ConfigPanel::make_option_list(Bindings& bindings) {
 }
 
 void ConfigPanel::make_texts(Bindings& bindings) {
-    // A word in binary is wider than an ID of four digits; eight digits have the row for
-    // themselves.
+    // A word in binary is wider than an ID of four digits. An ID of eight digits has the row for
+    // itself.
     constexpr int kIdShare = 2;
     constexpr int kWordShare = 5;
     auto* row = new QHBoxLayout;
@@ -263,7 +264,7 @@ void ConfigPanel::make_texts(Bindings& bindings) {
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
-// The help line of a field also stands behind its row, so that it can be read before a click.
+// Each row also has its field's help line as a tooltip, so that it can be read without a click.
 void ConfigPanel::show_help_tips(int n) {
     auto& grid = *grids_[static_cast<std::size_t>(n - 1)];
     const QSignalBlocker blocker{grid};

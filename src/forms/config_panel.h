@@ -2,8 +2,8 @@
 // The configuration tabs of frmMain: a grid of fields for each word, the option list and the free
 // entry over a cell, the ID boxes and the words as numbers.
 //
-// A click, Return, F2 or Space on a cell opens its option list, a hexadecimal digit the free entry;
-// Escape leaves the cell as it was.
+// A click, Return, F2 or Space on a cell opens its option list. A hexadecimal digit opens the free
+// entry. Escape leaves the cell unchanged.
 #pragma once
 
 #include <QTableWidget>
@@ -20,12 +20,12 @@ class QTabWidget;
 
 namespace quillon {
 
-// A grid of one configuration word. It tells of a cell that is to be opened, and edits nothing.
+// The grid of one configuration word. It reports which cell is to be opened, and edits nothing.
 class ConfigGrid : public QTableWidget {
   public:
     explicit ConfigGrid(QWidget* parent = nullptr);
     std::function<void(int row, int column)> on_open;  // counted from 0, without the heading
-    std::function<bool(int row, char key)> on_type;    // false where the key isn't taken
+    std::function<bool(int row, char key)> on_type;    // false if the key isn't used
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The device list: a combo that is searched by typing any part of a name.
+// The device list: a combo box that finds devices by any part of their name.
 //
-// The box shows the selected device: Return hands the text over, and the selection that may follow
-// shows here as any other does. Escape and leaving the box put the selected device's name back.
+// The box shows the selected device. Return hands over the typed text; a selection that follows is
+// shown as any other. Escape and leaving the box restore the selected device's name.
 #include "forms/device_box.h"
 
 #include <QAbstractItemView>
@@ -50,7 +50,7 @@ void DeviceBox::keyPressEvent(QKeyEvent* event) {
 }
 
 void DeviceBox::focusOutEvent(QFocusEvent* event) {
-    // The popup of names takes the focus too; the search goes on then.
+    // The popup of names takes the focus too, but the search continues.
     if (leaving_ == Leaving::Restores && event->reason() != Qt::PopupFocusReason &&
         event->reason() != Qt::ActiveWindowFocusReason)
         restore();
@@ -58,7 +58,7 @@ void DeviceBox::focusOutEvent(QFocusEvent* event) {
 }
 
 void DeviceBox::hand_over() {
-    // The entry under the popup's cursor comes as a choice of its own.
+    // Return then chooses the entry under the popup's cursor, which is reported as a choice.
     const auto* popup = completer()->popup();
     if (popup->isVisible() && popup->currentIndex().isValid()) return;
     const QString typed = lineEdit()->text();

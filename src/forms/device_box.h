@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The device list: a combo that is searched by typing any part of a name.
+// The device list: a combo box that finds devices by any part of their name.
 //
-// A choice clears the image, so nothing is chosen in passing: the wheel does nothing, and the arrow
-// keys open the list. Which device a typed text means is not decided here.
+// A choice clears the image, so nothing is chosen by accident: the wheel does nothing, and the
+// arrow keys open the list. This class doesn't decide which device a typed text means.
 #pragma once
 
 #include <QComboBox>
@@ -13,12 +13,12 @@ namespace quillon {
 
 class DeviceBox : public QComboBox {
   public:
-    // What becomes of an unfinished text when the box is left.
+    // What happens to an unfinished text when the user leaves the box.
     enum class Leaving : std::uint8_t { Restores, Keeps };
     explicit DeviceBox(QWidget* parent = nullptr, Leaving leaving = Leaving::Restores);
 
-    // Return behind a text that was typed. The box itself has gone back to the selected device by
-    // then, unless it keeps texts.
+    // Called when Return follows a typed text. By then the box shows the selected device again,
+    // unless it keeps texts.
     std::function<void(const QString& text)> on_typed;
 
   protected:

@@ -37,7 +37,7 @@ FileWatch::FileWatch(QWidget* parent) : QWidget{parent} {
     row->addWidget(reload_);
     row->addWidget(later);
 
-    // A light band, so that the offer is seen without a box in the way.
+    // A light band draws the eye without a message box in the way.
     const Ground band = ground(Colour::Found, palette());
     QPalette own;
     own.setColor(QPalette::Window, band.back);
@@ -81,7 +81,7 @@ FileWatch::State FileWatch::state() const {
     return {.exists = true, .time = file.lastModified(), .size = file.size()};
 }
 
-// Watches what there is: a path drops out when its file or folder goes.
+// Adds what is missing: the watcher drops a path when its file or folder is removed.
 void FileWatch::follow() {
     if (QFileInfo::exists(path_) && !watcher_.files().contains(path_)) watcher_.addPath(path_);
     QString folder = QFileInfo{path_}.absolutePath();

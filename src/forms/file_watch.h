@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Notices that the loaded HEX file has changed on disk, and offers to load it again.
 //
-// A compiler rewrites its output in several steps, often replaces the file, and may empty its whole
-// folder first: so the folder is watched too, or what is left above it, and the offer waits until
-// the file has been quiet for a moment and no command runs. Each change is offered once, and
-// nothing is loaded unless the user asks for it.
+// A compiler writes its output in several steps, often replaces the file and may empty the whole
+// folder first. So the folder is watched too, or its nearest parent that still exists. The offer
+// waits until the file has been quiet for a moment and no command runs. Each change is offered
+// once, and nothing is loaded unless the user asks for it.
 #pragma once
 
 #include <QDateTime>
@@ -22,9 +22,9 @@ class FileWatch : public QWidget {
   public:
     explicit FileWatch(QWidget* parent = nullptr);
 
-    // The file at hand as it has just been loaded; an empty path watches nothing.
+    // Watches the file that has just been loaded. An empty path stops the watch.
     void watch(const QString& path);
-    // While a command runs nothing is offered; what has changed meanwhile is offered at its end.
+    // Nothing is offered while a command runs. A change in that time is offered when it ends.
     void set_busy(bool busy);
     QPushButton* reload_button() const { return reload_; }
 
@@ -47,7 +47,7 @@ class FileWatch : public QWidget {
     QTimer quiet_;
     QString path_;
     State loaded_;
-    State told_;  // what the last offer told of; as loaded at first
+    State told_;  // the state in the last offer; at first the same as loaded_
     bool busy_ = false;
     QLabel* text_;
     QPushButton* reload_;

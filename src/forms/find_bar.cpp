@@ -77,7 +77,7 @@ bool FindBar::find(bool backward, bool from_selection_start) {
     const auto direction = backward ? QTextDocument::FindFlags{QTextDocument::FindBackward}
                                     : QTextDocument::FindFlags{};
     QTextCursor from = view.textCursor();
-    // While the text grows, the place that matched so far may match the longer text too.
+    // While the text grows, the current match may also match the longer text.
     if (from_selection_start) from.setPosition(from.selectionStart());
     QTextCursor hit = view.document()->find(text_->text(), from, direction);
     if (hit.isNull()) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The search line under the memory views: looks for a text in the view that was used last.
 //
-// The search goes on at the other end, and says so. A text that doesn't occur is shown in the
-// colour of an error and leaves the view as it stands.
+// At the end of the view the search continues at the other end, and shows that it does. A text that
+// isn't found is shown in the colour of an error, and the view doesn't move.
 #pragma once
 
 #include <QWidget>
@@ -17,7 +17,7 @@ namespace quillon {
 
 class FindBar : public QWidget {
   public:
-    // The view to look into: asked anew each time.
+    // Returns the view to search, called for each search.
     using View = std::function<QPlainTextEdit&()>;
 
     explicit FindBar(View view, QWidget* parent = nullptr);

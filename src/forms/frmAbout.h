@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// frmAbout: what the program says of itself, and the way to the maker's page.
+// frmAbout: the program's name and version, and a link to the maker's page.
 #pragma once
 
 #include <QDialog>

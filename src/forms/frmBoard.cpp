@@ -127,8 +127,8 @@ void frmBoard::make_jumper() {
 }
 
 void frmBoard::place() {
-    // A window that takes its size after its place is placed by its inside, its title off the
-    // screen.
+    // The size must be set before the place: a later resize would place the window by its inside,
+    // with the title off the screen.
     adjustSize();
     move(beside(*parentWidget(), *this, {run_.board.Left / kTwips, run_.board.Top / kTwips}));
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // frmBoard: the programmer board with the socket and the jumper place for the selected device.
 //
-// A window of its own beside the main form. It shows and hides with its form's Visible, and tells
-// where the user has put it.
+// A window of its own beside the main form. It is shown and hidden by its form's Visible, and
+// reports where the user has moved it.
 #pragma once
 
 #include <QDialog>
@@ -33,7 +33,7 @@ class frmBoard : public QDialog {
     void make_sockets();
     void make_jumper();
     void make_legend(QHBoxLayout& legend);
-    // Gives each overlay its place again: the drawing goes by the font.
+    // Places each overlay again, because the drawing's size depends on the font.
     void lay_out();
     void place();
 
@@ -45,7 +45,7 @@ class frmBoard : public QDialog {
         std::function<QRect()> area;
     };
     std::vector<Placed> overlays_;
-    std::vector<QWidget*> colours_;  // of the legend
+    std::vector<QWidget*> colours_;  // the legend's colours
 };
 
 }  // namespace quillon

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// frmDeviceSelect: which device is the command line's HEX file for?
+// frmDeviceSelect: asks which device the command line's HEX file is for.
 #include "forms/frmDeviceSelect.h"
 
 #include <QHBoxLayout>
@@ -28,7 +28,7 @@ frmDeviceSelect::frmDeviceSelect(DeviceSelectForm& form, DeviceSelectDialog& dia
     bindings_.bind(form.OKButton, *ok);
     bindings_.bind(form.CancelButton, *cancel);
     auto* notice = make_notice(form.Notice);
-    // Return in the list presses OK by itself: as default button it would be pressed twice.
+    // Return in the list presses OK already. A default button would be pressed a second time.
     for (auto* button : {ok, cancel}) button->setAutoDefault(false);
     device->on_typed = [ok](const QString&) { ok->click(); };
     connect(ok, &QPushButton::clicked, this, [this, &form, device] {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// frmDeviceSelect: which device is the command line's HEX file for?
+// frmDeviceSelect: asks which device the command line's HEX file is for.
 #pragma once
 
 #include <QDialog>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// frmHint: the overwrite question. Cancel is what every way out but OK means.
+// frmHint: the overwrite question. Every way to close it except OK means cancel.
 #pragma once
 
 #include <QDialog>
@@ -15,7 +15,7 @@ class frmHint : public QDialog {
 
     // 1 OK, 2 cancel.
     int FormAnswer() const { return answer_; }
-    std::function<void()> on_hint;  // opens the document; the question stays
+    std::function<void()> on_hint;  // opens the document; the question stays open
 
   private:
     int answer_ = 2;

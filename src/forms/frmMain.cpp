@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// frmMain: its life. Commands, closing, place, files that are dropped.
+// frmMain while it runs: commands, closing, its place, dropped files.
 //
-// The layout and what each control starts stand in frmMain_controls.cpp.
+// The layout and what each control starts are in frmMain_controls.cpp.
 #include "forms/frmMain.h"
 
 #include <fmt/format.h>
@@ -31,7 +31,7 @@ namespace quillon {
 
 namespace {
 
-// Gives the focus back to a widget that lost it by being disabled, and only then.
+// Gives the focus back to a widget, but only if the widget lost it by being disabled.
 class LostFocus : public QObject {
   public:
     explicit LostFocus(QWidget* widget) : widget_{widget} {
@@ -53,7 +53,7 @@ class LostFocus : public QObject {
     bool disabled_ = false;
 };
 
-// The one local file that is dragged; several would leave open which is meant.
+// The path of a single dragged local file. With several it would be unclear which one is meant.
 QString dragged_file(const QMimeData& data) {
     const auto urls = data.urls();
     if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
@@ -74,13 +74,13 @@ void frmMain::command(const std::function<void()>& act) {
     try {
         wishes_.frame(act);
     } catch (const Abandoned&) {
-        // An act without a frame of its own, such as a view that was being written.
+        // An operation catches this itself. Any other act, such as writing a view, ends here.
         run_.port.close();
     }
     menus_->set_busy(false);
     busy_ = false;
     file_watch_->set_busy(false);
-    // The control that the command asked for may have been disabled at that time.
+    // When the command asked for the focus, the control may still have been disabled.
     if (focus_asked_.empty())
         focus.give_back();
     else
@@ -89,7 +89,7 @@ void frmMain::command(const std::function<void()>& act) {
     if (closing_) QTimer::singleShot(0, this, [this] { close(); });
 }
 
-// What loads a file: the head shows it, and it is watched for changes.
+// Runs a command that may load a file. The header then shows the file, and its changes are watched.
 void frmMain::load(const std::function<void()>& act) {
     command([&] {
         const std::string former = run_.session.HexFilePath;
@@ -97,15 +97,14 @@ void frmMain::load(const std::function<void()>& act) {
         act();
         const bool loaded = run_.session.LoadResult == "OK";
         const bool same = run_.session.HexFilePath == former;
-        // Another file that was refused leaves the one at hand, and an offer to reload it, as it
-        // is.
+        // Another file was refused. The current file stays, and so does an offer to reload it.
         if (!loaded && same) return;
         header_->take_file(q(run_.session.HexFilePath));
         file_watch_->watch(q(run_.session.HexFilePath));
     });
 }
 
-// The file at hand is then what the buffer holds: nothing to be offered for reload.
+// After a save the buffer and the file agree, so there is nothing to offer for reload.
 void frmMain::save() {
     command([this] {
         if (run_.files.mnuFileSave_Click() != Outcome::Success) return;
@@ -154,7 +153,7 @@ void frmMain::dropEvent(QDropEvent* event) {
     const QString path = dragged_file(*event->mimeData());
     if (path.isEmpty()) return;
     event->acceptProposedAction();
-    // The source of the drag waits for this event's end, and the load may ask questions.
+    // The drag's source waits until this event ends, but the load may ask questions.
     QTimer::singleShot(0, this, [this, path] {
         load([&] { run_.files.mnuFileOpen_Click(std::filesystem::path{utf8(path)}); });
     });
@@ -189,14 +188,14 @@ void frmMain::resizeEvent(QResizeEvent* event) {
 }
 
 void frmMain::focus_on(std::string name) {
-    // An empty name is the flows' way of letting go, and would find any widget at all.
+    // The flows set an empty name to release the focus. Searching for it would find any widget.
     auto* widget = name.empty() ? nullptr : findChild<QWidget*>(q(name));
     if (widget == nullptr) return;
     focus_asked_ = std::move(name);
     widget->setFocus(Qt::OtherFocusReason);
 }
 
-// From the box that has the focus; from the memory view that had it last where none has.
+// Copies from the box that has the focus, else from the memory view that last had it.
 void frmMain::copy() const {
     if (auto* line = qobject_cast<QLineEdit*>(focusWidget()))
         line->copy();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // frmMain, the main window: its layout, its bindings and its handlers.
 //
-// One command at a time. While one runs, its waits keep the window alive; the controls that would
-// start another are disabled by the command, and what still comes in is dropped. Closing the window
-// meanwhile asks where an operation runs, and gives the command up; the window closes once it has
-// unwound.
+// Only one command runs at a time. While one runs, its waits keep the window alive. The command
+// disables the controls that would start another one, and any other request is dropped. Closing the
+// window meanwhile asks for confirmation if an operation runs. Then the command is given up, and
+// the window closes after it has ended.
 #pragma once
 
 #include <QMainWindow>
@@ -33,27 +33,28 @@ class frmIndex;
 
 class frmMain : public QMainWindow {
   public:
-    // What the window asks of the program around it.
+    // What the window needs from the program around it.
     struct Wishes {
-        std::function<void()> give_up;  // the running command: Host::pump throws then
-        // Runs a command such that it can be given up.
+        std::function<void()> give_up;  // gives up the running command: Host::pump then throws
+        // Runs a command so that it can be given up.
         std::function<void(const std::function<void()>& act)> frame;
-        std::function<void(bool minimized)> leave;  // the window has been closed: shutdown
+        std::function<void(bool minimized)> leave;  // called when the window has closed: shuts down
     };
 
     frmMain(Run& run, Wishes wishes);
     ~frmMain() override;
 
-    // Runs an act as a command, or drops it while another one runs. Afterwards the file at hand and
-    // the counters are shown anew.
+    // Runs an act as a command, or drops it if another one runs. Afterwards the file and the
+    // counters are shown again.
     void command(const std::function<void()>& act);
-    // The same for an act that may load a file: its name is shown and its changes are watched.
+    // The same for an act that may load a file. The file's name is then shown and its changes are
+    // watched.
     void load(const std::function<void()>& act);
     void save();
     bool busy() const { return busy_; }
-    // Closes the window without a question; a command that runs is given up first.
+    // Closes the window without a question. A running command is given up first.
     void quit();
-    // Name, date and counters as the session tells them now.
+    // Shows the file's name and date, and the counters, as the session has them now.
     void show_facts();
 
   protected:
@@ -87,7 +88,7 @@ class frmMain : public QMainWindow {
     Bindings bindings_;
     bool busy_ = false;
     bool closing_ = false;
-    std::string focus_asked_;  // by the command that runs
+    std::string focus_asked_;  // the control that the running command asked for
 
     MainHeader* header_ = nullptr;
     FileWatch* file_watch_ = nullptr;
@@ -102,7 +103,8 @@ class frmMain : public QMainWindow {
     frmIndex* index_ = nullptr;
     frmAbout* about_ = nullptr;
     frmStop* stop_ = nullptr;
-    // Goes with this class, before the boxes do: one that is destroyed loses the focus, and tells.
+    // The context of the boxes' connections. As a member it is destroyed before the boxes: a dying
+    // box loses the focus and emits editingFinished, whose handler uses this class.
     QObject entries_;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // frmMain: its layout, its bindings, and what each control starts.
 //
-// A handler hands over to the object that owns the job; nothing is decided here.
+// A handler only calls the object that does the job; nothing is decided here.
 #include <QAction>
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -61,7 +61,7 @@ frmMain::frmMain(Run& run, Wishes wishes)
 
 frmMain::~frmMain() = default;
 
-// Entries whose function this version hasn't got: an entry that does nothing would mislead.
+// Hides entries whose function this version doesn't have. An entry that does nothing would mislead.
 void frmMain::hide_what_is_not_there() {
     auto& form = run_.form;
     for (Control* control :
@@ -80,7 +80,7 @@ void frmMain::make_layout() {
     memory_ = new MemoryPanel{run_.form, bindings_, central};
     operation_ = new OperationPanel{run_.form, bindings_, central};
 
-    // Wide enough for all that any device shows, so that a choice doesn't move the halves.
+    // Wide enough for the widest device, so that a new device doesn't move the two halves.
     left->setMinimumWidth(fontMetrics().horizontalAdvance('0') * kLeftCharacters);
     auto* left_column = new QVBoxLayout{left};
     left_column->setContentsMargins(0, 0, 0, 0);
@@ -166,7 +166,7 @@ void frmMain::connect_buttons() {
     connect_stop();
 }
 
-// Not a command: it comes while one runs. Esc belongs to the boxes and lists while none does.
+// Stopping is no command: it comes while one runs. Otherwise Esc belongs to the boxes and lists.
 void frmMain::connect_stop() {
     connect(operation_->Command_stop, &QPushButton::clicked, this,
             [this] { run_.flows.Command_stop_Click(); });
@@ -198,7 +198,7 @@ void frmMain::connect_menus() {
     menus_->start(form.mnuChipErase,
                   [this] { command([this] { run_.flows.mnuChipErase_Click(); }); });
     menus_->start(form.mnuComPort, [this] { command([this] { run_.menu.mnuComPort_Click(); }); });
-    // Modes and documents: these may be asked for while an operation waits for the board.
+    // Modes and documents are no commands: they work while an operation waits for the board.
     menus_->start(form.mnuComMode1, [&menu] { menu.mnuComMode1_Click(); });
     menus_->start(form.mnuBlankSkip, [&menu] { menu.mnuBlankSkip_Click(); });
     menus_->start(form.HexFileCheck, [&menu] { menu.HexFileCheck_Click(); });
@@ -210,9 +210,9 @@ void frmMain::connect_menus() {
     menus_->start(form.mnuBoardAmend, [&menu] { menu.mnuBoardAmend_Click(); });
 }
 
-// An ID counts once it is complete; what is left unfinished gives way to the image's. With a
-// changed ID or configuration the buffer may no longer be what the file holds. The boxes of whole
-// words are locked where that of the digits is, which takes no key while it is disabled.
+// An ID is used once it is complete. An unfinished one is replaced by the image's ID. After a
+// change of the ID or the configuration the buffer may differ from the file, so the facts are shown
+// again. The boxes for whole words are read-only while the box for the digits is disabled.
 void frmMain::connect_entries() {
     const auto changed = [this] { show_facts(); };
     config_->on_change = changed;
@@ -270,17 +270,17 @@ void frmMain::connect_form() {
     }));
     bindings_.keep(form.Placed.connect([this] { place(); }));
     bindings_.keep(form.Focus.observe([this](const std::string& name) { focus_on(name); }));
-    // A selection clears the image, that of the same device too.
+    // A selection clears the image, even if the same device is selected again.
     header_->Combo_device->on_typed = [this](const QString& text) {
         command([&] { run_.selection.Combo_device_Typed(utf8(text)); });
     };
     connect(header_->Combo_device, &QComboBox::activated, this, [this] { show_facts(); });
-    // The counters change in the middle of a run, with a message each time.
+    // The counters change during a run, together with a message each time.
     bindings_.keep(run_.messages.shown.connect([this](const ShownMessage&) { show_counters(); }));
 }
 
-// As the eye goes: the head, the configuration, the views, the big buttons. What stands between two
-// of these follows in the order in which its panel was made.
+// Tab order follows the eye: header, configuration, views, big buttons. The other controls follow
+// in the order in which their panels were made.
 void frmMain::order_focus() {
     QWidget* former = nullptr;
     for (QWidget* widget : std::initializer_list<QWidget*>{

@@ -25,14 +25,14 @@ inline constexpr std::string_view kAbout = "バージョン情報(&V)";
 // Titles
 inline constexpr std::string_view kDevice = "デバイス";
 inline constexpr std::string_view kNoFile = "HEXファイルは読み込まれていません";
-// Behind the name of a file that the image no longer holds
+// Shown behind the name of a file that differs from the image
 inline constexpr std::string_view kNotInBuffer = "   （バッファと相違）";
 inline constexpr std::string_view kConfiguration = "コンフィギュレーション";
 inline constexpr std::string_view kConfigTab = "CFG";
 inline constexpr std::string_view kId = "ID";
 inline constexpr std::string_view kConfig1 = "CFG1";
 inline constexpr std::string_view kConfig2 = "CFG2";
-// In the view while no device is selected
+// Shown in the view while no device is selected
 inline constexpr std::string_view kNoDevice = "デバイスを選択してください";
 inline constexpr std::string_view kProgramMemory = "プログラムメモリ";
 inline constexpr std::string_view kEepromMemory = "ＥＥＰＲＯＭデータメモリ";

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // frmOption: the port dialog.
 //
-// The option buttons are bound here and not by a check box's binder: a radio button that is set by
-// the program must let go of the others without a word to the model.
+// The option buttons are bound here and not by a check box's binder. The model sets and clears each
+// button itself. So the widgets' own exclusion is off while one is set, and no signal goes back.
 #include "forms/frmOption.h"
 
 #include <QGridLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// frmOption: the port dialog. Shows what stands behind each number.
+// frmOption: the port dialog. Shows which port each number has.
 #pragma once
 
 #include <QDialog>
@@ -12,7 +12,7 @@ namespace quillon {
 
 class frmOption : public QDialog {
   public:
-    // What is behind COMn: a port's name, or nothing.
+    // Returns the name of the port behind COMn, or nothing.
     using Behind = std::function<QString(int number)>;
 
     frmOption(OptionForm& form, OptionDialog& dialog, const Behind& behind, QWidget* owner);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// frmStop: shown without a loop of its own, so that the operation behind it goes on.
+// frmStop: shown without an event loop of its own, so that the operation behind it continues.
 //
-// The roles put the safe answer first, as the desktop orders its buttons.
+// The buttons' roles put the safe answer first in the order of the desktop.
 #include "forms/frmStop.h"
 
 #include <QPushButton>

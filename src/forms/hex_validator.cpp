@@ -7,7 +7,7 @@
 namespace quillon {
 
 QValidator::State HexValidator::validate(QString& input, int& /*position*/) const {
-    // Case is ASCII's: upper-casing some other letters would change the text's length.
+    // Only ASCII letters: the capital of some other letters is longer than the letter.
     for (QChar& character : input)
         if (character >= u'a' && character <= u'f') character = character.toUpper();
     const auto is_digit = [](QChar character) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The key filter of the boxes that hold hexadecimal digits: a to f become capitals, all else is
-// refused. The length is the box's own limit.
+// The key filter of the boxes that hold hexadecimal digits. It turns a to f into capitals and
+// refuses any other character. The box itself limits the length.
 #pragma once
 
 #include <QValidator>

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The device's information under the configuration tabs.
 //
-// The information tabs are ten in number and at most one is shown at a time, while several of them
-// share their controls. So each is a group of rows here that shows while its tab does, and no tab
-// strip is needed.
+// There are ten information tabs. At most one is shown at a time, and several share their controls.
+// So each tab is a group of rows here, shown while the tab is, and no tab strip is needed.
 #include "forms/info_panel.h"
 
 #include <QCheckBox>
@@ -52,7 +51,7 @@ QLineEdit* hex_box(TextBox& control, Bindings& bindings, QWidget* parent, int di
     return edit;
 }
 
-// A value of a few digits keeps its width.
+// A box of fixed width, for a value of a few digits.
 QLineEdit* short_box(TextBox& control, Bindings& bindings, QWidget* parent, int digits) {
     auto* edit = hex_box(control, bindings, parent, digits);
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance('0') * digits + 24);
@@ -77,7 +76,7 @@ QWidget* titled_combo(std::string_view title, ComboBox& control, Bindings& bindi
     return field;
 }
 
-// The label is a control of its own here.
+// The same with a title that is a control of the form.
 QWidget* labelled_combo(Label& title, ComboBox& control, Bindings& bindings, QWidget* parent) {
     auto* field = new QWidget{parent};
     auto* row = bare<QHBoxLayout>(field);
@@ -108,7 +107,7 @@ InfoPanel::InfoPanel(MainForm& form, Bindings& bindings, QWidget* parent) : QWid
     layout->addWidget(make_identity(form, bindings));
     layout->addWidget(make_information(form, bindings));
     layout->addWidget(make_whole_words(form, bindings));
-    // The controls' own Visible speaks for a device. Before the first one there is nothing to tell.
+    // Each control's Visible depends on the device. Without a device the whole panel is hidden.
     bindings.follow(form.Combo_device.Text,
                     [this](const std::string& name) { setVisible(!name.empty()); });
 }
@@ -123,7 +122,7 @@ QWidget* InfoPanel::make_identity(MainForm& form, Bindings& bindings) {
         row->addWidget(part, value ? 1 : 0);
     }
     bindings.bind(form.Frame2, *frame);
-    // A frame whose labels are all hidden, as for PIC18, would leave a gap.
+    // On PIC18 all labels are hidden, and an empty frame would leave a gap.
     const auto show = [frame, &form](bool) {
         frame->setVisible(form.Frame2.Visible.get() && form.Lbl_div.Visible.get());
     };
@@ -189,7 +188,7 @@ QWidget* InfoPanel::make_calibration(MainForm& form, Bindings& bindings, QWidget
         bindings.bind(*control, *button);
         value_row->addWidget(button);
     }
-    value_row->addStretch();  // where the wide label is hidden, the boxes stay at the left
+    value_row->addStretch();  // with the wide label hidden, the boxes stay at the left
     layout->addWidget(values);
 
     show_with_tabs(rows, form.SSTab_MCU_Information, {kCalibrationTab, kOsccal5FTab, kOsccal10FTab},
@@ -197,8 +196,8 @@ QWidget* InfoPanel::make_calibration(MainForm& form, Bindings& bindings, QWidget
     return rows;
 }
 
-// Not rows of a tab: the parts whose calibration stands in combos have the first box too, and no
-// tab.
+// These aren't rows of a tab: parts with calibration in combo boxes use the first check box too,
+// and have no tab.
 QWidget* InfoPanel::make_choices(MainForm& form, Bindings& bindings, QWidget* parent) {
     auto* choices = new QWidget{parent};
     auto* layout = bare<QVBoxLayout>(choices);
@@ -208,7 +207,7 @@ QWidget* InfoPanel::make_choices(MainForm& form, Bindings& bindings, QWidget* pa
     bindings.bind(form.Chk_UseFileData, *use_file);
     layout->addWidget(Chk_12F_CalibData_Select);
     layout->addWidget(use_file);
-    // With both boxes hidden it would leave a gap.
+    // With both boxes hidden, an empty container would leave a gap.
     const auto show = [choices, &form](bool) {
         choices->setVisible(form.Chk_12F_CalibData_Select.Visible.get() ||
                             form.Chk_UseFileData.Visible.get());

@@ -7,8 +7,8 @@ class QTranslator;
 
 namespace quillon {
 
-// Installs the toolkit's translation, owned by the application. Returns nullptr where the machine
-// hasn't got it; the toolkit's texts are then in English.
+// Installs the toolkit's translation, which the application then owns. Returns nullptr if the
+// machine doesn't have it. The toolkit's texts are then in English.
 QTranslator* install_japanese(QCoreApplication& application);
 
 }  // namespace quillon

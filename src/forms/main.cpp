@@ -38,14 +38,14 @@ void dress(QApplication& application) {
     QGuiApplication::setDesktopFileName("quillon");
     QApplication::setWindowIcon(QIcon{":/icons/quillon.png"});
     QApplication::setFont(window_font(QApplication::font()));
-    // The window goes by itself, with the small windows in its train.
+    // The main window ends the program when it is closed, and the small windows close with it.
     QApplication::setQuitOnLastWindowClosed(false);
     install_japanese(application);
 }
 
-// Closes the window from outside, where nobody answers: a running command is given up, and all that
-// is saved at the end is saved. An open question gets the answer of its own close
-// button first; another one may come up before the command has unwound, so this goes on to the end.
+// Closes the window on a signal, where nobody answers questions. A running command is given up, and
+// everything that is saved at the end is saved. An open question is closed first. Another one may
+// open before the command has ended, so this repeats until the program ends.
 class Quitting {
   public:
     explicit Quitting(frmMain& window) : window_{window} {
@@ -68,7 +68,7 @@ class Quitting {
     QTimer again_;
 };
 
-// The port behind the numbers: the machine's, or the simulated board.
+// The port behind the numbers: a port of the machine or the simulated board.
 struct Ports {
     Ports(const WindowOptions& options, SettingsStore& store, const Host& host)
         : host_ports{store} {
@@ -84,7 +84,7 @@ struct Ports {
     SerialPort& port() { return simulated ? simulated->port() : *real; }
     QString describe(int n) {
         if (simulated) return n == SimulatedSocket::kNumber ? q(form_text::kSimulated) : QString{};
-        if (n == 1) host_ports.refresh();  // the dialog asks for all of them in turn
+        if (n == 1) host_ports.refresh();  // the dialog asks for all numbers in turn
         return q(host_ports.describe(n));
     }
 
@@ -151,7 +151,7 @@ int main(int argc, char** argv) {
         std::printf("Quillon %s\n", std::string{product_version()}.c_str());
         return 0;
     }
-    // The toolkit takes its own options out of what is left; the rest is the tail.
+    // Qt removes its own options from the remaining arguments. What is left is the tail.
     std::vector<std::string> rest{argv[0]};
     rest.insert(rest.end(), options.rest.begin(), options.rest.end());
     std::vector<char*> pointers;

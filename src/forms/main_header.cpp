@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The head of frmMain: the device list, the file buttons, the file at hand with its date.
+// The header of frmMain: the device list, the file buttons, the current file with its date.
 #include "forms/main_header.h"
 
 #include <QFileInfo>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The head of frmMain: the device list, the file buttons, the file at hand with its date.
+// The header of frmMain: the device list, the file buttons, the current file with its date.
 #pragma once
 
 #include <QDateTime>
@@ -20,10 +20,11 @@ class MainHeader : public QFrame {
   public:
     MainHeader(MainForm& form, Bindings& bindings, QWidget* parent = nullptr);
 
-    // A file has been loaded: its date is the one of now, whatever becomes of the file later.
+    // Called after a load. The shown date is that of the file at this moment, even if it changes
+    // later.
     void take_file(const QString& path);
-    // Shows its name and date; `in_buffer` is false once something else has taken its place in the
-    // image.
+    // Shows the name and date. `in_buffer` is false if the image no longer holds the file's
+    // content.
     void show_file(bool in_buffer);
 
     DeviceBox* Combo_device;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The menu bar of frmMain: where each entry stands, its key and what it starts.
+// The menu bar of frmMain: the place of each entry, its key and what it starts.
 //
-// A menu's own title is a control where the system locks the whole menu ("file", "mnuAsmC"). The
-// help entry is a control too, but what is locked is the entry.
+// The title of a menu is a control if the flows lock the whole menu ("file", "mnuAsmC"). The
+// control "mnuHelp" is an entry of the help menu: only that entry can be locked.
 #include "forms/main_menus.h"
 
 #include <QAction>
@@ -17,8 +17,8 @@ namespace quillon {
 
 namespace {
 
-// A style measures an entry as one text and draws it as another, which may be a few pixels wider:
-// the widest entry of a menu then loses its middle. The entries get the room of one letter more.
+// Adds the width of one letter to each entry. A style measures an entry as one text and may draw it
+// a few pixels wider; the widest entry of a menu would then be shortened in its middle.
 class RoomyEntries : public QProxyStyle {
   public:
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
@@ -81,7 +81,7 @@ void MainMenus::make_file(MainForm& form) {
     file->addSeparator();
     for (auto& control : form.nmuFile)
         bindings_.bind(control, *file->addAction(QString{}), Bindings::Ampersand::IsShown);
-    // The index that belongs to a file: kept as text in the control, no entry for the user.
+    // The device index of each file: the control only stores it as a text, and its entry is hidden.
     for (auto& control : form.nmuDevice) {
         control.Visible.set(false);
         entry(*file, control);
@@ -166,7 +166,7 @@ void MainMenus::start(const MenuItem& control, Act act) {
     auto* action = bar_.findChild<QAction*>(q(control.name));
     QObject::connect(action, &QAction::triggered, action, [&control, action, act = std::move(act)] {
         act();
-        // The click has toggled the mark; the control has the word.
+        // The click has toggled the mark, but the control decides.
         if (action->isCheckable()) action->setChecked(control.Checked.get());
     });
 }

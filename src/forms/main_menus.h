@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The menu bar of frmMain: where each entry stands, its key and what it starts.
+// The menu bar of frmMain: the place of each entry, its key and what it starts.
 #pragma once
 
 #include <QMenu>
@@ -21,10 +21,10 @@ class MainMenus {
     MainMenus(QMenuBar& bar, MainForm& form, Bindings& bindings);
 
     using Act = std::function<void()>;
-    // What an entry starts. A checkable entry shows its control's mark afterwards.
+    // Sets what an entry starts. A checkable entry then shows its control's mark.
     void start(const MenuItem& entry, Act act);
 
-    // Entries of the window's own, without a control.
+    // The window's own entries, which have no control.
     QAction* copy = nullptr;
     QAction* select_all = nullptr;
     QAction* find = nullptr;
@@ -35,7 +35,7 @@ class MainMenus {
     QAction* socket_pins = nullptr;
     QAction* about = nullptr;
 
-    // Disables what would start a second command and that no control locks.
+    // Disables the entries that would start a second command and that no control locks.
     void set_busy(bool busy);
 
   private:

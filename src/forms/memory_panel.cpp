@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The memory views of frmMain: program memory above, EEPROM below where the device has one.
 //
-// The panel is as wide as a line of a view; the heights follow the window, so the height that the
-// form's control carries for a fixed layout isn't used here.
+// The panel is as wide as a line of a view. The heights follow the window, so the height in the
+// form's control, meant for a fixed layout, isn't used.
 #include "forms/memory_panel.h"
 
 #include <QEvent>
@@ -55,7 +55,7 @@ MemoryPanel::MemoryPanel(MainForm& form, Bindings& bindings, QWidget* parent) : 
     check_sum->setToolTip(q(form_text::kCheckSumTip));
     check_sum->setMinimumWidth(check_sum->fontMetrics().horizontalAdvance("0000"));
     bindings.bind(form.Label_pm_size, *program_size);
-    // Its text is the window's: the control's comes and goes with the device.
+    // The title is the window's text. The control's text comes and goes with the device.
     eeprom_title->setObjectName(q(form.Label4.name));
     bindings.follow(form.Label4.Visible, [eeprom_title](bool on) { eeprom_title->setVisible(on); });
     bindings.bind(form.Label_ed_size, *eeprom_size);
@@ -87,7 +87,7 @@ QPlainTextEdit* MemoryPanel::make_view(RichTextBox& control, Bindings& bindings,
 }
 
 QPlainTextEdit& MemoryPanel::view() const {
-    // The next device may have no EEPROM.
+    // The view used last is hidden if the new device has no EEPROM.
     return last_used_->isVisibleTo(this) ? *last_used_ : *program_;
 }
 

@@ -17,7 +17,7 @@ class MemoryPanel : public QWidget {
   public:
     MemoryPanel(MainForm& form, Bindings& bindings, QWidget* parent = nullptr);
 
-    // Opens the search for the view that has the focus, or had it last.
+    // Opens the search for the view that has, or last had, the focus.
     void open_find();
     void find_next();
     void find_previous();

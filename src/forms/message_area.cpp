@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The message area: a few lines in the message's colour, to be selected and copied.
 //
-// The colour is the theme's, so it is looked up again when the theme changes.
+// The colour depends on the theme, so it is looked up again when the theme changes.
 #include "forms/message_area.h"
 
 #include <QEvent>
@@ -52,7 +52,7 @@ void MessageArea::changeEvent(QEvent* event) {
 void MessageArea::apply_colour() {
     const QPalette theme = parentWidget() != nullptr ? parentWidget()->palette() : QPalette{};
     const QColor wanted = text_colour(colour_, theme);
-    // Ends the change that this makes.
+    // setPalette() below causes another change event, which ends here.
     if (palette().color(QPalette::Active, QPalette::Text) == wanted) return;
     QPalette own;
     own.setColor(QPalette::Text, wanted);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The message area: a few lines in the message's colour, to be selected and copied.
 //
-// Plain text always: messages hold "<<" and would be taken for mark-up otherwise.
+// Always plain text: messages may hold "<<", which would otherwise be read as mark-up.
 #pragma once
 
 #include <QPlainTextEdit>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The foot of frmMain: the big buttons, the message area, the progress bar with its stop button.
+// The bottom of frmMain: the big buttons, the message area, the progress bar and its stop button.
 //
-// The bar keeps its place while it is hidden, so that nothing moves when an operation begins.
+// A hidden bar keeps its space, so that nothing moves when an operation begins.
 #include "forms/operation_panel.h"
 
 #include <QHBoxLayout>
@@ -33,7 +33,7 @@ OperationPanel::OperationPanel(MainForm& form, Bindings& bindings, QWidget* pare
     Command_program = big_button(form.Command_program, bindings, form_text::kProgramTip);
     Cmd_Extend_Program = big_button(form.Cmd_Extend_Program, bindings, form_text::kExtendTip);
 
-    // The button that this program is for.
+    // Bold because programming is what the program is for.
     QFont strong = Command_program->font();
     strong.setBold(true);
     Command_program->setFont(strong);
@@ -59,7 +59,7 @@ OperationPanel::OperationPanel(MainForm& form, Bindings& bindings, QWidget* pare
 QPushButton* OperationPanel::big_button(Button& control, Bindings& bindings, std::string_view tip) {
     auto* button = new QPushButton{this};
     button->setAutoDefault(false);
-    // Two lines of text, which the program button has at times.
+    // High enough for two lines: the program button's text sometimes has two.
     button->setMinimumHeight(2 * button->fontMetrics().lineSpacing() + 14);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     button->setToolTip(q(tip));
@@ -86,8 +86,8 @@ QWidget* OperationPanel::make_progress(MainForm& form, Bindings& bindings) {
     Command_stop = new QPushButton{line};
     Command_stop->setAutoDefault(false);
     Command_stop->setToolTip(q(form_text::kStopTip));
-    // The button that starts an operation is disabled by it and the focus moves on. A second Return
-    // or Space must not stop what the first one began.
+    // An operation disables the button that started it, and the focus moves on. A second Return or
+    // Space must not reach the stop button.
     Command_stop->setFocusPolicy(Qt::NoFocus);
     bindings.bind(form.Command_stop, *Command_stop);
     row->addWidget(bar, 1);

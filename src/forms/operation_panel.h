@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The foot of frmMain: the big buttons, the message area, the progress bar.
+// The bottom of frmMain: the big buttons, the message area, the progress bar.
 #pragma once
 
 #include <QWidget>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Frames are what is placed: a desktop's title and borders are part of what a window covers.
+// Places whole frames: a desktop's title bar and borders cover the screen too.
 #include "forms/placing.h"
 
 #include <QGuiApplication>
@@ -27,7 +27,7 @@ int covered(const QRect& form, const QRect& frame) {
     return both.isEmpty() ? 0 : both.width() * both.height();
 }
 
-// The screens' free areas, that of the form first.
+// The free areas of the screens; the form's own screen is first.
 QList<QRect> areas_from(const QWidget& form) {
     QList<QRect> areas{form.screen()->availableGeometry()};
     for (const auto* screen : QGuiApplication::screens())
@@ -57,7 +57,7 @@ QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screen
     const int left = form.x() - kGap - wished.width();
     const int below = form.y() + form.height() + kGap;
     const int above = form.y() - kGap - wished.height();
-    // The first of the best. Where no side has room, one of the corners covers least.
+    // Takes the first of the best places. If no side has room, a corner covers the least.
     const std::array sides{
         QPoint{right, form.y()}, QPoint{left, form.y()}, QPoint{form.x(), below},
         QPoint{form.x(), above}, QPoint{right, below},   QPoint{left, below},
@@ -71,7 +71,7 @@ QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screen
 }
 
 QPoint beside(const QWidget& form, const QWidget& window, const QPoint& wished) {
-    // A window that was never shown has no borders yet; the form's are at least as wide.
+    // A window that was never shown has no borders yet. The form's are at least as wide.
     const QSize borders = form.frameGeometry().size() - form.size();
     return beside(form.frameGeometry(), {wished, window.sizeHint() + borders}, areas_from(form));
 }

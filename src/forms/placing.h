@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the windows go: on a screen, over the main window or beside it.
+// Where windows are placed: on a screen, over the main window or beside it.
 #pragma once
 
 #include <QList>
@@ -10,17 +10,18 @@ class QWidget;
 
 namespace quillon {
 
-// The place as wished, where at least the title can be reached on some screen.
+// Returns the wished place if the title can be reached on some screen, else one that can.
 QPoint reachable(const QPoint& wished);
 
-// The place that centres a window of the given size on a form, kept on the form's screen.
+// Centres a window of the given size on a form, within the form's screen.
 QPoint centred_on(const QWidget& form, const QSize& size);
 
-// The place of a frame that belongs to a form. The wished one, where it is whole on a screen and
-// leaves the form free; else beside the form on the first screen, right of it if there is room. On
-// a screen without room it is the place there that covers the least of the form.
+// Returns the place of a frame that belongs to a form. The wished place is used if it is whole on a
+// screen and doesn't cover the form. Otherwise the frame is placed beside the form on the first
+// screen, to its right if there is room. If that screen has no room, the place covers as little of
+// the form as possible.
 QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screens);
-// The same for a window, by its frame, on the screens of the desktop.
+// The same for a window and its frame, on the screens of the desktop.
 QPoint beside(const QWidget& form, const QWidget& window, const QPoint& wished);
 
 }  // namespace quillon

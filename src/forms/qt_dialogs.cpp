@@ -37,7 +37,7 @@ QMessageBox::Icon icon(BoxIcon wanted) {
     return QMessageBox::NoIcon;
 }
 
-// The buttons by the answers they give; the last one is what Escape and the close box mean.
+// The buttons with the answers they give. Escape and the close box give the last answer.
 std::vector<std::pair<BoxAnswer, QMessageBox::StandardButton>> buttons(BoxButtons wanted) {
     switch (wanted) {
         case BoxButtons::Ok:
@@ -72,7 +72,7 @@ void QtDialogs::attach(Run& run, QWidget* owner, frmOption::Behind behind) {
     behind_ = std::move(behind);
 }
 
-// A question of a form that is itself a question stands over that one.
+// A question that comes from another question is shown over that one.
 QWidget* QtDialogs::owner() const {
     QWidget* modal = QApplication::activeModalWidget();
     return modal != nullptr ? modal : owner_;
@@ -100,7 +100,7 @@ BoxAnswer QtDialogs::box(const MessageBox& asked) {
     return choices.back().first;
 }
 
-// Where no folder was used yet: beside the file at hand, else among the user's documents.
+// If no folder was used yet: the current file's folder, else the user's documents.
 std::filesystem::path QtDialogs::start_folder(const FileDialog& dialog) const {
     if (!dialog.folder.empty() || run_ == nullptr) return dialog.folder;
     const auto at_hand = path_of(run_->session.HexFilePath).parent_path();
@@ -112,7 +112,7 @@ std::optional<std::filesystem::path> QtDialogs::file(const FileDialog& dialog) {
     shown.setObjectName("file_dialog");
     const bool save = dialog.kind == FileDialog::Kind::Save;
     shown.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    // The Save command asks itself before it replaces a file.
+    // The Save command itself asks before it replaces a file.
     shown.setOption(QFileDialog::DontConfirmOverwrite);
     shown.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     shown.setDirectory(q(start_folder(dialog).string()));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The questions of a run as boxes and forms on the screen. Each runs a loop of its own until it is
-// answered; the window behind it repaints meanwhile.
+// The questions of a run as boxes and forms on the screen. Each runs an event loop until it is
+// answered, so the window behind it is still painted.
 #pragma once
 
 #include <QString>
@@ -17,7 +17,7 @@ struct Run;
 
 class QtDialogs : public Dialogs {
   public:
-    // Boxes need neither; the forms need the run, which is made after its dialogs.
+    // Boxes need neither. The forms need the run, which is made after its dialogs.
     void attach(Run& run, QWidget* owner, frmOption::Behind behind = {});
 
     BoxAnswer box(const MessageBox& box) override;
@@ -36,8 +36,8 @@ class QtDialogs : public Dialogs {
     frmOption::Behind behind_;
 };
 
-// "Hexファイル|*.HEX|全てのファイル|*.*|" as Qt's file dialog takes it. Patterns are given in both
-// cases, and "*.*" means every file.
+// Converts a filter such as "Hexファイル|*.HEX|全てのファイル|*.*|" for Qt's file dialog. Patterns
+// are given in both cases, and "*.*" means every file.
 QString qt_filter(const std::string& filter);
 
 }  // namespace quillon

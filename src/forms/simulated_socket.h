@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The simulated board behind a port number of the window, at true line speed, with a target that
-// follows the selected device: a blank one comes into the socket whenever the device changes.
+// The simulated board behind a port number of the window, at true line speed. The target follows
+// the selected device: when the device changes, a blank one is put into the socket.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ class SimulatedSocket {
 
     SerialPort& port() { return port_; }
     SimulatedBoard& board() { return board_; }
-    // From now on the socket follows the run's selection.
+    // From now on the target follows the run's selected device.
     void follow(Run& run);
 
   private:

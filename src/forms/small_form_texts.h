@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The texts of the small forms that their controls don't carry.
+// Texts of the small forms that aren't captions of a control.
 #pragma once
 
 #include <string_view>

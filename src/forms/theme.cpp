@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the desktop's theme leaves open: the colours that the flows ask for, and the typefaces.
+// What the desktop's theme doesn't define: the colours that the flows ask for, and the typefaces.
 //
-// The families are a list: the first that the machine has is used, glyph by glyph.
+// The typeface families are a list: for each glyph, the first family that has it is used.
 #include "forms/theme.h"
 
 #include <QFontDatabase>
@@ -14,14 +14,14 @@ namespace quillon {
 
 namespace {
 
-// The board's label when it has answered. Light by design, so its text is dark in every theme.
+// The board's label after the board has answered. It is always light, so its text is always dark.
 const QColor kFound{255, 224, 192};
 const QColor kOnFound{0x40, 0x28, 0x10};
 const QColor kRedOnLight{0xC0, 0x00, 0x10};
 const QColor kRedOnDark{0xFF, 0x8A, 0x80};
 
-// A widget's palette answers for the state that the widget is in. What is looked up while start-up
-// has the window disabled stays when it is enabled, so the state must not matter.
+// Uses the colours of the active state. By default a palette gives those of the widget's current
+// state, and start-up looks colours up while the window is still disabled.
 QColor enabled(const QPalette& palette, QPalette::ColorRole role) {
     return palette.color(QPalette::Active, role);
 }

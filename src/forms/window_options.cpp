@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The arguments of the window.
 //
-// Read by hand and not by a parser of command lines: the tail may hold anything, "/" and blanks
-// included, and must come through as it is.
+// Read by hand and not by a command line parser: the tail may hold anything, including "/" and
+// blanks, and must stay unchanged.
 #include "forms/window_options.h"
 
 #include <fmt/format.h>

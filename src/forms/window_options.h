@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The arguments of the window: its own options begin with "--" and are taken out first; what is
-// left, joined by blanks, is the command tail.
+// The arguments of the window. Its own options begin with "--" and are taken out first. The others,
+// joined by blanks, are the command tail.
 #pragma once
 
 #include <optional>
@@ -17,13 +17,12 @@ struct WindowOptions {
     bool help = false;
     bool version = false;
     std::vector<std::string> rest{};   // the tail's arguments, and those of the toolkit
-    std::optional<std::string> bad{};  // what couldn't be understood, for standard error
+    std::optional<std::string> bad{};  // the problem with the arguments, for standard error
 };
 
-// `arguments` without the program's name. Values stand behind a blank or a "=".
+// `arguments` excludes the program's name. A value follows a blank or a "=".
 WindowOptions read_window_options(std::span<const std::string> arguments);
 
-// The help text.
 std::string window_usage();
 
 }  // namespace quillon
