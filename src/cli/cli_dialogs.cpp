@@ -17,7 +17,7 @@ namespace {
 constexpr std::array<std::string_view, 2> kOkCancel{"ok", "cancel"};
 constexpr std::array<std::string_view, 3> kPower{"vpp", "vdd", "close"};
 
-// FormAnswer of the two small question forms.
+// FormAnswer of frmHint.
 constexpr int kHintOk = 1;
 constexpr int kHintCancel = 2;
 
@@ -69,7 +69,7 @@ std::optional<std::string> CliDialogs::typed(const std::vector<std::string>& lin
         const auto line = console_.terminal.read_line([this] { host_.pump(); });
         if (!line) return std::nullopt;
         const auto word = lower(trim(*line));
-        // The first letters do, as long as they fit one choice only: "vpp" and "vdd" share one.
+        // The first letters are enough if they fit only one choice. "v" fits "vpp" and "vdd".
         const auto fits = [&](std::string_view choice) { return choice.starts_with(word); };
         if (!word.empty() && std::ranges::count_if(choices, fits) == 1)
             return std::string{*std::ranges::find_if(choices, fits)};

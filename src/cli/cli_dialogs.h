@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The answers to the flows' questions: given beforehand by --answer, typed at the terminal, or the
-// safe one.
+// The answers to the flows' questions: given by --answer, typed at the terminal, or the safe one.
 //
-// Safe is what leaves the device in the socket and the files as they are: cancel, no, close.
+// The safe answer leaves the device in the socket and the files unchanged: cancel, no, close.
 #pragma once
 
 #include <filesystem>
@@ -28,7 +27,7 @@ class CliDialogs : public Dialogs {
     int frmHint(const HintQuestion& question) override;
     int Frm_VPP_DECIDE(const std::string& Label1) override;
 
-    // A command names its files, its port and its device beforehand: nothing is chosen here.
+    // A command names its file, port and device in its arguments, so nothing is chosen here.
     std::optional<std::filesystem::path> file(const FileDialog&) override { return std::nullopt; }
     void frmOption() override {}
     void frmDeviceSelect() override {}
@@ -38,7 +37,7 @@ class CliDialogs : public Dialogs {
         std::string word;
         AnsweredBy by = AnsweredBy::Rule;
     };
-    // One of the choices. The last one is the safe one.
+    // Returns one of the choices. The last choice is the safe one.
     Reply reply(const std::string& name, const std::vector<std::string>& lines,
                 std::span<const std::string_view> choices);
     std::optional<std::string> typed(const std::vector<std::string>& lines,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The command line's own words. What the flows say comes from them, in the product's language.
+// The command line's own texts, in English. The flows' messages are in the product's language.
 #pragma once
 
 #include <string_view>
@@ -14,23 +14,23 @@ inline constexpr std::string_view kFooter =
     R"(--set takes effect after the device is selected and the file is loaded:
   mnuBlankSkip=1, Chk_12F_CalibData_Select=0   check boxes and checked menu items
   Text_ID=1234, Text_Calib_Data=80             text boxes
-  Combo_FCAL_91X=3                             lists: an entry's text, else its index
-  PowerMode=VPP, VddVppDelay=10                the supplies' order and delay (ms)
+  Combo_FCAL_91X=3                             lists: an entry's text or its index
+  PowerMode=VPP, VddVppDelay=10                order of the supplies, delay in ms
   CONFIG1=3F71, CONFIG1=WDTE:ON                a word in hexadecimal, or one of its fields
-Before the file is loaded:
+These take effect before the file is loaded:
   HexUpperAddress=1                            PIC12F1xxx, PIC16F1xxx: full addresses
-  HexFileCheck=0                               no findings of the file check
+  HexFileCheck=0                               turns the file check off
 
---fault, as drop:5, silent-after:3, we8/no-end-code, wrong-part:0x0E20, stuck-cell:7.
+--fault, such as drop:5, silent-after:3, we8/no-end-code, wrong-part:0x0E20, stuck-cell:7.
 
---answer: overwrite, mismatch, firmware, replace = ok|cancel, power = vpp|vdd|close.
-  Without an answer the question is asked on the terminal, without one it is cancelled.
+--answer takes overwrite, mismatch, firmware and replace = ok|cancel, power = vpp|vdd|close.
+  A question without an answer is asked on the terminal. Without a terminal it is cancelled.
 
 Exit status: 0 success, 1 ran and failed, 2 usage or unknown device, 3 no board or
   link failed, 4 cancelled or interrupted.)";
 
 inline constexpr std::string_view kNeedsSimulation =
-    "--socket, --sim-baud and --fault go with --port sim or the simulate command";
+    "--socket, --sim-baud and --fault need --port sim or the simulate command";
 
 inline constexpr std::string_view kNoCommand =
     "a command is required\nRun with --help for more information.\n";

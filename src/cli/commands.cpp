@@ -21,7 +21,7 @@ namespace quillon::cli {
 
 namespace {
 
-// The lines that a failed verify has put into the program view. Any other begins with an address.
+// The lines that a failed verify added to the program view. All other lines begin with an address.
 std::vector<std::string> mismatches(const MainForm& form) {
     auto lines = lines_of(form.RichTxtPgmMem.Text.get());
     std::erase_if(lines, [](const std::string& line) { return !line.starts_with("Error"); });
@@ -73,11 +73,11 @@ Finish Commands::carry_out() {
     if (auto ending = open_file()) return with_words(*ending);
     if (auto problem = apply_sets(run_, options_.sets))
         return with_words(Finish::complain(kUsage, *problem));
-    // A check leaves the line as it stands; in the window the search at start-up has set it.
+    // A check of the board doesn't set the line; the window's search at start-up does.
     run_.port.RTSEnable(!run_.form.mnuComMode1.Checked.get());
     if (options_.command == Command::Simulate) return simulate();
     if (auto ending = operate()) {
-        // What a failed read, of a protected part too, has left in the image may be looked at.
+        // A failed read leaves data in the image, also of a protected part. The dump shows it.
         if (ending->result.exit != kFailed) return with_words(*ending);
         const auto unwritten = write_dump();
         if (unwritten && ending->result.error.empty())
@@ -89,7 +89,7 @@ Finish Commands::carry_out() {
     return with_words(Finish::of(Outcome::Success));
 }
 
-// An empty name can't be written: known before a part or a file is touched.
+// An empty name can't be written. It is reported before a part or a file is touched.
 Commands::Ending Commands::check_outputs() const {
     for (const auto* output : {&options_.save, &options_.dump}) {
         if (!*output) continue;
@@ -147,21 +147,21 @@ Commands::Ending Commands::start() {
     return {};
 }
 
-// Several runs may share a work folder, as on a production line, also with the window. Where there
-// is no room for temporary files the views do without.
+// Several runs and the window may share a work folder, for example on a production line. Without
+// room for temporary files the views work without them.
 void Commands::use_own_display_files() {
     auto& folder = display_files_.emplace(QDir::tempPath() + "/quillon-cli-XXXXXX");
     run_.views.keep_files_in(folder.isValid() ? with_separator(folder.path().toStdString()) : "");
 }
 
-// Nothing that a command is asked for: the operation keeps its status.
+// Unsaved settings are only reported: the operation keeps its status.
 void Commands::tell_unsaved_settings() {
     const auto problem = run_.settings.problem();
     if (!problem.empty() && problem != known_problem_) run_.messages.AddMessage(problem);
 }
 
-// The choice is made here and carried out once: by the Open sequence where a file is opened, whose
-// first step it is. A second one would report a firmware version that nobody has read yet.
+// The device is chosen here but selected only once. With a file, that is the first step of the Open
+// sequence. A second selection would report a firmware version that nobody has read yet.
 Commands::Ending Commands::choose_device() {
     if (options_.command == Command::Detect && !options_.device) return {};
     auto& list = run_.form.Combo_device;
@@ -191,7 +191,7 @@ Commands::Ending Commands::operate() {
     if (socket != nullptr)
         if (auto problem = socket->insert(run_.session)) return Finish::complain(kUsage, *problem);
     const auto outcome = flow();
-    // The part keeps what was done to it, also by an operation that failed.
+    // Saved after a failed operation too: the part keeps what was done to it.
     const auto unsaved = socket != nullptr ? socket->save() : std::nullopt;
     if (outcome == Outcome::Success)
         return unsaved ? Ending{Finish::complain(kFailed, *unsaved)} : Ending{};
@@ -241,7 +241,7 @@ Commands::Ending Commands::write_dump() {
 Finish Commands::list_devices() {
     auto& session = run_.session;
     for (const auto& name : run_.form.Combo_device.Items.get()) {
-        // A block that can't be read leaves what stands: better nothing than the former device's.
+        // A block that can't be read would leave the previous device's record in place.
         static_cast<DeviceRecord&>(session) = {};
         run_.catalogue.LoadDeviceRecord(name);
         events_.device({name, session.PgmType.text(), session.PgmWords, session.EepBytes,
@@ -250,7 +250,7 @@ Finish Commands::list_devices() {
     return Finish::of(Outcome::Success);
 }
 
-// It ends by being ended: that is its success.
+// Runs until it is ended from outside, and that is its success.
 Finish Commands::simulate() {
     auto& socket = *ports_.socket();
     if (auto problem = socket.insert(run_.session)) return Finish::complain(kUsage, *problem);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What each command does, with the objects of one run.
 //
-// An operation: start-up, the device, the file through the Open sequence, the controls, the target
-// in the simulated socket, the flow behind the window's button, the dump.
+// The steps of an operation: start-up, the device, the file through the Open sequence, the
+// controls, the target in the simulated socket, the flow behind the window's button, the dump.
 #pragma once
 
 #include <QTemporaryDir>
@@ -19,14 +19,14 @@
 
 namespace quillon::cli {
 
-// How a run ends: the last event but for its operation and time.
+// How a run ends: the last event without its operation and time.
 struct Finish {
     Result result;
 
     static Finish of(Outcome outcome);
-    // Something went wrong outside the flows; the text is for standard error.
+    // For an error outside the flows; the text is for standard error.
     static Finish complain(int exit, std::string text);
-    // Something that was asked for is missing: a success becomes a failure, and the text is shown.
+    // Reports that a requested output is missing: a success becomes a failure.
     void miss(std::string text);
 };
 
@@ -37,7 +37,7 @@ class Commands {
     Finish execute();
 
   private:
-    using Ending = std::optional<Finish>;  // nothing: go on
+    using Ending = std::optional<Finish>;  // empty while the run continues
 
     Finish carry_out();
     void tell_changes();
@@ -60,10 +60,10 @@ class Commands {
     QtHost& host_;
     Ports& ports_;
     Events& events_;
-    std::optional<QTemporaryDir> display_files_;  // gone at the end of the run
-    std::string known_problem_;                   // of the settings, reported at the start
+    std::optional<QTemporaryDir> display_files_;  // deleted at the end of the run
+    std::string known_problem_;                   // of the settings; already reported at the start
     std::vector<Connection> connections_;
-    int told_value_ = -1;  // of the progress bar
+    int told_value_ = -1;  // the progress bar's value in the last event
     int told_max_ = -1;
 };
 

@@ -13,7 +13,7 @@ namespace quillon::cli {
 
 namespace {
 
-constexpr int kFilePermissions = 0666;  // less the user's mask
+constexpr int kFilePermissions = 0666;  // minus the user's umask
 
 int open_file(const std::filesystem::path& path) {
     return ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kFilePermissions);
@@ -42,7 +42,7 @@ int DescriptorBuffer::sync() {
     return error_ == 0 ? 0 : -1;
 }
 
-// Without a limit, as a write to a blocking pipe has none.
+// No limit: a write to a blocking pipe has none either.
 void DescriptorBuffer::wait_until_writable() const {
     pollfd event{.fd = descriptor_, .events = POLLOUT, .revents = 0};
     ::poll(&event, 1, -1);

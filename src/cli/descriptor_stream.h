@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// An output stream into a file descriptor that keeps the reason why a write failed.
+// An output stream into a file descriptor that keeps the reason of a failed write.
 //
-// The standard's own streams fail without a reason, and lose bytes on a pipe that somebody else
-// has made non-blocking: here a write waits until such a pipe takes it.
+// The standard's own streams fail without a reason. They also lose bytes on a pipe that another
+// program has made non-blocking. Here a write waits until such a pipe takes the bytes.
 #pragma once
 
 #include <array>
@@ -39,13 +39,13 @@ class DescriptorStream : public std::ostream {
     enum class Owns : bool { No, Yes };
 
     explicit DescriptorStream(int descriptor, Owns owns = Owns::No);
-    // A file that is made, or emptied; a device or a pipe as it is. Fails with a reason.
+    // Creates or empties a file; opens a device or a pipe as it is. A failure is in problem().
     explicit DescriptorStream(const std::filesystem::path& path);
     ~DescriptorStream() override;
 
-    // The system's words for what went wrong first, nothing while all went well.
+    // The system's message for the first failure, nothing if all went well.
     std::optional<std::string> problem() const;
-    // A reader that has gone away: its own choice, and no failure of the run.
+    // True if the reader has closed the pipe. That was its choice, so the run hasn't failed.
     bool lost_its_reader() const;
 
   private:

@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kCfgIdBytes = 34;
 constexpr std::size_t kCfgBytes18 = 2 * kConfigWords;
 
-// The first bytes of a memory: a size from a catalogue that claims more gets what there is.
+// The first bytes of a memory. A size from the catalogue may be too large and is limited.
 std::string head(std::span<const std::uint8_t> memory, std::int64_t bytes) {
     const auto count = std::clamp<std::int64_t>(bytes, 0, std::ssize(memory));
     return hex_bytes(memory.first(static_cast<std::size_t>(count)));

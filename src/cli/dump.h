@@ -9,8 +9,8 @@
 
 namespace quillon::cli {
 
-// Memories as hexadecimal text in the image's own byte order: two bytes a word or cell, for the
-// PIC18 types one byte an EEPROM cell.
+// Memories are hexadecimal text in the image's own byte order. A word or cell has two bytes, but an
+// EEPROM cell of the PIC18 types has one.
 std::string dump(const Session& session, const MainForm& form);
 
 }  // namespace quillon::cli

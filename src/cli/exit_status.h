@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the shell is told, and the words for it.
+// The exit status for the shell, and the words for it.
 //
-// Scripts and production lines go by these numbers: they never change.
+// Scripts and production lines depend on these numbers, so they never change.
 #pragma once
 
 #include <string_view>
@@ -11,9 +11,9 @@
 namespace quillon::cli {
 
 inline constexpr int kSuccess = 0;
-inline constexpr int kFailed = 1;   // ran and failed; a file that can't be loaded or written
-inline constexpr int kUsage = 2;    // also a device that the catalogue doesn't hold
-inline constexpr int kNoBoard = 3;  // not found, or the port can't be opened or vanished
+inline constexpr int kFailed = 1;   // ran and failed, or a file can't be loaded or written
+inline constexpr int kUsage = 2;    // also a device that isn't in the catalogue
+inline constexpr int kNoBoard = 3;  // not found, or the port can't be opened or has vanished
 inline constexpr int kGivenUp = 4;  // cancelled by an answer, interrupted, or out of time
 
 constexpr int exit_status(Outcome outcome) {

@@ -10,7 +10,7 @@ namespace quillon::cli {
 
 namespace {
 
-// Keys keep the order in which they are written here.
+// Keeps the keys in the order in which they are written here.
 using Json = nlohmann::ordered_json;
 
 std::string_view word(BoxIcon icon) {
@@ -41,8 +41,8 @@ Json words(BoxButtons buttons) {
     return Json::array({"ok"});
 }
 
-// The control characters that JSON leaves as they are and a terminal doesn't: DEL, and C1, which is
-// two bytes in UTF-8. Outside of its texts the JSON is plain ASCII.
+// Escapes the control characters that are valid in JSON but would steer a terminal: DEL and C1. In
+// UTF-8, C1 has two bytes. Outside its texts the JSON is plain ASCII, so only texts change.
 std::string escape_controls(std::string_view json) {
     std::string escaped;
     for (std::size_t i = 0; i < json.size(); ++i) {
@@ -118,7 +118,7 @@ class JsonEvents : public Events {
 
   private:
     void print(const Json& event) {
-        // A text from outside that isn't UTF-8 must not cost the event.
+        // A text from outside that isn't UTF-8 must not make the event fail.
         out_ << escape_controls(event.dump(-1, ' ', false, Json::error_handler_t::replace)) << '\n'
              << std::flush;
     }

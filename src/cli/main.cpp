@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program quillon-cli: standard streams, and the run between them.
+// The program quillon-cli: connects a run to the standard streams.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -16,8 +16,8 @@
 
 namespace {
 
-// A stream that was closed at the start gives its number to the next file that is opened, and that
-// file would catch what is printed.
+// If a standard stream is closed at the start, the next file that is opened gets its number. What
+// is printed would then go into that file.
 void occupy_standard_streams() {
     int descriptor = 0;
     while (descriptor >= 0 && descriptor <= STDERR_FILENO) descriptor = ::open("/dev/null", O_RDWR);
@@ -28,8 +28,8 @@ void occupy_standard_streams() {
 
 int main(int argc, char** argv) {
     occupy_standard_streams();
-    // Neither a reader that has seen enough nor a limit on the size of files may kill a run in the
-    // middle of a write to the device. The write that hits them fails with a reason.
+    // A reader that has closed its pipe, or a limit on file sizes, must not kill a run in the
+    // middle of a write to the device. The affected write fails with a reason instead.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     const std::vector<std::string> arguments{argv + 1, argv + argc};

@@ -30,10 +30,10 @@ constexpr std::array kQuestions{
     Question{"replace", {"ok", "cancel"}},
 };
 
-// A deadline beyond thirty years is none; in milliseconds it still fits.
+// About thirty years, which is as good as no deadline. In milliseconds it still fits.
 constexpr double kLongestSeconds = 1e9;
 
-// What CLI11 fills before it becomes Options.
+// The values from CLI11, before they are checked and go into Options.
 struct Raw {
     std::vector<std::string> sets;
     std::vector<std::string> answers;
@@ -60,13 +60,13 @@ NamedValue sound_answer(const std::string& text) {
     return given;
 }
 
-// A repeatable option takes one value each time: what follows it is the command.
+// A repeatable option takes one value each time, so that it can't take the command as a value.
 CLI::Option* repeatable(CLI::App& app, const char* name, std::vector<std::string>& values,
                         const char* help) {
     return app.add_option(name, values, help)->allow_extra_args(false)->take_all();
 }
 
-// The value as it was given: CLI11's own way takes an empty text for none.
+// Keeps the value as given: CLI11's own option reads an empty text as no value.
 template <typename Value>
 CLI::Option* given(CLI::App& app, const char* name, std::optional<Value>& value, const char* help) {
     return app.add_option_function<std::string>(
@@ -83,7 +83,7 @@ void add_options(CLI::App& app, Options& options, Raw& raw) {
         ->type_name("FILE");
     app.add_option(
            "--sim-baud", options.sim_baud,
-           "the line speed to imitate; 0, the default, is as fast as the host goes; simulate: 57600")
+           "the line speed to imitate; 0 is as fast as the host goes; default: 0, with simulate 57600")
         ->type_name("N");
     repeatable(app, "--fault", raw.faults, "a fault of the simulated board; may be repeated")
         ->type_name("FAULT");
@@ -91,20 +91,20 @@ void add_options(CLI::App& app, Options& options, Raw& raw) {
     repeatable(app, "--set", raw.sets, "sets a control; may be repeated")->type_name("NAME=VALUE");
     repeatable(app, "--answer", raw.answers, "answers a question; may be repeated")
         ->type_name("NAME=VALUE");
-    app.add_flag("--json", options.json, "one JSON object a line");
-    given(app, "--trace", options.trace, "writes all that passes the wire to a file")
+    app.add_flag("--json", options.json, "prints one JSON object a line");
+    given(app, "--trace", options.trace, "writes every byte on the wire to a file")
         ->type_name("FILE");
-    app.add_option("--deadline", raw.deadline, "gives the operation up after so many seconds")
+    app.add_option("--deadline", raw.deadline, "gives the operation up after this many seconds")
         ->type_name("SECONDS");
     app.set_version_flag("--version", fmt::format("{} {}", text::kProgram, product_version()),
                          "shows the version");
-    app.set_help_flag("--help", "shows this");
+    app.set_help_flag("--help", "shows this help");
 }
 
 void add_commands(CLI::App& app, Options& options, Raw& raw) {
     const auto command = [&](Command id, const char* name, const char* help) {
         auto* added = app.add_subcommand(name, help);
-        added->set_help_flag("--help", "shows this");
+        added->set_help_flag("--help", "shows this help");
         added->group("Commands");
         added->callback([&options, id, name = std::string{name}] {
             options.command = id;
@@ -122,7 +122,7 @@ void add_commands(CLI::App& app, Options& options, Raw& raw) {
     };
     command(Command::Devices, "devices", "lists the devices");
     command(Command::Detect, "detect", "finds the board and prints its identity");
-    command(Command::Blank, "blank", "blank check");
+    command(Command::Blank, "blank", "checks whether the device is blank");
     with_hex(command(Command::Verify, "verify", "compares the device with a file"));
     with_hex(command(Command::Program, "program", "erases, writes and verifies the device"));
     given(*with_dump(command(Command::Read, "read", "reads the device")), "-o", options.save,
@@ -141,7 +141,7 @@ void add_commands(CLI::App& app, Options& options, Raw& raw) {
         ->type_name("PATH");
 }
 
-// An empty name, as from a script's unset variable, must not become the default folder or file.
+// An empty name must be an error: a script's unset variable must not mean the default place.
 void check_places(const Options& options) {
     const auto check = [](const char* name, const auto& place) {
         if (place && place->empty()) throw CLI::ValidationError{name, "is empty"};
@@ -159,9 +159,10 @@ void take(Options& options, const Raw& raw) {
     check_places(options);
     for (const auto& set : raw.sets) options.sets.push_back(named_value("--set", set));
     for (const auto& given : raw.answers) options.answers.push_back(sound_answer(given));
-    if (options.sim_baud.value_or(0) < 0) throw CLI::ValidationError{"--sim-baud", "below 0"};
+    if (options.sim_baud.value_or(0) < 0)
+        throw CLI::ValidationError{"--sim-baud", "must not be below 0"};
     if (raw.deadline) {
-        if (!(*raw.deadline > 0)) throw CLI::ValidationError{"--deadline", "not above 0"};
+        if (!(*raw.deadline > 0)) throw CLI::ValidationError{"--deadline", "must be above 0"};
         options.deadline = std::chrono::milliseconds{
             static_cast<std::int64_t>(std::ceil(std::min(*raw.deadline, kLongestSeconds) * 1000))};
     }
@@ -179,7 +180,7 @@ void take(Options& options, const Raw& raw) {
         throw CLI::ValidationError{std::string{text::kNeedsSimulation}};
 }
 
-// CLI11 reports a command that it doesn't know as a missing one.
+// CLI11 reports an unknown command as a missing one.
 std::string complaint(const CLI::App& app, const std::string& words) {
     const auto rest = app.remaining();
     const auto is_command = [](const std::string& word) { return !word.starts_with('-'); };
@@ -200,7 +201,7 @@ ParsedLine parse(std::span<const std::string> arguments) {
     app.require_subcommand(1);
     add_options(app, options, raw);
     add_commands(app, options, raw);
-    app.footer(std::string{text::kFooter});  // after the commands, which would take it over
+    app.footer(std::string{text::kFooter});  // after the commands, because they would inherit it
     try {
         app.parse(std::vector<std::string>{arguments.rbegin(), arguments.rend()});
         take(options, raw);

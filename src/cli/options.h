@@ -40,7 +40,7 @@ struct Options {
     std::optional<std::filesystem::path> catalogue;
     std::optional<std::string> device;
     std::vector<NamedValue> sets;     // in the order given
-    std::vector<NamedValue> answers;  // names and values are known to be sound
+    std::vector<NamedValue> answers;  // names and values are checked
     bool json = false;
     std::optional<std::filesystem::path> trace;
     std::optional<std::chrono::milliseconds> deadline;
@@ -58,18 +58,18 @@ struct Options {
     bool simulated() const { return port == "sim"; }
 };
 
-// Either `options` to go by, or a text to show and to end with: help and version with exit 0 on
-// standard output, anything that can't be understood with exit 2 on standard error.
+// Either `options` to run with, or a text to show before ending. Help and version go to standard
+// output with exit 0. An error in the arguments goes to standard error with exit 2.
 struct ParsedLine {
     std::optional<Options> options;
     int exit = 0;
     std::string text;
 };
 
-// The arguments without the program's name.
+// `arguments` excludes the program's name.
 ParsedLine parse(std::span<const std::string> arguments);
 
-// The value that --answer takes for a question, nothing where it isn't given. The last one counts.
+// The value that --answer gives for a question, or nothing. If given twice, the last one counts.
 std::optional<std::string> answer(const Options& options, const std::string& question);
 
 }  // namespace quillon::cli

@@ -17,9 +17,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The simulated board's number where the user has never chosen one: messages name a COM port.
+// The simulated board's number if the user has never chosen a port. Messages need a COM port.
 constexpr int kSimulatedPort = 1;
-// The pseudo-terminal's speed unless one is named: the link's own.
+// The default speed of the pseudo-terminal is that of the link.
 constexpr int kLinkBaud = 57600;
 
 }  // namespace
@@ -37,7 +37,7 @@ Ports::Ports(const Options& options, SettingsStore& store, QtHost& host, TimeSou
 
 Ports::~Ports() = default;
 
-// The line has its speed; the part takes no time of its own.
+// The line takes the time of its speed. The part itself takes none.
 void Ports::simulate(TimeSource& time) {
     const bool served = options_.command == Command::Simulate;
     const int baud = options_.sim_baud.value_or(served ? kLinkBaud : 0);
@@ -68,7 +68,7 @@ std::optional<std::string> Ports::serve(
             server.run(stop);
             ended = true;
         }};
-        // The end of the run comes as Abandoned out of a sleep; the thread ends with its jthread.
+        // At the end of the run the sleep throws Abandoned. The jthread's destructor stops serving.
         while (!ended) host_.sleep(50ms);
         return std::string{text::kUnplugged};
     } catch (const Abandoned&) {

@@ -20,18 +20,18 @@ namespace quillon::cli {
 
 class Ports {
   public:
-    // `time` is the simulated line's clock.
+    // `time` is the clock of the simulated line.
     Ports(const Options& options, SettingsStore& store, QtHost& host, TimeSource& time);
     ~Ports();
 
     SerialPort& port() { return *port_; }
-    // Makes --port the run's port number. Without it the saved one stands.
+    // Makes --port the run's port number. Without --port the saved number is used.
     void choose(Run& run);
-    // nullptr where no board is simulated.
+    // nullptr if no board is simulated.
     SimulatedSocket* socket() { return socket_ ? &*socket_ : nullptr; }
 
-    // Serves the simulated board on a pseudo-terminal until the run is given up; `announce` gets
-    // the name to connect to. Gives what went wrong.
+    // Serves the simulated board on a pseudo-terminal until the run is given up. `announce` gets
+    // the name to connect to. Returns a text if something went wrong.
     [[nodiscard]] std::optional<std::string> serve(
         const std::function<void(const std::string& path)>& announce);
 

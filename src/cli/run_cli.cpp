@@ -28,8 +28,8 @@ std::unique_ptr<Events> make_events(bool json, Console& console) {
     return json ? json_events(console.out) : text_events(console.out, console.style);
 }
 
-// Help, version, or a line that can't be understood. A script that wants JSON gets its result even
-// then: its last line is always one.
+// Ends a run with the help, the version or an error in the arguments. With --json even an error
+// prints a result, so that the last line is always one.
 int end_unparsed(const ParsedLine& line, std::span<const std::string> arguments, Console& console) {
     if (line.exit == kSuccess) {
         console.out << line.text << std::flush;
@@ -46,7 +46,7 @@ int end_unparsed(const ParsedLine& line, std::span<const std::string> arguments,
     return line.exit;
 }
 
-// `trace` is nullptr where none is asked for.
+// `trace` is nullptr if no trace is wanted.
 Finish run_on(const Options& options, QtHost& host, TimeSource& time, Events& events,
               Console& console, std::ostream* trace) {
     IniSettingsStore store{options.home};
@@ -63,7 +63,7 @@ Finish guarded(const Options& options, QtHost& host, TimeSource& time, Events& e
     try {
         return run_on(options, host, time, events, console, trace);
     } catch (const Abandoned& abandoned) {
-        // Given up outside of an operation: nothing is in hand, and no flow has said so.
+        // Given up outside an operation: no flow has reported it, so the result must.
         if (abandoned.reason == Abandoned::Reason::PortLost) return Finish::of(Outcome::PortLost);
         auto finish = Finish::of(Outcome::GivenUp);
         finish.result.error =
@@ -74,7 +74,7 @@ Finish guarded(const Options& options, QtHost& host, TimeSource& time, Events& e
     }
 }
 
-// The operation goes on where its trace can't: what is missing shows in the end.
+// A trace that fails doesn't stop the operation. The missing trace is reported at the end.
 Finish traced(const Options& options, QtHost& host, TimeSource& time, Events& events,
               Console& console) {
     if (!options.trace) return guarded(options, host, time, events, console, nullptr);

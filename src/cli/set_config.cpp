@@ -10,7 +10,7 @@ namespace quillon::cli {
 
 namespace {
 
-// The value of a text of hexadecimal digits, at most eight.
+// The value of at most eight hexadecimal digits.
 std::optional<std::uint32_t> hex_value(std::string_view text) {
     if (text.empty() || text.size() > 8) return std::nullopt;
     std::uint32_t value = 0;
@@ -22,7 +22,7 @@ std::optional<std::uint32_t> hex_value(std::string_view text) {
     return value;
 }
 
-// The word with one field changed.
+// Changes one field of the word.
 std::optional<std::string> set_field(Run& run, int n, std::string_view field,
                                      std::string_view option) {
     const auto name = fmt::format("CONFIG{}", n);

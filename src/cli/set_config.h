@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Configuration words given as texts, carried into the memory image and its views.
+// Sets configuration words, given as texts, in the memory image and its views.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,8 @@
 
 namespace quillon::cli {
 
-// Configuration word n as a whole, in hexadecimal, or one field by "FIELD:OPTION"; bits that are
-// always 0 or 1 stay so. Gives what is wrong, where the word wasn't set.
+// Sets configuration word n: the whole word in hexadecimal, or one field as "FIELD:OPTION". Bits
+// that are always 0 or 1 don't change. Returns what is wrong if the word wasn't set.
 [[nodiscard]] std::optional<std::string> set_config(Run& run, int n, std::string_view value);
 
 }  // namespace quillon::cli

@@ -20,17 +20,17 @@ namespace {
 
 using Problem = std::optional<std::string>;
 
-// The boxes that a user types into; any other text box only shows.
+// The boxes that a user can type into. All other text boxes only show a value.
 constexpr std::array<std::string_view, 8> kTextBoxes{
     "Text_ID",  "Text_ID1",        "Text_ID2", "Text_ID3",
     "Text_ID4", "Text_Calib_Data", "Text_BG",  "Text_OSCCAL_Data",
 };
-// The menu items that carry a check mark; any other is a command.
+// The menu items with a check mark. All other items are commands.
 constexpr std::array<std::string_view, 6> kCheckedItems{
     "mnuBlankSkip", "mnuComMode1",     "mnuBoardInfomation",
     "mnuLock",      "HexUpperAddress", "HexFileCheck",
 };
-// Lists that stand for something else than a value of the operation.
+// Lists that don't hold a value of the operation.
 constexpr std::array<std::string_view, 1> kNoValueLists{"CmbInit"};
 
 bool holds(std::span<const std::string_view> names, std::string_view name) {
@@ -60,7 +60,7 @@ Problem check_switch(const NamedValue& set) {
     return set.value == "0" || set.value == "1" ? Problem{} : bad(set, "0 or 1");
 }
 
-// Whether a control of that kind and name can be set to that text at all.
+// Checks whether a control of this kind and name can be set to the text at all.
 struct Check {
     const NamedValue& set;
 
@@ -111,7 +111,7 @@ struct Apply {
                                                        : bad(set, "an ID of this device");
         if (set.name.starts_with(kId)) {
             if (!has_four_word_id(run.session.DeviceName))
-                return bad(set, "of use: this device takes its ID by Text_ID");
+                return bad(set, "usable: this device takes its ID from Text_ID");
             const int n = set.name.back() - '0';
             return run.id_entry.take_word(n, set.value) ? Problem{} : bad(set, "an ID word");
         }

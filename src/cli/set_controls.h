@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// --set: the controls as a user would have set them, before the operation.
+// --set: sets controls as a user would, before the operation.
 //
-// They are set when the device is selected and the file is loaded, since both put the device's
-// controls back: what the command line asks for is what counts. Only what says how a file is to be
-// read is set before it is.
+// Selecting the device and loading the file reset the device's controls. So --set is applied after
+// both, and the command line's values count. Only the controls for reading a file are set before it
+// is loaded.
 #pragma once
 
 #include <optional>
@@ -15,12 +15,13 @@
 
 namespace quillon::cli {
 
-// What is wrong with the first bad one, judged by names and forms alone, before any file is
-// touched.
+// Returns what is wrong with the first bad setting, before any file is touched. Only the names and
+// the form of the values are checked.
 [[nodiscard]] std::optional<std::string> check_sets(Run& run, std::span<const NamedValue> sets);
 // Sets HexUpperAddress and HexFileCheck.
 void apply_reading_sets(Run& run, std::span<const NamedValue> sets);
-// Sets them all in the order given, up to the first that this device has no place for.
+// Applies all settings in the order given. Stops at the first one that this device can't have, and
+// returns what is wrong.
 [[nodiscard]] std::optional<std::string> apply_sets(Run& run, std::span<const NamedValue> sets);
 
 }  // namespace quillon::cli

@@ -39,7 +39,7 @@ SignalWatch::~SignalWatch() {
     pthread_sigmask(SIG_SETMASK, &former_, nullptr);
 }
 
-// The next watched signal, 0 where the watch is to end.
+// Returns the next watched signal, or 0 to end the watch.
 int SignalWatch::take() const {
     int signal = 0;
     const int error = sigwait(&watched_, &signal);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Ctrl-C, a polite kill and a terminal that goes away, taken as a wish to give the run up.
+// Gives the run up on Ctrl-C, on a polite kill and when the terminal closes.
 //
-// The signals are taken by a thread of their own: so they reach a run that is blocked, and no
-// handler runs in the middle of anything. A second signal ends the process at once. A signal that
-// the process was started to ignore stays ignored, as for a job in the background of a script.
+// A thread waits for the signals. So they work while the run is blocked, and no handler interrupts
+// other code. A second signal ends the process at once. A signal that the process was started to
+// ignore stays ignored, as for a background job of a script.
 #pragma once
 
 #include <atomic>
@@ -17,7 +17,7 @@ class SignalWatch {
   public:
     // `first` is called once, from the watching thread, at the first SIGINT, SIGTERM or SIGHUP.
     explicit SignalWatch(std::function<void()> first);
-    // The signals do again what they did before.
+    // Restores the former handling of the signals.
     ~SignalWatch();
     SignalWatch(const SignalWatch&) = delete;
     SignalWatch& operator=(const SignalWatch&) = delete;

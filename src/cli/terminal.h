@@ -17,8 +17,8 @@ class Terminal {
 
     // False where standard input is a file, a pipe or closed: nobody can be asked.
     virtual bool interactive() const = 0;
-    // One line without its end, nothing at the end of the input. Calls `idle` some times a second
-    // while it waits; what that throws ends the wait.
+    // Returns one line without its end, or nothing at the end of the input. Calls `idle` several
+    // times a second while it waits. If `idle` throws, the wait ends.
     virtual std::optional<std::string> read_line(const std::function<void()>& idle) = 0;
 };
 
@@ -29,7 +29,7 @@ class StandardInput : public Terminal {
     std::optional<std::string> read_line(const std::function<void()>& idle) override;
 
   private:
-    std::string waiting_;  // read, but behind the line that was asked for
+    std::string waiting_;  // read already, behind the requested line
 };
 
 // Where a run of the command line reads and writes.
@@ -38,8 +38,7 @@ struct Console {
     std::ostream& err;
     Terminal& terminal;
     TextStyle style{};
-    // Why some of what was printed on `out` is missing; nothing where it arrived, or where its
-    // reader chose to go away.
+    // Why output on `out` is missing. Nothing if it all arrived or its reader closed the pipe.
     std::function<std::optional<std::string>()> lost_output = [] { return std::nullopt; };
 };
 

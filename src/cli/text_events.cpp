@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Readable lines: the messages as they come, a bar on a terminal that each line replaces.
+// Readable lines: messages as they come, and a progress bar on a terminal that each line replaces.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -13,11 +13,11 @@ namespace {
 
 constexpr std::string_view kRed = "\x1b[31m";
 constexpr std::string_view kNormal = "\x1b[0m";
-// Back to the first column, and empties the line from there.
+// Moves to the first column and clears the line.
 constexpr std::string_view kEraseLine = "\r\x1b[K";
 constexpr int kBarWidth = 40;
 
-// Without the blanks at its end, full-width ones too: they only shaped the product's boxes.
+// Removes blanks at the end, also full-width ones: they only shaped the product's boxes.
 std::string trimmed(std::string_view line) {
     constexpr std::string_view kFullWidthBlank = "　";
     for (;;) {
@@ -63,7 +63,7 @@ class TextEvents : public Events {
         for (const auto& line : lines) print(line, false);
         print(fmt::format("{} -> {}", name, answer), false);
     }
-    // The log is a file for the user to keep; its line has been shown as a message already.
+    // Not printed: the log is a file, and its line has been shown as a message already.
     void log(const std::string&) override {}
     void device(const ListedDevice& device) override { print(printable(device.name), false); }
     void serving(const std::string& path) override { print(printable(path), false); }

@@ -9,7 +9,7 @@
 namespace quillon::cli {
 
 void TracingPort::write(std::span<const std::uint8_t> bytes) {
-    note('>', bytes);  // first, so that a write which fails is in the trace
+    note('>', bytes);  // first, so that a failed write is in the trace
     port_.write(bytes);
 }
 
@@ -21,7 +21,7 @@ std::vector<std::uint8_t> TracingPort::read() {
 
 void TracingPort::note(char direction, std::span<const std::uint8_t> bytes) {
     const std::chrono::duration<double, std::milli> time = host_.now() - start_;
-    // Flushed: the last lines are what is wanted after a hang.
+    // Flushed because the last lines matter after a hang.
     trace_ << fmt::format("{:.3f} {} {:02X}\n", time.count(), direction, fmt::join(bytes, " "))
            << std::flush;
 }

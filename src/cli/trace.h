@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The wire, written down: a port that notes what passes through it.
+// Records the wire: a port that writes down all bytes that pass through it.
 //
-// One line for each write and each read that brought bytes: milliseconds since the trace began,
-// with three decimals, ">" to the board or "<" from it, the bytes in hexadecimal. What is discarded
-// unread isn't there: the program never saw it.
+// Each write, and each read that returned bytes, is one line: milliseconds since the trace began
+// with three decimals, ">" to the board or "<" from it, and the bytes in hexadecimal. Bytes that
+// were discarded unread aren't in the trace because the program never saw them.
 #pragma once
 
 #include <fstream>
