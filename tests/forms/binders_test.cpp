@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Each kind of control and its widget: what one shows, the other has, both ways.
+// Each kind of control and its widget: a change of one shows in the other.
 #include "forms/binders.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ namespace {
 
 struct OneForm : Form {};
 
-// A parent for the widgets: one without a parent would come up as a window of its own.
+// A parent for the widgets: a widget without one would open as a window of its own.
 struct Bench {
     OneForm form;
     QWidget parent;
@@ -127,7 +127,7 @@ TEST(Bindings, a_text_that_grows_is_shown_from_its_first_new_line_and_any_other_
     EXPECT_EQ(widget->verticalScrollBar()->value(), 100);
     control.Text.set("other");
     EXPECT_EQ(widget->verticalScrollBar()->value(), 0);
-    // From nothing nothing grows.
+    // An empty text can't grow: what follows is a new text.
     control.Text.set("");
     control.Text.set(image);
     EXPECT_EQ(widget->verticalScrollBar()->value(), 0);
@@ -304,7 +304,7 @@ TEST(Bindings, a_progress_bar_follows_its_range_and_value) {
     EXPECT_EQ(widget->maximum(), 8192);
     EXPECT_EQ(widget->value(), 4096);
     EXPECT_FALSE(widget->isHidden());
-    // A range that leaves the value out for a moment doesn't lose it.
+    // A range that excludes the value for a moment doesn't lose it.
     control.Max.set(256);
     control.Max.set(8192);
     EXPECT_EQ(widget->value(), 4096);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What else a chosen device brings to the window: the board's drawing, the grids, a box where its
-// block is damaged; and how soon it is there.
+// What else a newly chosen device changes in the window: the board's drawing, the grids, a box for
+// a damaged block. Also how soon the window is ready.
 #include <gtest/gtest.h>
 
 #include <QDialog>
@@ -44,7 +44,7 @@ TEST_F(chosen_device, has_its_socket_and_jumper_on_the_board) {
 }
 
 TEST_F(chosen_device, shows_the_board_where_it_last_stood) {
-    bench().window->move(0, 450);   // clear of it
+    bench().window->move(0, 450);   // leaves the board's place free
     bench().run->board.Left = 900;  // twips, 15 to a pixel
     bench().run->board.Top = 600;
     bench().run->form.mnuBoardInfomation.Checked.set(true);
@@ -131,7 +131,7 @@ TEST_F(chosen_device, asks_its_power_question_over_the_middle_of_the_window) {
 }
 
 TEST_F(chosen_device, is_there_within_the_blink_of_an_eye) {
-    // 50 ms is what a user may wait in a release build; this build checks every access.
+    // In a release build a user waits 50 ms at most. This build checks every access and is slower.
     constexpr qint64 kMostMilliseconds = 1000;
     for (const char* device : {"PIC18F8722", "PIC16F84A", "ZQ-LDR418"}) {
         QElapsedTimer timer;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One window that many tests choose devices in, and what can be read off its widgets.
+// One window in which many tests choose devices, and what its widgets show.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -35,8 +35,8 @@ class DevicePanels : public testing::Test {
     static FormBench& bench() { return *bench_; }
     static Session& session() { return bench_->run->session; }
 
-    // As a user does it: the name, then return; the selected one, with which return does nothing,
-    // by its entry.
+    // Chooses as a user does: types the name, then Return. For the selected device Return does
+    // nothing, so its entry is chosen.
     static void choose(const std::string& device) {
         auto* box = bench_->find<QComboBox>("Combo_device");
         if (device == session().DeviceName) {
@@ -75,7 +75,7 @@ class DevicePanels : public testing::Test {
     }
 
     using Group = std::vector<std::pair<const char*, const char*>>;
-    // The widgets of the groups, each with its word in the rows.
+    // The widgets of the groups, each with the word for it in the rows.
     static const Group& group_widgets() {
         static const Group kWidgets{
             {"Combo_BOR_91X", "BOR"}, {"Combo_POR_91X", "POR"}, {"Combo_FCAL_91X", "FCAL"},
@@ -93,7 +93,7 @@ class DevicePanels : public testing::Test {
         return seen;
     }
 
-    // Chooses the device and holds the window against the device's two rows.
+    // Chooses the device and compares the window with the device's two rows.
     static void choose_and_compare(const std::string& device) {
         const auto former_group = group_seen();
         const bool former_revision = shown("Lbl_div");
@@ -117,7 +117,7 @@ class DevicePanels : public testing::Test {
                 expect_text(id, "3FFF");
     }
 
-    // The tab set has no strip: what stands on the tab tells which it is.
+    // The tabs have no strip. The widgets shown on a tab identify it.
     static void expect_type(const TypeRow& row, bool user_decides) {
         std::array<bool, 10> tabs{};
         if (row.tab) tabs.at(*row.tab) = true;

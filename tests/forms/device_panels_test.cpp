@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every device, group and type in the real window, each also behind devices that have left other
-// controls shown.
+// Every device, group and type in the real window. Each is also chosen after devices that have left
+// other controls shown.
 #include "device_panels.h"
 
 #include <gtest/gtest.h>
@@ -58,7 +58,7 @@ TEST_F(device_panels, of_every_device_of_the_catalogue_in_turn_show_its_group_an
 }
 
 TEST_F(device_panels, of_each_group_show_its_row_behind_devices_that_had_shown_all_else) {
-    // All the 91X combos; the three others; none at all.
+    // One shows all the 91X combos, one the three others, one none.
     for (const char* before : {"PIC12F635", "PIC16F887", "PIC16F877A"})
         for (const auto& row : group_rows()) {
             if (row.devices.front() == before) continue;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the window shows of each device, written out once more: a row for each group of devices and
-// for each programming type. What a row doesn't name is hidden.
+// What the window shows of each device, written out independently of the program: a row for each
+// group of devices and for each programming type. What a row doesn't name is hidden.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ inline bool holds(const Texts& texts, std::string_view text) {
 struct GroupRow {
     Texts devices;
     Texts shown;        // BOR, POR, FCAL, LVD, WUR; ID: the four words; 88X: the other three combos
-    bool keep = false;  // instead: all as the former device left it
+    bool keep = false;  // true: all stays as the former device left it
     bool user_decides = false;    // the box that keeps calibration is shown
     bool power_question = false;  // which supply rises first?
 };
@@ -68,7 +68,7 @@ inline const std::vector<GroupRow>& group_rows() {
          .power_question = true},
         {.devices = {"PIC16F716"}, .shown = {"ID"}, .user_decides = true},
         {.devices = {"PIC18F13K50", "PIC18F14K50", "PIC18LF13K50", "PIC18LF14K50"}, .shown = {}},
-        // all others, for which these two stand where a test takes a device of each row
+        // all other devices; tests that take a device of each row take these two
         {.devices = {"PIC16F84A", "PIC12F683"}, .shown = {}},
     };
     return kRows;

@@ -28,8 +28,8 @@ struct SavingHost : FakeHost {
     }
 };
 
-// Answers the modal windows one by one, in the loop that each of them runs. One that nobody expects
-// is closed, and the test fails.
+// Answers the modal windows one after the other, in the loop that each of them runs. An unexpected
+// window is closed, and the test fails.
 class User : public QObject {
   public:
     using Answer = std::function<void(QWidget& form)>;
@@ -49,7 +49,7 @@ class User : public QObject {
     void look() {
         QWidget* form = QApplication::activeModalWidget();
         if (form == nullptr || !form->isVisible()) return;
-        // Some parts ask at each selection; no answer leaves the catalogue's order.
+        // Some parts ask at each selection. Without an answer the catalogue's order is used.
         if (form->objectName() == "Frm_VPP_DECIDE") {
             form->close();
             return;
@@ -96,7 +96,7 @@ inline User::Answer presses(const char* text) {
     };
 }
 
-// The window with the program's own dialogs, over a home that outlives it.
+// The window with the program's own dialogs. Its home folder outlives it.
 struct Program {
     Program(MemoryStore& store, SavingHost& host)
         : time{host, [&host](Host::Time at) { host.advance_to(at); }},
@@ -168,7 +168,7 @@ class FileMenuBench : public testing::Test {
         user.will(chooses(file));
         trigger("mnuFileSave");
     }
-    // Longer than the watch takes to be sure that a file is quiet.
+    // Longer than the watch waits for a file to be quiet.
     static void let_settle() { QTest::qWait(450); }
 
     TempFolder folder;

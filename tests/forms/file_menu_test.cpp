@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files in the window: open, save, history, caption, and the two switches of their reading.
+// Files in the window: open, save, history, caption, and the two switches for reading them.
 #include <QDropEvent>
 #include <QMessageBox>
 #include <QMimeData>
@@ -24,7 +24,7 @@ TEST_F(file_menu, saves_by_the_menu_and_shows_name_and_date_of_the_new_file) {
     save(folder / "out.hex");
     EXPECT_TRUE(user.is_done());
     EXPECT_EQ(folder.read("out.hex").substr(0, 17), ":10000000FF12FF3F");
-    EXPECT_EQ(message(), "out.hexファイル保存完了。  ");  // its own blank and the area's
+    EXPECT_EQ(message(), "out.hexファイル保存完了。  ");  // the message's own blank and the area's
     EXPECT_TRUE(title().starts_with("out.hex  Quillon V4 ")) << title();
     EXPECT_TRUE(file_line().starts_with("out.hex   20")) << file_line();
     EXPECT_EQ(file_line().find("バッファと相違"), string::npos);
@@ -181,7 +181,7 @@ TEST_F(file_menu, keys_open_and_save_but_not_in_a_production_run) {
         EXPECT_TRUE(user.is_done()) << key;
     }
     trigger("mnuLock");
-    // Nobody answers now: a dialog would fail the test.
+    // No answer is expected: a dialog would fail the test.
     type(Qt::Key_S);
     type(Qt::Key_O);
     EXPECT_FALSE(find<QPushButton>("Cmd_save")->isEnabled());
@@ -268,7 +268,7 @@ TEST_F(file_menu, a_history_entry_selects_its_device_and_asks_in_its_folder) {
     open(hex("second/b.hex", ";PIC16F877A\n"));
     EXPECT_EQ(find<QAction>("nmuFile2")->text().toStdString(),
               lower(path("First")) + "    PIC16F84A");
-    // No scan: the entry's device stays.
+    // The file isn't searched for a device name: the entry's device stays.
     const auto file = hex("First/c.hex", ";PIC16F877A\n");
     user.will([&](QWidget& form) {
         EXPECT_EQ(run().session.DeviceName, "PIC16F84A");
@@ -295,7 +295,7 @@ TEST_F(file_menu, history_and_folder_come_back_at_the_next_start) {
     EXPECT_FALSE(find<QAction>("nmuFile2")->isVisible());
 }
 
-// The two switches.
+// The two switches for reading.
 
 TEST_F(file_menu, file_check_is_on_at_first_and_its_entry_switches_it) {
     const auto cut_off = folder.write("a.hex", ":020000003412B8\n");

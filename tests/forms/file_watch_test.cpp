@@ -23,7 +23,7 @@ void write(const fs::path& path, std::string_view text) {
 }
 
 bool soon(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 5000); }
-// Longer than the watch takes to be sure that a file is quiet.
+// Longer than the watch waits for a file to be quiet.
 void let_settle() { QTest::qWait(450); }
 
 struct Watched {

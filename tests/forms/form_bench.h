@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The real window over a real run: the core, the catalogue and the simulated board are the
-// program's own; the clock is virtual, and boxes and file dialogs are answered beforehand.
+// The real window over a real run. The core, the catalogue and the simulated board are the
+// program's own. The clock is virtual, and boxes and file dialogs are answered in advance.
 #pragma once
 
 #include <QApplication>
@@ -77,7 +77,7 @@ class FormBench {
     StartUp::End end{};
     bool given_up = false;
     int leaves = 0;
-    // Runs in each turn that a wait gives the interface.
+    // Called each time a wait gives the interface a turn.
     std::function<void()> on_turn;
 
   private:

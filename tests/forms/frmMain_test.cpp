@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main window over a real run: what a user does to it, and what it then does.
+// The main window over a real run: how it reacts to a user.
 #include "forms/frmMain.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ void drop(QWidget& window, const std::vector<std::string>& paths) {
 
 TEST(frmMain, every_control_of_the_form_has_a_widget_of_its_name) {
     FormBench bench;
-    // The developer's hidden view.
+    // The controls of the developer's hidden view.
     const auto unseen = [](const std::string& name) {
         return name.starts_with("Text1(") || name.starts_with("Label12(") || name == "Command4" ||
                name == "Text2" || name == "Text3";
@@ -142,7 +142,7 @@ TEST(frmMain, a_second_command_inside_a_wait_is_dropped) {
     EXPECT_EQ(dropped, 1);
 }
 
-// Acts of a user in the turns of an operation, one every twenty turns.
+// Performs a user's acts during an operation, one every twenty turns.
 void in_turns(FormBench& bench, std::vector<std::function<void()>> acts) {
     bench.on_turn = [&bench, acts = std::move(acts), turns = 0U]() mutable {
         if (!bench.run->flows.running() || ++turns % 20 != 0 || turns / 20 > acts.size()) return;

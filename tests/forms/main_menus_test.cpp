@@ -34,7 +34,7 @@ struct Entry {
     const char* key;
 };
 
-// Alone in a row: a failure names it.
+// Prints only the name, so that a failure names the entry.
 void PrintTo(const Entry& entry, std::ostream* stream) { *stream << entry.name; }
 
 class Menus : public testing::TestWithParam<Entry> {};
@@ -97,7 +97,7 @@ QImage picture_of(QMenu& menu) {
     return menu.grab().toImage();
 }
 
-// An entry is drawn as in a menu that is wider than it has to be. Keys at the right end move.
+// Compares each entry with its picture in a wider menu. Keys at the right end may move.
 TEST(Menus, show_their_texts_whole) {
     FormBench bench;
     int compared = 0;

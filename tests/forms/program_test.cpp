@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What stands around the window in its program: arguments, the port of the command line, the
-// simulated board, the file watch, and the window's liveliness against the machine's clock.
+// The program around the window: arguments, the command line's port, the simulated board, the file
+// watch, and how long the window fails to react by the machine's clock.
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
@@ -131,7 +131,7 @@ TEST(FileWatch, tells_of_a_file_that_is_gone_and_offers_no_reload) {
     EXPECT_FALSE(bench.watch.reload_button()->isVisible());
 }
 
-// The one test against the machine's clock: what is measured is how long the window stands still.
+// The only test by the machine's clock: it measures how long the window doesn't react.
 TEST(frmMain, is_never_still_for_100_ms_while_a_device_is_programmed) {
     TempFolder folder;
     QtHost host{QtHost::Interface::Window, {.home = folder.path(), .data = folder.path()}};
@@ -141,7 +141,7 @@ TEST(frmMain, is_never_still_for_100_ms_while_a_device_is_programmed) {
     FakeDialogs dialogs;
     SimulatedSocket socket{host, 0};
     socket.board().times() = BoardTimes::none();
-    // The name alone would be the test case's own Run.
+    // Without the namespace, Run would be a member of the test case.
     quillon::Run run{store, host, socket.port(), dialogs};
     run.session.CatalogueFile = QUILLON_CATALOGUE;
     socket.follow(run);
@@ -168,7 +168,7 @@ TEST(frmMain, is_never_still_for_100_ms_while_a_device_is_programmed) {
     EXPECT_EQ(run.session.TryCount, 1) << run.form.LabelCmt.Caption.get();
     EXPECT_GT(turns, 50);
 #if defined(__SANITIZE_ADDRESS__)
-    EXPECT_LT(longest, 300);  // everything is slower by the sanitizers
+    EXPECT_LT(longest, 300);  // the sanitizers make everything slower
 #else
     EXPECT_LT(longest, 100);
 #endif

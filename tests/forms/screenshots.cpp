@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Pictures of the window and of each form, to be looked at: screenshots FOLDER [light|dark]
+// Takes pictures of the window and of each form, to be looked at: screenshots FOLDER [light|dark]
 // [SUFFIX]
 //
-// The run is the program's own, with the simulated board in the same process, so that what is shown
-// is what a user sees. The states: empty, loaded, while programming, after a failure, with the list
-// of a failed verify, with the two bars that come up at times, each small form.
+// The run is the program's own, with the simulated board in the same process, so the pictures show
+// what a user sees. The states: empty, loaded, while programming, after a failure, with the list of
+// a failed verify, with the search line and the reload offer, each small form.
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -62,7 +62,7 @@ QPalette dark_palette() {
     return palette;
 }
 
-// What a picture program needs of a user: the safe answer, while the form is being drawn.
+// Takes the pictures. Closing each form after its picture is the safe answer.
 class Shots {
   public:
     Shots(QDir folder, QString suffix) : folder_{std::move(folder)}, suffix_{std::move(suffix)} {}
@@ -149,7 +149,7 @@ void main_window(Stage& stage, Shots& shots) {
     shots.take(*stage.window, "programmed");
     stage.socket.board().target() = blank_target(facts_of(stage.run->session));
     stage.socket.board().add_fault("stuck-cell:1");
-    QTimer closer;  // the failure's boxes
+    QTimer closer;  // closes the failure's boxes
     QObject::connect(&closer, &QTimer::timeout, [&] {
         if (QWidget* box = QApplication::activeModalWidget()) {
             shots.take(*box, "box");
@@ -166,7 +166,7 @@ void main_window(Stage& stage, Shots& shots) {
     shots.take(*stage.window, "mismatches");
 }
 
-// The search line with a text that isn't there, and the offer to load a changed file.
+// The search line with a text that isn't found, and the offer to load a changed file.
 void bars(Stage& stage, Shots& shots) {
     const auto copy = stage.folder.path() / "blinker.hex";
     std::filesystem::copy_file(std::filesystem::path{QUILLON_EXAMPLES} / "blinker.hex", copy);
@@ -228,7 +228,7 @@ int main(int argc, char** argv) {
     QApplication::setFont(window_font(QApplication::font()));
     install_japanese(application);
     if (arguments.value(2) == "dark") QApplication::setPalette(dark_palette());
-    // Whole: start-up makes the work folder the current one.
+    // An absolute path, because start-up changes the current folder.
     const QDir folder{QDir{arguments.at(1)}.absolutePath()};
     folder.mkpath(".");
     Shots shots{folder, arguments.value(3)};

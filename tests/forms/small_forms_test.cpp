@@ -26,7 +26,7 @@
 namespace quillon::test {
 namespace {
 
-// Lets the act happen in the loop of the form that comes up next.
+// Runs the act in the loop of the next form that opens.
 void meanwhile(const std::function<void(QWidget& form)>& act) {
     QTimer::singleShot(0, qApp, [act] {
         QWidget* form = QApplication::activeModalWidget();
@@ -178,7 +178,7 @@ TEST(frmOption, escape_cancels) {
     EXPECT_FALSE(bench.run->option_form.Visible.get());
 }
 
-// Chooses an entry of the list as a click on it does.
+// Chooses an entry of the list as a click on it would.
 void choose_entry(QComboBox& list, const char* entry) {
     list.setCurrentIndex(list.findText(entry));
     Q_EMIT list.activated(list.currentIndex());
@@ -200,7 +200,7 @@ TEST(frmDeviceSelect, a_typed_name_counts_by_ok_and_by_return) {
     meanwhile([](QWidget& form) {
         type_over(form, "12f675");
         QTest::keyClick(form.findChild<QComboBox*>("Combo_device")->completer()->popup(),
-                        Qt::Key_Tab);  // to OK, as the mouse would go
+                        Qt::Key_Tab);  // to OK, as a user with the mouse would leave the list
         press(form, "OKButton");
         EXPECT_FALSE(form.isVisible());
     });

@@ -35,7 +35,7 @@ void load(FormBench& bench, const std::filesystem::path& path) {
 
 // --- The views
 
-// The words that stand in the first line that the view shows.
+// The text of the first line that the view shows.
 QString first_line(const QPlainTextEdit& view) {
     return view.document()->findBlockByNumber(view.verticalScrollBar()->value()).text();
 }
@@ -150,7 +150,7 @@ TEST(find_bar, looks_into_the_view_that_was_used_last) {
     eeprom->setFocus();
     bench.find<QAction>("find_next")->trigger();
     EXPECT_EQ(eeprom->textCursor().selectedText(), "0010:");
-    // The next device has no EEPROM: its view is gone.
+    // The new device has no EEPROM, so its view is hidden.
     bench.select("PIC16F716");
     bench.find<QAction>("find_next")->trigger();
     EXPECT_EQ(find.view->textCursor().selectedText(), "0010:");
@@ -209,7 +209,7 @@ TEST(P_Bar, shows_each_step_of_a_run_in_its_range_and_goes_at_its_end) {
     messages.ShowProgress(Messages::Progress::On, 0, 8192, 8192);
     EXPECT_FALSE(bar->isVisible());
     EXPECT_FALSE(percent->isVisible());
-    // A shorter run after a longer one.
+    // A short run after a longer one.
     messages.ShowProgress(Messages::Progress::On, 0, 256, 128);
     EXPECT_TRUE(bar->isVisible());
     EXPECT_EQ(bar->maximum(), 256);
@@ -273,7 +273,7 @@ TEST(Combo_device, a_name_is_chosen_from_the_list_that_typing_opens) {
         act();
     };
     QTest::keyClick(list, Qt::Key_Return);
-    EXPECT_EQ(choices, 1);  // each one clears the image, and may ask for the power order
+    EXPECT_EQ(choices, 1);  // each choice clears the image and may ask a question
     EXPECT_EQ(bench.run->session.DeviceName, "PIC12F675");
     EXPECT_EQ(box->lineEdit()->text(), "PIC12F675");
 }
@@ -293,7 +293,7 @@ TEST(keyboard, tab_visits_every_control_that_can_be_worked_in_the_order_of_the_e
             visited.push_back(bench.window->focusWidget());
         }
         ASSERT_LT(visited.size(), 100U) << device;
-        // Every box, list and button that is there and enabled.
+        // Every box, list and button that is shown and enabled.
         for (auto* widget : bench.window->findChildren<QWidget*>()) {
             const bool works = qobject_cast<QPushButton*>(widget) != nullptr ||
                                qobject_cast<QLineEdit*>(widget) != nullptr ||
