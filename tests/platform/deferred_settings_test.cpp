@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The store behind a thread: nothing waits for it, nothing is lost.
+// A store with a writing thread: no caller waits for it, and no value is lost.
 #include "platform/deferred_settings.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ namespace quillon {
 
 namespace {
 
-// A disk that stands still until it is let go.
+// A disk that blocks until its gate opens.
 class SlowStore : public SettingsStore {
   public:
     std::optional<std::string> read(std::string_view, std::string_view key) override {

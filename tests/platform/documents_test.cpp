@@ -39,14 +39,14 @@ TEST(decode_text, puts_the_replacement_character_for_what_does_not_convert) {
                           "A"),
               "\xEF\xBF\xBD"
               "A");
-    EXPECT_EQ(decode_text("\x83\x77\x82"), "ヘ\xEF\xBF\xBD");  // cut in a character
+    EXPECT_EQ(decode_text("\x83\x77\x82"), "ヘ\xEF\xBF\xBD");  // cut off inside a character
 }
 
 TEST(decode_text, keeps_the_end_mark_of_an_old_text_file) {
     EXPECT_EQ(decode_text("\x83\x77\x1A"), "ヘ\x1A");
 }
 
-// Stands in for the desktop's program: writes down what it was asked to open.
+// Replaces the desktop's program by one that writes down what it was asked to open.
 class start_default_ : public testing::Test {
   protected:
     start_default_() : old_path_{std::getenv("PATH")} {

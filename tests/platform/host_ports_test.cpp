@@ -41,7 +41,7 @@ TEST_F(HostPorts_, finds_an_adapter_under_its_number_in_another_socket) {
     there = {{"/dev/ttyUSB7", kSecond.lasting, ""}};
     const auto later = ports();
     EXPECT_EQ(later.path(2), "/dev/ttyUSB7");
-    EXPECT_EQ(later.path(1), kFirst.lasting);  // not there: opening it fails
+    EXPECT_EQ(later.path(1), kFirst.lasting);  // not connected: opening it fails
 }
 
 TEST_F(HostPorts_, gives_no_number_away_while_others_are_free) {
@@ -124,7 +124,7 @@ TEST_F(HostPorts_, follows_a_link_to_a_discovered_port) {
 
 TEST_F(HostPorts_, takes_no_bad_number_for_a_port) {
     auto live = ports();
-    EXPECT_EQ(live.assign("COM0"), 20);  // a file of that name, then
+    EXPECT_EQ(live.assign("COM0"), 20);  // no valid number, so it names a file
     EXPECT_EQ(live.path(live.assign("COM0")), std::filesystem::absolute("COM0").string());
 }
 

@@ -18,7 +18,7 @@ using test::TempFolder;
 class IniSettingsStore_ : public testing::Test {
   protected:
     std::string file() const { return folder.read("settings.ini"); }
-    // What a later run reads.
+    // What a later run reads from the file.
     std::optional<std::string> later(std::string_view key) const {
         return IniSettingsStore{folder.path()}.read("Settings6", key);
     }
@@ -58,7 +58,7 @@ TEST_F(IniSettingsStore_, gives_every_text_back_as_it_was) {
     }
 }
 
-// The words that QSettings takes for data of its own kinds.
+// These are the words with which QSettings marks its own types.
 TEST_F(IniSettingsStore_, takes_no_value_for_anything_but_a_text) {
     const std::string variant = R"(@Variant(\0\0\0\x7f\0\0\0\xfQDateTime))";
     folder.write("settings.ini", "[Settings6]\nA=" + variant +
@@ -115,7 +115,7 @@ TEST_F(IniSettingsStore_, says_why_it_cannot_write) {
     EXPECT_EQ(store.read("Settings6", "ComNo"), "5") << "for this run";
 }
 
-// Larger than any settings: it would fill the memory.
+// A file larger than any settings would fill the memory.
 TEST_F(IniSettingsStore_, reads_no_file_that_is_far_too_large) {
     folder.write("settings.ini", "[Settings6]\nComNo=3\n");
     fs::resize_file(folder / "settings.ini", std::uintmax_t{1} << 40);

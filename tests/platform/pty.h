@@ -22,7 +22,7 @@ class Pty {
         std::array<char, 128> name{};
         termios raw{};
         ::cfmakeraw(&raw);
-        // The slave stays open here, so that the pair outlives a port that is closed and opened.
+        // The slave end stays open here, so that the pair survives closing and opening the port.
         EXPECT_EQ(::openpty(&master_, &slave_, name.data(), &raw, nullptr), 0);
         path_ = name.data();
     }
@@ -36,7 +36,7 @@ class Pty {
     void send(std::string_view bytes) const {
         EXPECT_EQ(::write(master_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
     }
-    // What the port has written, within a second.
+    // Returns what the port writes within a second.
     std::string receive(std::size_t count) const {
         std::string bytes;
         while (bytes.size() < count && readable()) {

@@ -44,7 +44,7 @@ TEST_F(QtHost_, sleeps_at_least_the_time_asked_for) {
 }
 
 TEST_F(QtHost_, sleeps_a_millisecond_to_the_point) {
-    // The best of many: a loaded machine may delay any of them.
+    // Takes the best of many, because a busy machine may delay any of them.
     Host::Time best = 1s;
     for (int i = 0; i < 50; ++i) {
         const auto start = host.now();
@@ -81,7 +81,7 @@ TEST_F(QtHost_, never_gives_up_outside_an_operation) {
     EXPECT_EQ(abandons([&] { host.pump(); }), std::nullopt);
 }
 
-// What catches it closes the port, and that takes turns and sleeps of its own.
+// The catcher closes the port, which needs turns and sleeps of its own.
 TEST_F(QtHost_, gives_up_once_for_each_operation) {
     host.give_up(Reason::Closed);
     {
@@ -108,7 +108,7 @@ TEST_F(QtHost_, stops_one_operation_and_not_the_next) {
         EXPECT_EQ(abandons([&] { host.sleep(20ms); }), std::nullopt);
     }
     {
-        // Pressed so late that nothing waited any more.
+        // The stop came too late to end any wait.
         const QtHost::Operation operation{host};
         host.give_up(Reason::Stopped);
     }

@@ -25,7 +25,7 @@ std::string text(const std::vector<std::uint8_t>& bytes) { return {bytes.begin()
 
 std::vector<std::uint8_t> bytes(std::string_view text) { return {text.begin(), text.end()}; }
 
-// The reason that the call gives up with, nothing where it doesn't.
+// The reason with which the call gives up, nothing if it returns.
 template <typename Call>
 std::optional<Abandoned::Reason> abandons(Call call) {
     try {
@@ -158,7 +158,7 @@ TEST_F(QtSerialPort_, is_busy_while_somebody_else_holds_it) {
     EXPECT_EQ(other.open(), PortOpen::Ok);
 }
 
-// The superuser passes the system's own exclusion; two programs must still not share a board.
+// The system's own exclusion doesn't stop the superuser, but two programs must not share a board.
 TEST_F(QtSerialPort_, is_busy_while_another_program_holds_the_device_by_its_lock) {
     open();
     const int other = ::open(pty.path().c_str(), O_RDWR | O_NOCTTY);

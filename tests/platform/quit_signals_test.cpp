@@ -15,7 +15,7 @@ namespace {
 
 class QuitSignals_ : public testing::Test {
   protected:
-    // Turns of the event loop until the condition holds; false after five seconds.
+    // Runs the event loop until the condition holds. Returns false after five seconds.
     template <typename Condition>
     static bool comes(Condition condition) {
         for (const QDeadlineTimer limit{5000}; !condition();) {
@@ -42,7 +42,7 @@ TEST_F(QuitSignals_, tells_of_each_signal_from_the_event_loop) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         const int before = told;
         ::raise(signal);
-        EXPECT_EQ(told, before);  // not in the middle of what runs
+        EXPECT_EQ(told, before);  // other code isn't interrupted
         EXPECT_TRUE(comes([&] { return told == before + 1; })) << signal;
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The window's program as a process: ended by a signal, started twice, over damaged settings.
 //
-// There is no display; what the program has come to is seen by the files in its work folder.
+// There is no display. The files in the work folder show how far the program has come.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -34,7 +34,7 @@ bool comes(Condition condition, std::chrono::seconds limit = 30s) {
     return true;
 }
 
-// The program. It is killed where a test lets go of it.
+// The program as a process. The destructor kills it if it still runs.
 class Window {
   public:
     Window(const TempFolder& home, std::vector<std::string> arguments) {
@@ -90,7 +90,7 @@ class quillon_ : public testing::Test {
     fs::path work(std::string_view name) const { return home.path() / "QUILLON4_TEMP" / name; }
     std::string settings() const { return home.read("settings.ini"); }
     bool saved(std::string_view text) const { return settings().find(text) != std::string::npos; }
-    // The rotation is the last step that leaves a trace.
+    // Rotating the logs is the last step that leaves a trace.
     bool ready() const {
         return comes([this] { return fs::exists(work("LOG_OLD9.txt")); });
     }
@@ -120,7 +120,7 @@ TEST_P(quillon_ended_by, a_signal_saves_its_place_and_clears_its_work_files) {
 
 INSTANTIATE_TEST_SUITE_P(each, quillon_ended_by, testing::Values(SIGINT, SIGTERM, SIGHUP));
 
-// Nobody answers on this port: the search is a wait such as an operation's.
+// Nobody answers on this port. The search waits in the same way as an operation.
 TEST_F(quillon_, is_ended_by_a_signal_in_the_middle_of_a_wait_for_the_board) {
     const Pty silent;
     Window window{home, {"--port", silent.path()}};
@@ -135,7 +135,7 @@ TEST_F(quillon_, is_ended_by_a_signal_in_the_middle_of_a_wait_for_the_board) {
 
 TEST_F(quillon_, is_ended_by_a_signal_while_it_asks_for_the_port) {
     Window window{home, {}};
-    // The list is written right before the question comes up, and the signal may well be earlier.
+    // The list is written right before the question opens, so the signal may still come first.
     ASSERT_TRUE(comes([this] { return fs::exists(work("Support_PIC_List.txt")); }));
     std::this_thread::sleep_for(300ms);
     EXPECT_FALSE(fs::exists(work("LOG_OLD9.txt")));
@@ -144,7 +144,7 @@ TEST_F(quillon_, is_ended_by_a_signal_while_it_asks_for_the_port) {
     expect_left_in_order();
 }
 
-// Two questions one behind the other, and nothing between them that looks for the wish to end.
+// Between the two questions nothing checks for a request to end.
 TEST_F(quillon_, is_ended_by_one_signal_although_another_question_follows) {
     const std::string hex = home.write("A.HEX", ":00000001FF\r\n").string();
     Window window{home, {hex}};
