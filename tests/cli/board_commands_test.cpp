@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Whole commands on the simulated board: what they do to the part, and what they tell.
+// Whole commands on the simulated board: what they do to the part, and what they report.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -33,7 +33,7 @@ bool is_trace_line(std::string_view line) {
            (way == " >" || way == " <");
 }
 
-// A part in a socket that lasts from call to call.
+// A part that stays in its socket from call to call.
 class on_the_board : public testing::Test {
   protected:
     int run(std::vector<std::string> arguments) {
@@ -127,7 +127,7 @@ TEST_F(on_the_board, verify_of_another_file_fails_with_1) {
     const auto messages = cli.of("message");
     EXPECT_EQ(messages.back()["text"], "ベリファイエラーを検出しました。");
     EXPECT_EQ(messages.back()["colour"], "red");
-    // The other file has nothing where the blinker has its words.
+    // The other file has no words where the blinker has its own.
     ASSERT_GT(cli.result()["mismatches"].size(), 10U);
     EXPECT_EQ(cli.result()["mismatches"][0], "Error　 アドレス:0x0000 , 正:0x2800 , 誤:0x018A");
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A command line in the process: a home of its own, the simulated board, and a clock that only
-// moves when the run sleeps or waits. A limit of ten seconds takes as long as a test may.
+// A command line in the test's process, with its own home and the simulated board. The clock moves
+// only when the run sleeps or waits, so a limit of ten seconds takes no real time.
 #pragma once
 
 #include <algorithm>
@@ -22,7 +22,7 @@ namespace quillon::test {
 
 using Json = nlohmann::json;
 
-// A keyboard that types the given lines, then the end of the input.
+// A keyboard that types the given lines and then ends the input.
 class FakeTerminal : public cli::Terminal {
   public:
     bool interactive() const override { return interactive_; }
@@ -55,12 +55,12 @@ class VirtualHost : public QtHost {
 
 class CliBench {
   public:
-    // Runs with --home and --catalogue in front of the given arguments; gives the exit status.
+    // Runs with --home and --catalogue before the given arguments. Returns the exit status.
     int operator()(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), {"--catalogue", catalogue});
         if (std::ranges::count(arguments, "--home") == 0)
             arguments.insert(arguments.begin(), {"--home", home.path().string()});
-        // A wait without limit that a test didn't mean ends here, and in a wrong exit status.
+        // An unexpected wait without limit ends after this time, with a wrong exit status.
         if (std::ranges::count(arguments, "--deadline") == 0)
             arguments.insert(arguments.begin(), {"--deadline", "900"});
         std::ostringstream out_stream, err_stream;
@@ -83,7 +83,7 @@ class CliBench {
         return status;
     }
 
-    // The same on the simulated board with JSON events, which it keeps.
+    // The same on the simulated board with JSON events, which are kept for the test.
     int on_board(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), {"--port", "sim", "--json"});
         return json(std::move(arguments));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Names from outside that would steer the terminal, or add lines of their own.
+// Names from outside that could steer the terminal or add lines of their own.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace {
 using test::CliBench;
 using test::kBlinker;
 
-// Everything that a terminal obeys, but for the ends of lines.
+// Everything that steers a terminal, except the ends of lines.
 bool has_controls(std::string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
@@ -52,7 +52,8 @@ TEST_F(a_wild_name, of_a_file_is_shown_escaped) {
         EXPECT_EQ(cli(program), 0) << cli.err;
         expect_tame();
         arguments.insert(arguments.end(), {"load", kBlinker, "--save", cli.path(kWild) + "2"});
-        EXPECT_EQ(cli(arguments), json ? 4 : 0) << cli.err;  // the second would replace the first
+        // The second run would replace the file of the first one, and that is not answered.
+        EXPECT_EQ(cli(arguments), json ? 4 : 0) << cli.err;
         expect_tame();
         EXPECT_EQ(cli.out.find("\nプログラム完了"), std::string::npos) << cli.out;
     }

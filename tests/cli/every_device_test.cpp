@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every device of the catalogue that goes out with the product, by name from the command line; and
-// catalogues that a hand has written badly.
+// Every device of the shipped catalogue, by name from the command line. Also catalogues that were
+// badly edited by hand.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -13,7 +13,7 @@ namespace {
 using test::CliBench;
 using test::Json;
 
-// A share of the devices: a call each takes its time.
+// The devices are tested in this many shares, because every device needs calls of its own.
 constexpr std::size_t kShares = 4;
 
 class every_device_of_the_catalogue : public testing::TestWithParam<std::size_t> {};
@@ -42,7 +42,7 @@ TEST_P(every_device_of_the_catalogue, is_selected_by_its_name_without_a_box) {
 INSTANTIATE_TEST_SUITE_P(shares, every_device_of_the_catalogue,
                          testing::Range<std::size_t>(0, kShares));
 
-// Two devices between which a fault is put.
+// Two sound devices; the tests put a fault between them.
 constexpr const char* kSound =
     "PGM_TYPE FLASH4\nPOWER_MODE VDD\nPACKAGE 28\nJP2 2-3\nVDD_VPP_DELAY 10\n"
     "PGM_SIZE_WORD 0xFF\nEEPROM_BYTE 0x7F\nCOMMENT sound\nCONFIG1 0x3FFF 0 0 0x3FFF\n";
@@ -125,7 +125,7 @@ TEST(a_catalogue, in_code_page_932_with_carriage_returns_and_no_last_line_end_is
     std::string dos;
     for (const char c : text) dos += c == '\n' ? std::string{"\r\n"} : std::string{c};
     OwnCatalogue cli{dos};
-    // The device that the file names is chosen anew, and any firmware will do: its comment is due.
+    // The file names the device, so it is selected again and its comment is shown.
     cli.hex = cli.home.write("named.hex", ":00000001FF\n;PIC16F1\n").string();
     ASSERT_EQ(cli.load("PIC16F1"), 0) << cli.err;
     EXPECT_TRUE(cli.of("box").empty());

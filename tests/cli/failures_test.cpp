@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A board that isn't there, goes away or says nothing, and a user who has had enough.
+// A board that isn't connected, vanishes or doesn't answer, and a user who gives up.
 #include <gtest/gtest.h>
 
 #include "cli_bench.h"

@@ -153,7 +153,7 @@ TEST(load, keeps_the_windows_file_history) {
         << settings;
 }
 
-// As a script hands it over whose variable is unset.
+// As from a script whose variable is unset.
 TEST(empty_name, is_a_file_that_does_not_exist) {
     CliBench cli;
     ASSERT_EQ(cli.on_board(

@@ -32,7 +32,7 @@ class a_run : public testing::Test {
     CliBench cli;
 };
 
-// The window may have it open in the same work folder, and other runs beside it.
+// The window may have these files open in the same work folder, and other runs may too.
 TEST_F(a_run, leaves_the_windows_display_files_alone) {
     put("pgmmemory_temp.txt", "the window's");
     put("eepmemory_temp.txt", "the window's");

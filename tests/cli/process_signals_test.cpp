@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What signals do to the program itself: an operation is given up in order, or left alone.
+// What signals do to the program itself: they give an operation up in order, or do nothing.
 #include <gtest/gtest.h>
 #include <signal.h>
 
@@ -19,7 +19,7 @@ using test::Surroundings;
 
 class a_signal : public test::ProgramBench {
   protected:
-    // A read that hangs in a wait without limit.
+    // A read that hangs in a wait without a limit.
     std::vector<std::string> hanging_read() const {
         return on_board({"--fault", "rsp/silent-after:100", "read"});
     }
@@ -58,7 +58,7 @@ TEST_F(a_signal, that_was_ignored_at_the_start_stays_ignored) {
     }
 }
 
-// As "nohup quillon-cli ... &" in a script, in full.
+// Like "nohup quillon-cli ... &" in a script, but with all of these signals ignored.
 TEST_F(a_signal, is_none_where_all_are_ignored) {
     Program program{on_board({"--deadline", "1", "--fault", "rsp/silent-after:100", "read"}),
                     {.prepare = [] {

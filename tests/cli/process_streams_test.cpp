@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program's streams and files where they can't take what it has to say.
+// The program's streams and files when they can't take its output.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -22,7 +22,7 @@ constexpr std::string_view kNoSpace = "No space left on device";
 
 using a_stream = test::ProgramBench;
 
-// As with "quillon-cli ... | head -1".
+// As in "quillon-cli ... | head -1".
 TEST_F(a_stream, that_its_reader_closes_lets_the_run_finish) {
     Program program{on_board({"program", kBlinker})};
     ASSERT_TRUE(program.prints("\"event\""));
@@ -81,7 +81,7 @@ TEST_F(a_stream, that_was_closed_at_the_start_catches_nothing_else) {
     EXPECT_EQ(home.read("settings.ini").find("event"), std::string::npos);
 }
 
-// A pipe that another program has made non-blocking refuses what doesn't fit at the moment.
+// A pipe that another program has made non-blocking refuses bytes while it is full.
 TEST_F(a_stream, that_is_full_for_a_while_loses_nothing) {
     constexpr int kSmallest = 4096;
     Program program{json({"devices"}), {.prepare = [] {
@@ -103,7 +103,7 @@ TEST_F(a_stream, of_the_trace_that_takes_nothing_makes_the_status_1_and_says_why
         << "the operation itself went on: " << program.out;
 }
 
-// Runs at the same time, as on a production line, share the work folder.
+// Runs on a production line share the work folder at the same time.
 TEST_F(a_stream, of_display_text_goes_to_a_folder_that_ends_with_the_run) {
     const test::TempFolder temporary;
     const Surroundings own{.prepare = [&] { ::setenv("TMPDIR", temporary.path().c_str(), 1); }};

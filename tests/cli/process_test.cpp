@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The program itself, in true time: signals, the pseudo-terminal, its streams.
+// The program itself in real time: signals, the pseudo-terminal, its streams.
 //
-// The one test that programs a part over the pseudo-terminal at 57600 baud takes ten seconds: that
-// is how long the bytes take.
+// One test programs a part over the pseudo-terminal at 57600 baud. It takes ten seconds because the
+// bytes take that long.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -70,7 +70,7 @@ TEST_F(quillon_cli, programs_the_blinker_over_a_pseudo_terminal_at_57600_baud) {
     server.send(SIGINT);
     EXPECT_EQ(server.wait(), 0) << server.out;
 
-    // The part is read again by the other way, which has a clock of its own.
+    // Reads the part again without the pseudo-terminal, with a virtual clock.
     test::CliBench cli;
     ASSERT_EQ(cli.on_board(
                   {"--device", "PIC16F877A", "--socket", path("s.json"), "verify", test::kBlinker}),

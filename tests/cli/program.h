@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// quillon-cli as a process of its own, with its streams, its signals and its user chosen by a test.
+// quillon-cli as a process, with streams, signals and input chosen by a test.
 #pragma once
 
 #include <fcntl.h>
@@ -22,14 +22,14 @@
 
 namespace quillon::test {
 
-// What the program finds when it starts; the defaults are those of a script's pipe.
+// What the program finds when it starts. The defaults are those of a pipe in a script.
 struct Surroundings {
     std::string out{};  // a file to open for standard output, "" for a pipe that the test reads
-    // Last thing before the program runs, in its process.
+    // Called in the program's process right before the program runs.
     std::function<void()> prepare = [] {};
 };
 
-// It is killed where a test lets go of it.
+// The program as a process. The destructor kills it if it still runs.
 class Program {
   public:
     explicit Program(std::vector<std::string> arguments, const Surroundings& surroundings = {}) {
@@ -56,7 +56,7 @@ class Program {
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    // Reads on until the text has been printed; false at the end of the output or after a minute.
+    // Reads until the text has been printed; false at the end of the output or after a minute.
     bool prints(std::string_view text) {
         const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds{60};
         while (out.find(text) == std::string::npos) {
@@ -66,11 +66,11 @@ class Program {
         }
         return true;
     }
-    // The reader goes away, as `head` does.
+    // Closes the reader's end, as `head` does.
     void close_output() {
         if (output_ >= 0) ::close(std::exchange(output_, -1));
     }
-    // What it has printed and nobody has read.
+    // Bytes that it has printed and nobody has read.
     int unread() const {
         int count = 0;
         return ::ioctl(output_, FIONREAD, &count) == 0 ? count : 0;
@@ -90,7 +90,7 @@ class Program {
         ::waitpid(std::exchange(child_, -1), &status, 0);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
     }
-    // As a power cut for the program: it can't tidy up.
+    // Like a power cut: the program can't clean up.
     void kill() {
         if (child_ <= 0) return;
         ::kill(child_, SIGKILL);
@@ -100,7 +100,7 @@ class Program {
     std::string out, err;
 
   private:
-    // Seconds after which the system ends a program that hangs, so that the test fails instead.
+    // Seconds after which the system ends a program that hangs, so that the test fails.
     static constexpr unsigned kLongestLife = 40;
 
     static bool read_some(int from, std::string& into) {
@@ -131,7 +131,7 @@ class Program {
     int complaints_ = -1;
 };
 
-// A home of its own, and the arguments that lead there.
+// A home folder for each test, and the arguments that select it.
 class ProgramBench : public testing::Test {
   protected:
     std::vector<std::string> line(std::vector<std::string> arguments) const {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the command line saves: `load --save` and `read -o`, the question before a file is replaced,
-// and that a run which fails leaves no file and no older file changed.
+// What the command line saves: `load --save` and `read -o`, and the question before a file is
+// replaced. A run that fails leaves no new file and changes no older one.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -22,7 +22,7 @@ using test::line;
 using test::lines_of_file;
 using test::upper_address;
 
-// One small file for a PIC16F84A, and a place to save it.
+// A small file for a PIC16F84A, and a folder to save to.
 class save_option : public testing::Test {
   protected:
     int load_to(const std::string& out, std::vector<std::string> before = {}) {
@@ -30,7 +30,7 @@ class save_option : public testing::Test {
         return cli.json(std::move(before));
     }
     std::string old_file() { return cli.home.write("out.hex", "old\n").string(); }
-    // The files of the folder that begin as a saved one does, whole or half written.
+    // The files in the folder whose names begin like a saved one, whole or half written.
     std::vector<std::string> files_named(std::string_view head) const {
         std::vector<std::string> names;
         for (const auto& entry : fs::directory_iterator{cli.home.path()}) {
@@ -221,7 +221,7 @@ TEST(upper_address_option, off_folds_an_enhanced_file_and_names_itself_in_the_fi
     EXPECT_EQ(cli.file("d.json")["ConfigWord"][0], 0x0F84);
 }
 
-// The blinker in a part that lasts from call to call.
+// A part that holds the blinker and stays in its socket from call to call.
 class read_and_save : public testing::Test {
   protected:
     int run(std::vector<std::string> arguments, const std::string& socket = "socket.json") {

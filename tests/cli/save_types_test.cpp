@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// `load --save --dump` for each kind of device: what is dumped is saved, and comes back.
+// `load --save --dump` for each kind of device: the dump and the saved file agree, and the file
+// loads again.
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -18,13 +19,13 @@ using test::line;
 using test::lines_of_file;
 using test::upper_address;
 
-// A file of one kind of device, and what stands for it in the image and in a saved file.
+// A file for one kind of device, and the same values in the image and in a saved file.
 struct Kind {
     std::string name;
     std::string device;
     std::vector<std::string> options;
     std::string hex;
-    // How PgmMem, EepMem and the ID begin. The ID is CfgIdMem's, of a PIC18 IdBytes18.
+    // How PgmMem, EepMem and the ID begin. The ID is CfgIdMem, for a PIC18 IdBytes18.
     std::string program;
     std::string eeprom;
     std::string id;

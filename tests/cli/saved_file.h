@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The lines of a saved HEX file, found and made.
+// Helpers that find and make the lines of a saved HEX file.
 #pragma once
 
 #include <string>
@@ -15,7 +15,7 @@ inline std::string line(unsigned address, const Bytes& bytes) {
     return text.substr(0, text.size() - 2);
 }
 
-// A record's bytes: `rest` again and again behind the first ones.
+// The 16 bytes of a record: the first ones, then `rest` again and again.
 inline Bytes filled(Bytes head, const Bytes& rest) {
     while (head.size() < 16) head.insert(head.end(), rest.begin(), rest.end());
     return head;

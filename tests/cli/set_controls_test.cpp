@@ -12,7 +12,7 @@ using test::kBlinker;
 
 class set_option : public testing::Test {
   protected:
-    // Loads the blinker with these settings; the dump shows what they came to.
+    // Loads the blinker with these settings and returns the dump.
     Json dump(std::string device, std::vector<std::string> sets) {
         EXPECT_EQ(load(std::move(device), std::move(sets)), 0) << cli.err << cli.out;
         return cli.file("d.json");

@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A line that hands out what the test puts on it.
+// A port that returns the bytes that the test has put in.
 class ScriptedPort : public SerialPort {
   public:
     void CommPort(int number) override { number_ = number; }
