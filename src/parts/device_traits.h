@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a device's name says about it, where neither its programming type nor the catalogue does.
+// What only a device's name decides, as neither its programming type nor the catalogue does.
 #pragma once
 
 #include <string_view>

@@ -29,7 +29,7 @@ struct Row {
     Names devices;
 };
 
-// In this order; the first row that holds the name wins.
+// Searched in this order; the first row that lists the name wins.
 constexpr std::array kRows{
     Row{Module::PIC1XF18XX,
         "PIC1XF18XX",
@@ -105,7 +105,7 @@ constexpr bool rows_follow_the_enum() {
 }
 static_assert(rows_follow_the_enum());
 
-// Where a chain doesn't take the row's module.
+// A device for which one chain uses another module than the device's row.
 struct Deviation {
     Chain chain;
     std::string_view device;
@@ -113,13 +113,13 @@ struct Deviation {
 };
 
 constexpr std::array kDeviations{
-    // The read chain looks for these names where the others have PIC16F1827 and PIC16LF1827, which
-    // therefore go the generic way.
+    // The read chain lists these names in the place of PIC16F1827 and PIC16LF1827. Those two are
+    // therefore read the generic way.
     Deviation{Chain::Read, "PIC18F1827", Module::PIC1XF18XX},
     Deviation{Chain::Read, "PIC18LF1827", Module::PIC1XF18XX},
     Deviation{Chain::Read, "PIC16F1827", Module::Generic},
     Deviation{Chain::Read, "PIC16LF1827", Module::Generic},
-    // The verify chain holds it beside PIC18F2220 and PIC18F2320.
+    // The verify chain lists it with PIC18F2220 and PIC18F2320.
     Deviation{Chain::Verify, "PIC18F1230", Module::PIC18F2320},
 };
 

@@ -9,7 +9,7 @@
 
 namespace quillon {
 
-// In the order in which the operations look for a device. Each serves a group of devices with one
+// In the order in which the operations search for a device. Each serves a group of devices with one
 // algorithm; Generic serves every device that no other does, by its programming type.
 enum class Module : std::uint8_t {
     PIC1XF18XX,
@@ -59,7 +59,7 @@ enum class Chain : std::uint8_t { Blank, Program, Read, Verify };
 Module module_of(std::string_view device, Chain chain = Chain::Program);
 // The enumerator's own name, "generic" for Generic.
 std::string_view name_of(Module module);
-// None for Generic.
+// Empty for Generic.
 std::span<const std::string_view> devices_of(Module module);
 
 }  // namespace quillon

@@ -8,7 +8,7 @@
 
 namespace quillon {
 
-// In the order of the cores. T is for the digit that a name can't begin with.
+// In the order of the cores. The T is there because a name can't begin with a digit.
 enum class ProgrammingType : std::uint8_t {
     Other,  // a token that no routine knows, or none
     // 12-bit words
@@ -33,7 +33,7 @@ enum class ProgrammingType : std::uint8_t {
     LDR412A,
     LDR418,
     // 16-bit words
-    T18C,  // any token that begins "18" and is none of the flash parts'
+    T18C,  // any token that begins "18" but not "18F"
     T18F,  // any other token that begins "18F"
     T18F_00,
     T18F_01,
@@ -68,7 +68,7 @@ bool is_14bit(ProgrammingType type);
 bool is_pic18(ProgrammingType type);
 // Tokens that begin "18F": the flash parts, whose files and ID have a form of their own.
 bool is_pic18_flash(ProgrammingType type);
-// EEPROM in the image as two bytes a cell, 0x3F and the data.
+// The image holds an EEPROM cell as two bytes: 0x3F and the data.
 bool has_word_eeprom(ProgrammingType type);
 // The last word of program memory is a calibration word, shown in the log.
 bool logs_calibration(ProgrammingType type);

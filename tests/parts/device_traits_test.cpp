@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What goes by a device's name alone.
+// What depends on a device's name alone.
 #include "parts/device_traits.h"
 
 #include <gtest/gtest.h>

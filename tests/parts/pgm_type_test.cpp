@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which core each token of the catalogue belongs to, and what else goes by it.
+// Which core each token of the catalogue belongs to, and what else depends on it.
 #include "parts/pgm_type.h"
 
 #include <gtest/gtest.h>
