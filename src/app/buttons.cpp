@@ -15,7 +15,7 @@ constexpr std::string_view kProgram = "プログラム(&P)";
 constexpr std::string_view kProgramSkipping = "ﾌﾞﾗﾝｸﾁｪｯｸ ｽｷｯﾌﾟ\r\nプログラム(&P)";
 }  // namespace text
 
-// "5X_28" and "5X_18" are spellings that this list alone knows; a catalogue says "5X28", "5X18".
+// Only this list has the spellings "5X_28" and "5X_18"; a catalogue has "5X28" and "5X18".
 constexpr std::array<std::string_view, 8> kNoAreaOperations{
     "5X_28", "5X_18", "12C5", "12C6", "EPROM", "EPROM2", "18C_00", "18C_01",
 };

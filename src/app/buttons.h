@@ -8,14 +8,14 @@
 
 namespace quillon {
 
-// Sets Command_program's caption and the controls that flash parts only have.
+// Sets Command_program's caption and enables the controls that only flash parts use.
 void ApplyBlankSkip(std::string_view DeviceName, MainForm& form);
 
-// Runs at the start of every device operation: what would start or disturb another is disabled.
+// Called at the start of every device operation: disables what would start or disturb another.
 void LockButtons(MainForm& form);
 // Enables them again; Cmd_Extend_Program stays disabled for one-time types.
 void UnlockButtons(std::string_view PgmType, MainForm& form);
-// The end of a flow: in production mode (mnuLock) the three buttons of the line, else all.
+// Called at the end of a flow. In production mode (mnuLock) it enables three buttons, else all.
 void release_buttons(std::string_view PgmType, MainForm& form);
 
 }  // namespace quillon

@@ -45,7 +45,8 @@ struct Shape;
 using AnyControl = std::variant<Label*, TextBox*, RichTextBox*, CheckBox*, ComboBox*, Button*,
                                 MenuItem*, Grid*, TabSet*, ProgressBar*, Shape*>;
 
-// The base of the structs of controls. Forms don't move: their controls are known by address.
+// The base of the structs of controls. A form can't be copied or moved: its controls are known by
+// their addresses.
 class Form {
   public:
     Form() = default;
@@ -56,10 +57,11 @@ class Form {
     Property<bool> Enabled{true};
     Property<bool> Visible{false};
     Property<bool> WaitCursor{false};
-    // Name of the control that should get the focus. Set again for the same control by clearing it.
+    // Name of the control that should get the focus. To focus the same control again, clear it
+    // first.
     Property<std::string> Focus;
 
-    // nullptr-free lookup: the entry, or nothing where no control has that name.
+    // The entry, or nullptr where no control has that name.
     const std::pair<std::string, AnyControl>* find(std::string_view name) const {
         for (const auto& entry : controls_)
             if (entry.first == name) return &entry;
@@ -125,8 +127,8 @@ struct CheckBox : Control {
     Property<bool> Checked{false};
 };
 
-// A list with a chosen entry. select() is what a user's choice and an assignment to the list index
-// do: both fire Click.
+// A list with a chosen entry. select() does what a user's choice and an assignment to the list
+// index do: it fires Click.
 struct ComboBox : Control {
     ComboBox(Form& form, std::string_view control_name) : Control{control_name} {
         form.add(name, this);
@@ -143,13 +145,13 @@ struct ComboBox : Control {
         if (Click) Click();
         return true;
     }
-    // Chooses the entry that reads so; false where there is none.
+    // Chooses the entry with that text; false where there is none.
     bool select(std::string_view entry) {
         for (std::size_t i = 0; i < Items.get().size(); ++i)
             if (Items.get()[i] == entry) return select(static_cast<int>(i));
         return false;
     }
-    // The choice alone, with no Click.
+    // Changes the choice without firing Click.
     void show(int index) {
         ListIndex.set(index);
         Text.set(Items.get()[static_cast<std::size_t>(index)]);

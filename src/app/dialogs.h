@@ -45,7 +45,8 @@ class Dialogs {
     virtual BoxAnswer box(const MessageBox& box) = 0;
     // The chosen path, nothing where the user cancelled.
     virtual std::optional<std::filesystem::path> file(const FileDialog& dialog) = 0;
-    // frmHint; returns FormAnswer: 1 OK, 2 cancel. The hint button opens the document and asks on.
+    // frmHint; returns FormAnswer: 1 OK, 2 cancel. The hint button opens the document and leaves
+    // the question open.
     virtual int frmHint(const HintQuestion& question) = 0;
     // Frm_VPP_DECIDE with the text of its Label1; returns FormAnswer: 1 VPP, 2 VDD, 0 closed.
     virtual int Frm_VPP_DECIDE(const std::string& Label1) = 0;

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kSeparators = "/\\";
 
-// The names in a folder that are `name` but for their case, the exact one first.
+// The names in a folder that equal `name` when case is ignored, the exact one first.
 std::vector<fs::path> candidates(const fs::path& folder, const fs::path& name) {
     std::error_code error;
     std::vector<fs::path> found;
@@ -32,7 +32,7 @@ std::vector<fs::path> candidates(const fs::path& folder, const fs::path& name) {
         if (there != name && upper(there.string()) == wanted) found.push_back(there);
     }
     std::ranges::sort(found);
-    // First, and also where the folder may be passed but not listed.
+    // The exact name is tried first, and also where the folder may be entered but not listed.
     found.insert(found.begin(), name);
     return found;
 }
@@ -107,7 +107,7 @@ bool takes_files(const fs::path& folder) {
 bool MakeFolder(std::string& path, Ask ask, Dialogs& dialogs) {
     std::error_code error;
     if (fs::is_directory(path, error)) return true;
-    if (path.starts_with('A')) return false;  // a diskette drive, once
+    if (path.starts_with('A')) return false;  // the letter of a diskette drive
     if (ask == Ask::Yes && dialogs.box({.title = std::string{folders_text::kMakeTitle},
                                         .text = fmt::format(folders_text::kMake, path),
                                         .icon = BoxIcon::Question,

@@ -16,7 +16,7 @@ namespace quillon {
 inline constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
 
 // The path as it is spelt on the disk: itself where it exists, else the first (in alphabetical
-// order) whose names differ by case only. "\" parts folders too. Empty where there is none.
+// order) whose names differ by case only. "\" separates folders as well. Empty where there is none.
 std::filesystem::path on_disk(const std::filesystem::path& path);
 
 // True for a file that can be opened for reading.

@@ -12,8 +12,8 @@
 
 namespace quillon {
 
-// Thrown out of a wait that the user has given up, and by the port when it vanishes. Nothing
-// catches it but the frame of an operation, which closes the port and gives the controls back.
+// Thrown out of a wait that the user has given up, and by the port when it vanishes. Only the frame
+// of an operation catches it; the frame then closes the port and enables the controls again.
 struct Abandoned {
     enum class Reason : std::uint8_t {
         Stopped,      // the stop button or Esc: this operation alone
@@ -35,12 +35,12 @@ class Host {
     virtual Time now() const = 0;
     // Local calendar time, for the log and the messages.
     virtual std::tm local_time() const = 0;
-    // At least the given time. The interface stays alive meanwhile; may throw Abandoned.
+    // At least the given time. The interface stays responsive meanwhile. May throw Abandoned.
     virtual void sleep(std::chrono::milliseconds time) = 0;
-    // Gives the interface one turn. Throws Abandoned once the user has given up.
+    // Handles the interface's pending events once. Throws Abandoned once the user has given up.
     virtual void pump() = 0;
-    // Makes the pump and the sleep of the running operation throw. Stopped is forgotten at the end
-    // of that operation; any other reason stays in force for all that follow.
+    // Makes the pump and the sleep of the running operation throw. Stopped is cleared at the end of
+    // that operation; any other reason also applies to all operations that follow.
     virtual void give_up(Abandoned::Reason reason) = 0;
 
     // The folder of device6.ini and of the documents, with a separator at its end.
@@ -49,9 +49,9 @@ class Host {
     virtual std::filesystem::path documents_folder() const = 0;
     // Opens a file or a web page with its default program; false where that can't be done.
     virtual bool open_document(const std::string& path_or_url) = 0;
-    // Replaces a file whole or not at all: written beside it, flushed to the disk, renamed. A
-    // device or a pipe is written to directly. Returns the reason where that failed; the old
-    // content is then unchanged.
+    // Replaces a file whole or not at all: the content is written beside it, flushed to the disk
+    // and renamed. A device or a pipe is written to directly. Returns the reason if that failed;
+    // the old content is then unchanged.
     [[nodiscard]] virtual std::optional<std::string> write_file(const std::filesystem::path& path,
                                                                 std::string_view content) = 0;
     // A text of the system's code page as UTF-8. Bytes that don't convert become U+FFFD.

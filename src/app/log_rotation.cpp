@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Rotation of the log chain.
 //
-// The oldest file steps aside first and goes last: until all others have found their new place, all
-// that was there can be put back. A crash on the way leaves one gap in the chain, and the oldest
-// file aside says that it is one: the next start takes the moves back and begins anew. A gap that
-// the user has made is filled with an empty file.
+// The oldest file is first renamed to kAside and deleted last. Until all others have moved, every
+// move can be undone. A crash on the way leaves one gap in the chain and a file kAside. With that
+// file there, the next start undoes the moves and rotates again. Without it, the user made the gap,
+// and it is filled with an empty file.
 #include <ranges>
 #include <system_error>
 #include <utility>
@@ -39,8 +39,9 @@ class Moves {
     std::vector<std::pair<fs::path, fs::path>> done_;
 };
 
-// False where a file can't be moved now; what has been moved by then is right, and the next start
-// goes on from there. The current file moves last: where it alone is missing, all had been done.
+// False where a file can't be moved now. The moves made by then are right, and the next start
+// continues from there. Rotation moves the current file last: if only that one is missing, all
+// moves were complete.
 bool take_back_interrupted(const fs::path& folder, const MoveFile& move) {
     std::error_code error;
     if (!fs::exists(folder / kAside, error)) return true;

@@ -31,7 +31,7 @@ struct MainForm : Form {
     Label LblCheckSUM{*this, "LblCheckSUM"};
 
     // ID and configuration. Boxes are limited to the digits that their values have: a digit beyond
-    // them would be dropped without a word. The limit of Text_ID follows the device.
+    // them would be dropped silently. The limit of Text_ID follows the device.
     TextBox Text_ID{*this, "Text_ID"};
     TextBox Text_ID1{*this, "Text_ID1", "", 4};
     TextBox Text_ID2{*this, "Text_ID2", "", 4};

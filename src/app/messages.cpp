@@ -41,7 +41,7 @@ void Messages::AddMessage(std::string_view main_text, std::string_view extra) {
     show(std::move(message));
 }
 
-// A name from outside that a text holds must not steer the terminal on which it is shown.
+// A text may hold a name from a file, whose control characters must not reach the user's terminal.
 void Messages::show(ShownMessage message) {
     message.text = printable_lines(message.text);
     message.extra = printable_lines(message.extra);

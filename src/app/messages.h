@@ -10,7 +10,7 @@
 
 namespace quillon {
 
-// A message as it was shown, for those who follow along: the command line, a test.
+// A message as it was shown, for its observers: the command line, a test.
 struct ShownMessage {
     std::string text;  // the main text without its colour prefix
     std::string extra{};
@@ -26,14 +26,14 @@ class Messages {
     // begins "<<注意>>", "RED" in any case, or " RED" is shown in red; the latter two are cut off,
     // from any text that happens to begin so.
     void ShowMessage(std::string_view main_text, std::string_view extra = "");
-    // The text as it is, in black: for one that begins with a name of the user's.
+    // Shows the text unchanged and in black: for a text that begins with a name chosen by the user.
     void ShowPlain(std::string_view text);
-    // The first rule, on a new line behind the present text.
+    // Like ShowMessage, but on a new line after the present text.
     void AddMessage(std::string_view main_text, std::string_view extra = "");
 
     enum class Progress { On, Off };
-    // Off, and a value that has reached max, hide the bar. On redraws it at each hundredth part of
-    // max; a max below 100 shows nothing.
+    // The bar is hidden by Off and by a value that has reached max. On redraws it at each hundredth
+    // part of max. A max below 100 shows nothing.
     void ShowProgress(Progress state, int min = 0, int max = 0, int value = 0);
 
     Signal<const ShownMessage&> shown;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The settings that start-up reads as numbers, with their defaults and the range that can be used.
 //
-// A hand or a damaged disk may put anything into the store: a number out of its range is taken for
-// one that doesn't convert.
+// An edit by hand or a damaged disk may put anything into the store. A number out of its range is
+// treated like a text that isn't a number.
 #pragma once
 
 #include <array>

@@ -39,8 +39,8 @@ void OperationLog::note(std::string_view text) {
 }
 
 void OperationLog::append(const std::string& line) {
-    // The folder may have been tidied away since the start. Its parents are not made: a drive that
-    // is gone has to be reported.
+    // The folder may have been deleted since the start. Its parents aren't created: a drive that is
+    // gone has to be reported.
     std::error_code ignored;
     fs::create_directory(session_.TempDir, ignored);
     if (!append_line(fs::path{session_.TempDir} / kLogFiles.front(), line)) {
@@ -51,8 +51,8 @@ void OperationLog::append(const std::string& line) {
     appended.emit(line);
 }
 
-// The verdict on the part stays on the screen, in the colour that it has: a log that can't be
-// written makes no good part look bad, and no bad one look good.
+// Appends to the verdict on the part and keeps its colour: a log that can't be written must not
+// make a good part look bad, nor a bad one good.
 void OperationLog::tell_once() {
     if (told_) return;
     told_ = true;

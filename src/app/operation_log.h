@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The operation log: a chain of text files in TempDir, "LOG_NEW0.txt" the current one.
 //
-// A line is written whole or not at all: what a full disk cut off is taken back, so that the next
-// line doesn't run into half of this one. Control characters in a name are shown escaped, so that
-// no name can add a field or a line.
+// A line is written whole or not at all: a line that a full disk cut short is removed again, so
+// that the next one doesn't follow half a line. Control characters in a name are shown escaped, so
+// that no name can add a field or a line.
 #pragma once
 
 #include <array>
@@ -34,7 +34,7 @@ class OperationLog {
     // Appends the result line: FailDetail, device, ID, calibration where the type has it, file, a
     // TAB, date and time.
     void LOG_data_write();
-    // Appends what an operation without a result leaves: the text, two TABs, date and time.
+    // Appends the line of an operation without a result: the text, two TABs, date and time.
     void note(std::string_view text);
 
     Signal<const std::string&> appended;  // each line that was written, without its end

@@ -12,7 +12,7 @@ enum class Outcome : std::uint8_t {
     NoDevice,   // none selected
     NotServed,  // no algorithm for this device yet
     NoBoard,    // the board wasn't found, or the port can't be opened
-    Cancelled,  // by an answer
+    Cancelled,  // by the answer to a question
     GivenUp,    // the user stopped, closed or interrupted it, or the deadline passed
     PortLost,   // the port vanished under it
 };

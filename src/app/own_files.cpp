@@ -23,7 +23,8 @@ bool write_fresh(const fs::path& path, std::string_view content) {
     std::error_code error;
     if (fs::is_directory(fs::symlink_status(path, error))) return false;
     fs::remove(path, error);
-    // "x" makes the file or fails: what has come in between is not written to.
+    // "x" creates the file or fails: a file that has appeared since the removal is never written
+    // to.
     std::FILE* const file = std::fopen(path.string().c_str(), "wbx");
     if (file == nullptr) return false;
     const bool written = std::fwrite(content.data(), 1, content.size(), file) == content.size();
@@ -51,7 +52,7 @@ namespace {
 
 constexpr int kFilePermissions = 0666;  // less the user's mask
 
-// Doesn't wait for the reader of a pipe in the file's place.
+// O_NONBLOCK: where a pipe has the file's name, the open must not wait for a reader.
 int open_to_append(const fs::path& path) {
     return ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC,
                   kFilePermissions);

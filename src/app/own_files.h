@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Files that the program keeps for itself in the work folder.
 //
-// Somebody else may have put a link there by the name of a file that is about to be written: it is
-// never followed, so that nothing outside the folder is written over.
+// Another user may have put a link there under the name of such a file. A link is never followed,
+// so that nothing outside the folder is overwritten.
 #pragma once
 
 #include <filesystem>
@@ -11,11 +11,12 @@
 namespace quillon {
 
 // Makes the file anew with that content. A file or a link of its name is removed first; a folder
-// stays. False where that failed, which a caller may leave at that: none of these files is needed.
+// stays. False if that failed. A caller may ignore it: none of these files is needed.
 bool write_fresh(const std::filesystem::path& path, std::string_view content);
 
-// Appends a line; the file is made where it is absent. False for a link, for anything else that is
-// no file, and where not all of the line could be written: the file has its former length then.
+// Appends a line; the file is made where it is absent. False for a link, for anything else that
+// isn't a regular file, and if the line couldn't be written whole: the file then has its former
+// length.
 [[nodiscard]] bool append_line(const std::filesystem::path& path, std::string_view line);
 
 }  // namespace quillon

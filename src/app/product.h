@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the program says of itself.
+// The program's name, description and version, as it shows them.
 #pragma once
 
 #include <string_view>

@@ -40,7 +40,7 @@ class Connection {
     std::function<void()> disconnect_;
 };
 
-// A list of callbacks with a life of its own, so that a Connection can outlive its signal.
+// A list of callbacks in shared ownership, so that a Connection can outlive its signal.
 template <typename... Args>
 class Signal {
   public:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The values that live from start to exit, under the names that the system gives them.
 //
-// Plain data: behaviour stays with the classes that own a job. One object a run, handed down by
+// Plain data: behaviour stays with the classes that own a job. One object per run, passed by
 // reference. It is large (the image alone is 2 MB), so it lives on the heap or in main's frame.
 #pragma once
 
@@ -80,7 +80,7 @@ struct Counters {
     std::int32_t FailCount = 0;
 };
 
-// What the last operation came to.
+// The results of the last operation.
 struct OperationResult {
     Token Status = Token::None;
     Token ResultPgm = Token::None;

@@ -8,14 +8,14 @@
 
 namespace quillon {
 
-// A key-value file of texts, per user. Both calls may fail quietly: a store that can't be read
-// gives nothing, one that can't be written answers false.
+// A key-value file of texts, per user. Neither call reports an error of its own: a store that can't
+// be read has no values, and a failed write returns false.
 class SettingsStore {
   public:
     virtual ~SettingsStore() = default;
     virtual std::optional<std::string> read(std::string_view section, std::string_view key) = 0;
     virtual bool write(std::string_view section, std::string_view key, std::string_view value) = 0;
-    // What is wrong with the store, for the user to read; empty while nothing is.
+    // What is wrong with the store, as a text for the user; empty if nothing is.
     virtual std::string problem() const { return {}; }
 };
 

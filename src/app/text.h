@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Small operations on texts. Case and blanks are ASCII's: names and keys hold nothing else.
+// Small operations on texts. Only ASCII letters have cases and only ASCII blanks count as blanks:
+// names and keys hold no others.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +24,7 @@ std::string hex(std::uint64_t value, int digits);
 // Two digits a byte, with nothing between.
 std::string hex_bytes(std::span<const std::uint8_t> bytes);
 // The text with every control character, and every byte that isn't UTF-8, shown as "\x1B": so that
-// a name from outside neither steers a terminal nor ends a line.
+// a name from a file can neither control a terminal nor end a line.
 std::string printable(std::string_view text);
 // The same for a text of several lines: CR and LF stay.
 std::string printable_lines(std::string_view text);

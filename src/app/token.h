@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The status words that routines hand back.
+// The status words that routines return.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 namespace quillon {
 
 enum class Token : std::uint8_t {
-    None,    // "": nothing has been said yet
+    None,    // "": no result yet
     OK,      // "OK": done, and the data agreed
     NG,      // "NG": the data disagreed, or the step was refused
     ER,      // "ER": the end code or the data didn't come
@@ -20,7 +20,7 @@ enum class Token : std::uint8_t {
 
 std::string_view text(Token token);
 
-// What of the device is protected against being read.
+// The areas of the device that are protected against being read.
 struct Protection {
     bool pgm = false;
     bool eep = false;
@@ -47,7 +47,7 @@ constexpr bool all_blank(const AreaTokens& result) {
     return result == AreaTokens{YB, YB, YB} || result == AreaTokens{YB, Absent, YB};
 }
 
-// "OK----" is a run that had program memory only in its charge.
+// "OK----" is the result of a run for program memory alone.
 constexpr bool all_verified(const AreaTokens& result) {
     using enum Token;
     return result == AreaTokens{OK, OK, OK} || result == AreaTokens{OK, Absent, OK} ||

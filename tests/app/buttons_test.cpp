@@ -102,7 +102,7 @@ TEST(UnlockButtons, leaves_the_area_operations_disabled_for_one_time_types) {
     }
 }
 
-// The list knows "5X_28" where the catalogue says "5X28".
+// The list has "5X_28" where the catalogue has "5X28".
 TEST(UnlockButtons, enables_the_area_operations_for_the_catalogues_spelling_of_5X28) {
     MainForm form;
     LockButtons(form);

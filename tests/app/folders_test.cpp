@@ -202,7 +202,7 @@ TEST_F(takes_files_, is_true_for_a_folder_that_can_be_written_and_leaves_nothing
     EXPECT_TRUE(fs::is_empty(folder.path()));
 }
 
-// The superuser may write to any folder but those of the kernel.
+// The test may run as the superuser, who can write to any folder except the kernel's.
 TEST_F(takes_files_, is_false_for_a_folder_that_takes_none_and_for_one_that_is_not_there) {
     EXPECT_FALSE(takes_files("/proc/self"));
     EXPECT_FALSE(takes_files(folder / "absent"));

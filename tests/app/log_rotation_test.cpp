@@ -156,7 +156,7 @@ TEST_F(rotate_log_, waits_for_a_start_at_which_what_a_crash_left_can_be_moved) {
     EXPECT_EQ(chain(), kPushed);
 }
 
-// As far as it can be had without a disk of its own: no file may grow, empty ones can be made.
+// Imitates a full disk: no file may grow, but empty ones can be created.
 TEST_F(rotate_log_, needs_no_room_on_the_disk) {
     given(kFull);
     {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The numbers of the settings store: key, default, range, and what is taken for neither.
+// The numbers of the settings store: key, default, range, and which texts aren't accepted.
 #include "app/number_settings.h"
 
 #include <gtest/gtest.h>

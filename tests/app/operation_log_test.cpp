@@ -48,7 +48,7 @@ TEST_F(LOG_data_write, writes_result_device_id_file_and_time) {
               "プログラム成功  PIC16F877A  ID:FFFF  /home/u/blink.hex\t2026-11-20 14:03:22\n");
 }
 
-// A TAB parts the fields and a line end the lines: a name has neither.
+// A TAB separates fields and a line end separates lines, so a name must contain neither.
 TEST_F(LOG_data_write, shows_control_characters_escaped_so_that_no_line_can_be_forged) {
     session.DeviceName = "PIC\x1b[2J";
     session.LoadedHexPath = "/home/u/a.hex\t2026-01-01 00:00:00\nプログラム成功  PIC16F84A";
@@ -121,8 +121,8 @@ TEST_F(LOG_data_write, leaves_a_note_of_an_operation_without_a_result) {
     EXPECT_EQ(content(), "電源の異常\t\t2026-11-20 14:03:22\n");
 }
 
-// A folder in the file's place stands for every file that can't be opened for writing: the
-// superuser, who runs tests, is stopped by no attribute.
+// A folder takes the place of a file that can't be opened for writing: tests may run as the
+// superuser, whom a read-only attribute doesn't stop.
 TEST_F(LOG_data_write, tells_once_that_the_log_cannot_be_opened_and_keeps_the_verdict) {
     fs::create_directory(folder / "LOG_NEW0.txt");
     messages.ShowMessage("プログラム成功");

@@ -66,7 +66,7 @@ TEST_F(own_files, get_a_line_at_their_end) {
     EXPECT_EQ(folder.read("file"), "one\ntwo\n");
 }
 
-// The open of a pipe that nobody reads would wait for ever.
+// A blocking open of a pipe that has no reader would never return.
 TEST_F(own_files, get_no_line_where_a_pipe_has_their_name) {
     ASSERT_EQ(::mkfifo((folder / "file").c_str(), 0600), 0);
     EXPECT_FALSE(append_line(folder / "file", "line"));
