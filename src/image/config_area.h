@@ -20,7 +20,7 @@ inline constexpr std::size_t kConfig1 = 14;
 // Byte index of configuration word n, 1 to 7.
 constexpr std::size_t place_of_word(std::size_t n) { return 12 + 2 * n; }
 
-// Configuration word n without the two bits that a 14-bit word hasn't.
+// Configuration word n without the two bits that a 14-bit word doesn't have.
 std::uint16_t word(std::span<const std::uint8_t> area, std::size_t n);
 // Puts all 16 bits into the image. An EPROM2 part's word 1 gets its mark.
 void put_word(Session& session, std::size_t n, std::uint32_t value);

@@ -15,7 +15,7 @@
 namespace quillon {
 
 // Bytes of PgmMem that the device's words take, and of EepMem that its cells take at two bytes a
-// cell. A catalogue may ask for more than the arrays hold: never more than that, never below 0.
+// cell. Never below 0 and never beyond the arrays, as a catalogue may ask for more than they hold.
 std::size_t program_span(const Session& session);
 std::size_t eeprom_span(const Session& session);
 

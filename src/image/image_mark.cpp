@@ -11,7 +11,7 @@ namespace quillon {
 
 namespace {
 
-// ID and configuration words of the files that aren't a PIC18's.
+// Bytes of ID and configuration words in the files of all parts but the PIC18.
 constexpr std::size_t kAreaBytes = 32;
 
 void append(std::vector<std::uint8_t>& bytes, std::span<const std::uint8_t> more) {
@@ -28,7 +28,7 @@ void append_pic18(std::vector<std::uint8_t>& bytes, const Session& session) {
     }
 }
 
-// Of a cell's two bytes the file holds the second.
+// The file holds only the second of a cell's two bytes.
 void append_word_image(std::vector<std::uint8_t>& bytes, const Session& session) {
     for (std::size_t at = 1; at < eeprom_span(session); at += 2)
         bytes.push_back(session.EepMem[at]);

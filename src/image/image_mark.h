@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a HEX file of the selected device would hold, to be compared at a later time: whether the
+// Remembers what a HEX file of the selected device would hold. A later comparison shows whether the
 // image is still what was loaded or saved.
 #pragma once
 
@@ -16,8 +16,8 @@ class ImageMark {
     ImageMark() = default;  // of no device: equal to no image
     explicit ImageMark(const Session& session);
 
-    // The same device, and the same values in all that a file holds. The image's other places,
-    // which a load or an operation may leave anyhow, don't count.
+    // True for the same device with the same values in all that a file holds. The rest of the image
+    // doesn't count: a load or an operation may leave anything there.
     bool is_of(const Session& session) const;
     bool has_device() const { return !DeviceName_.empty(); }
 

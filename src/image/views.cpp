@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Renders the memory views.
 //
-// A line is put together in a buffer of its own and appended whole: a 64K-word part has 8,192 of
-// them, and a view is rendered at each load, read and verify.
+// For speed, each line is built in a buffer and appended whole: a part of 64K words has 8,192
+// lines, and a view is rendered at each load, read and verify.
 #include "image/views.h"
 
 #include <fmt/format.h>
@@ -41,7 +41,7 @@ class Line {
     void put_hex(std::size_t value, unsigned digits) {
         while (digits-- > 0) put(kDigits[value >> (4 * digits) & 0xFU]);
     }
-    // The character column: what can't be printed is a dot.
+    // The character column: a byte that can't be printed is shown as a dot.
     void put_character(std::uint8_t byte) {
         if (byte >= 32 && byte <= 126)
             put(static_cast<char>(byte));
@@ -75,7 +75,7 @@ Line program_line(std::size_t address, std::span<const std::uint8_t> bytes, Data
         line.put(' ');
     }
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-        // The first byte of a word holds its upper bits only, but for PIC18.
+        // Except on PIC18, the first byte of a word holds only its upper bits.
         if (i % 2 == 0 && first == FirstByte::Dot)
             line.put(kDot);
         else
@@ -120,7 +120,7 @@ std::string id_digits(const Session& session) {
     return digits;
 }
 
-// Word of CfgIdMem at an even index, without what lies above 14 bits, as four digits.
+// The low 14 bits of the word of CfgIdMem at an even index, as four digits.
 std::string word_digits(const Session& session, std::size_t index) {
     return hex((session.CfgIdMem[index] & 0x3FU) * 256U + session.CfgIdMem[index + 1], 4);
 }
@@ -135,17 +135,17 @@ std::string binary_word_digits(const Session& session, std::size_t index) {
 
 }  // namespace
 
-// The view is shown without its file too: a full disk must not take the image from the user's
-// sight.
+// The view is shown even if its file can't be written: a full disk must not hide the image from the
+// user.
 //
-// The file is made anew, never emptied: some file systems bring a file that was emptied to the disk
-// before its close returns, which held up a selection for up to 160 ms.
+// The file is deleted and created again, never truncated: some file systems flush a truncated file
+// to the disk before its close returns, which delayed a selection by up to 160 ms.
 void MemoryViews::write_display_file(std::string_view name, std::string_view text) const {
     const auto& folder = folder_ ? *folder_ : session_.TempDir;
     if (!folder.empty()) write_fresh(path_of(folder) / name, text);
 }
 
-// Hidden while it changes, then as it was before.
+// The box is hidden while its text changes, then as visible as before.
 void MemoryViews::show_eeprom_text(std::string text) {
     auto& box = form_.rText_EepromMem;
     const bool visible = box.Visible.get();

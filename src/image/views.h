@@ -18,8 +18,8 @@ class MemoryViews {
     MemoryViews(Session& session, MainForm& form, Host& host)
         : session_{session}, form_{form}, host_{host} {}
 
-    // Where the display files go, with a separator at its end; "" for nowhere. TempDir unless it is
-    // set: two programs at once must not write the same file.
+    // The folder of the display files, with a separator at its end; "" writes none. The default is
+    // TempDir. Two programs that run at once must not write the same file.
     void keep_files_in(std::string folder) { folder_ = std::move(folder); }
 
     void ShowProgramMemory();  // "pgmmemory_temp.txt" and RichTxtPgmMem

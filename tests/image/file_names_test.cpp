@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Names between texts and paths.
+// File names converted between texts and paths.
 #include "image/file_names.h"
 
 #include <gtest/gtest.h>

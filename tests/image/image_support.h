@@ -32,7 +32,8 @@ inline std::string upper_address(unsigned upper) {
     return record(4, 0, {static_cast<std::uint8_t>(upper >> 8U), static_cast<std::uint8_t>(upper)});
 }
 
-// What tools write for data between 64 K and 1 MB: a sixteenth of the address that is added.
+// A segment record, which tools write for data between 64 K and 1 MB. The value is a sixteenth of
+// the address to add.
 inline std::string segment(unsigned value) {
     return record(2, 0, {static_cast<std::uint8_t>(value >> 8U), static_cast<std::uint8_t>(value)});
 }

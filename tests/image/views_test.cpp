@@ -184,7 +184,7 @@ TEST(ShowProgramMemory, loads_the_box_with_its_drawing_off) {
 
 TEST(MemoryViews, show_the_image_where_the_display_files_cannot_be_written) {
     Bench bench{device("FLASH8", "PIC16F877A", 8, 16)};
-    // Folders in the files' places, no folder at all, none named: none can be written.
+    // No file can be written: a folder has its name, the work folder is missing, or none is named.
     std::filesystem::create_directory(bench.folder / "pgmmemory_temp.txt");
     std::filesystem::create_directory(bench.folder / "eepmemory_temp.txt");
     const std::string in_place = bench.session->TempDir;
