@@ -36,7 +36,7 @@ std::span<const Fuse> fuses_of(const std::string& DeviceName) {
 }
 
 std::uint16_t config_of(const Session& session) {
-    // The oscillator's two bits stand for themselves.
+    // The oscillator's byte is the value of the word's two lowest bits.
     std::uint16_t word = session.CfgIdMem[8] <= 3 ? session.CfgIdMem[8] : 0;
     for (const auto& fuse : fuses_of(session.DeviceName))
         if (session.CfgIdMem[fuse.byte] == fuse.value) word |= fuse.bits;

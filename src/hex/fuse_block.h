@@ -7,7 +7,7 @@
 namespace quillon {
 
 // Turns the block's bytes, as they came into CfgIdMem from index 0, into ID words and configuration
-// word 1. The device's name decides what a fuse stands for.
+// word 1. The device's name decides what a fuse means.
 void apply_fuse_block(Session& session);
 
 }  // namespace quillon

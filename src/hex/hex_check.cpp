@@ -25,17 +25,18 @@ constexpr std::ptrdiff_t kCfgIdBytes = 32;
 constexpr std::ptrdiff_t kEepromBytes = std::tuple_size_v<decltype(MemoryImage::EepMem)>;
 constexpr std::ptrdiff_t kId18Bytes = 8;
 constexpr std::ptrdiff_t kConfig18Bytes = std::ptrdiff_t{2} * kConfigWords;
-// What lies behind these makes the loader stop.
+// Data beyond these arrays make the loader stop.
 constexpr std::ptrdiff_t kCfgIdArray = std::tuple_size_v<decltype(MemoryImage::CfgIdMem)>;
 constexpr std::ptrdiff_t kConfig18Array = std::tuple_size_v<decltype(MemoryImage::CfgBytes18)>;
-// The two device-ID words of a PIC18, 0x3FFFFE: a dump has them, and nobody writes them.
+// The two device-ID words of a PIC18, 0x3FFFFE: a dump of a part holds them, but they are never
+// written.
 constexpr unsigned kDeviceId18Upper = 0x3F;
 constexpr std::ptrdiff_t kDeviceId18 = 0xFFFE;
 
-// The bytes written to one area; a place of -1 was not.
+// The bytes that were written to one area.
 class Shadow {
   public:
-    // False where another value stands there already.
+    // False if the place already has another value.
     bool put(std::size_t index, std::uint8_t byte) {
         if (index >= bytes_.size())
             bytes_.resize(std::max(index + 1, 2 * bytes_.size()), kUnwritten);
@@ -77,17 +78,17 @@ class Checker {
     const DeviceRecord& device_;
     const bool pic18_;
     const bool full_;
-    const bool may_fold_;  // the part's own addresses lie above 64 K, but aren't asked for
+    const bool may_fold_;  // the part has full addresses, but the file is read folded
     const IdBehindProgram id_behind_;
     std::uint32_t base_ = 0;  // what is added to the records' addresses
     bool ended_ = false;
-    bool has_id_12bit_ = false;      // where such a part's ID is looked for first
+    bool has_id_12bit_ = false;      // an ID at an address that has precedence
     Findings behind_program_;        // ID words behind a 12-bit part's program
     std::array<Shadow, 8> written_;  // by HexArea
     HexCheck check_;
 };
 
-// All bytes of a record, its check sum included, sum up to 0.
+// True if the sum of all bytes of the record, its check sum included, is 0 modulo 0x100.
 bool sum_is_right(std::string_view item) {
     const auto count = hex_byte_at(item, 2);
     if (!count) return false;
@@ -116,13 +117,13 @@ void Checker::take(std::string_view item, std::size_t line) {
     take_data(*record, line);
 }
 
-// Dropping a segment of 0, with which many files begin, matters only where it was to end an upper
+// Many files begin with a segment of 0. Dropping it matters only if it should have ended an upper
 // address that the loader follows.
 void Checker::take_segment(std::string_view item, std::size_t line) {
     const auto value = address_value(item);
     if (!value) return;
     if (!full_ && (*value != 0 || (pic18_ && base_ != 0))) check_.segments.add(line);
-    // A PIC18's data stay where its loader puts them.
+    // The PIC18 loader ignores segments, so its data aren't moved.
     if (!pic18_) base_ = *value << 4;
 }
 
@@ -137,8 +138,8 @@ void Checker::take_data(const HexRecord& record, std::size_t line) {
     for (std::size_t at = 0; 2 * at < record.data_characters(); ++at, ++index) {
         const auto byte = record.byte(kHexData + 2 * at);
         if (!byte) return;
-        if (cells && at % 2 != 0) continue;  // the upper half of a cell stands for nothing
-        // What was folded has a place in the device, and is told as such.
+        if (cells && at % 2 != 0) continue;  // the upper half of a cell is unused
+        // Folded data have a place in the device; they are reported as folded instead.
         if (!folded)
             if (auto* found = misplaced(record, {area, index}, is_blank(record, at)))
                 found->add(line);
@@ -148,7 +149,7 @@ void Checker::take_data(const HexRecord& record, std::size_t line) {
     }
 }
 
-// Where a byte counts that has no place in the device; null where it has one.
+// The findings that count a byte with no place in the device; null for a byte that has one.
 Findings* Checker::misplaced(const HexRecord& record, HexPlace place, bool blank) {
     if (!is_outside(record, place, blank)) return nullptr;
     if (place.area == HexArea::Program && id_behind_.holds(static_cast<std::size_t>(place.index)))
@@ -162,7 +163,7 @@ HexPlace Checker::place_of(const HexRecord& record) const {
     return word_image_place(record.address());
 }
 
-// Above 64 K, or program that the zones of the smaller parts take for something else.
+// Data above 64 K, or program data in a zone that has another meaning in the smaller parts.
 bool Checker::is_folded(const HexRecord& record) const {
     if (!may_fold_) return false;
     const auto place = word_image_place(record.address());
@@ -170,8 +171,8 @@ bool Checker::is_folded(const HexRecord& record) const {
            (place.area != HexArea::Program && std::ptrdiff_t{record.address()} < program_bytes());
 }
 
-// `place` is one byte's. Blank padding behind the device is no data: nothing is lost with it. It
-// counts where it is folded onto something else, or where it makes the loader stop.
+// `place` is the place of one byte. Blank padding beyond the device isn't data: nothing is lost
+// without it. It counts only if it is folded onto something else or makes the loader stop.
 bool Checker::is_outside(const HexRecord& record, HexPlace place, bool blank) const {
     const std::ptrdiff_t cell = pic18_ ? 1 : 2;
     if (pic18_ && place.area == HexArea::Program && upper() >= kBehindFirst64K) return true;
@@ -215,7 +216,7 @@ bool Checker::is_blank(const HexRecord& record, std::size_t at) const {
     return record.byte(word) == 0xFF && (cell || (high & upper_bits) == upper_bits);
 }
 
-// ID and configuration of the 12-bit parts stand in the program's address space.
+// The ID and configuration of 12-bit parts are in the program's address space.
 bool Checker::is_own_word_12bit(const HexRecord& record) const {
     return is_12bit(device_.PgmType) && (record.address() == kConfig12bitAddress ||
                                          is_own_id_address(device_, record.address()));

@@ -16,15 +16,15 @@ namespace quillon {
 
 // An item ends at a line end (CR, LF or both) or at a comma. Leading blanks and TABs and trailing
 // blanks are dropped. A double-quoted item loses its quotes and may hold commas; a quote that isn't
-// closed ends with its line, so that it can't swallow the file. What stands behind a closing quote
-// is an item again.
+// closed ends with its line, so that it can't swallow the file. Text behind a closing quote is a
+// new item.
 class HexItems {
   public:
     explicit HexItems(std::string_view text) : rest_{text} {}
 
     // Nothing at the end of the text. A line end or comma that ends the text begins no item.
     std::optional<std::string_view> next();
-    // The line in which the last item stands, from 1; 0 before the first.
+    // The line of the last item, from 1; 0 before the first.
     std::size_t line() const { return line_; }
 
   private:
@@ -60,11 +60,11 @@ inline std::optional<std::uint8_t> hex_byte_at(std::string_view item, std::size_
 }
 
 // A record's fields, found by character position; positions count from 1, as in the format's own
-// description. No field is checked for sense, and the check sum is never read.
+// description. The fields' values aren't validated, and the check sum is never read.
 class HexRecord {
   public:
     // Nothing for a line that is too short or holds a bad digit in one of the three head fields. A
-    // type other than 00 is taken with the rest unread, as such a record is dropped.
+    // record of a type other than 00 is accepted with the rest unread, as it is dropped.
     static std::optional<HexRecord> parse(std::string_view item);
 
     bool is_data() const { return type_ == 0; }
@@ -97,8 +97,8 @@ bool is_segment_address(std::string_view item);
 // The 16-bit value of either; nothing where the digits are bad or missing.
 std::optional<unsigned> address_value(std::string_view item);
 
-// The items that were no records, by number. A file of millions of them, which is no HEX file at
-// all, must not become a message of millions of numbers: the list stops at kListed.
+// The numbers of the items that weren't records. The list stops at kListed: a file that isn't a HEX
+// file must not produce a message with millions of numbers.
 class SkippedItems {
   public:
     static constexpr std::size_t kListed = 10'000;
@@ -123,7 +123,7 @@ struct Findings {
     }
 };
 
-// What a loader came to. A fault stops it; what had been placed before stays.
+// The result of a load. A fault stops the load; the data placed before it remain.
 struct [[nodiscard]] HexLoad {
     bool ok = false;
     SkippedItems skipped{};

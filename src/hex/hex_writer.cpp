@@ -2,8 +2,8 @@
 // The records of the three forms, in their order.
 //
 // Word image: program, EEPROM twice, ID, configuration, with no extended address at all. PIC18:
-// program, EEPROM, configuration, ID. A line that the memory doesn't fill stays unwritten: device
-// sizes are whole lines.
+// program, EEPROM, configuration, ID. An incomplete last line isn't written: device sizes are whole
+// lines.
 #include "hex/hex_writer.h"
 
 #include <algorithm>
@@ -114,8 +114,7 @@ std::string word_image_text(const Session& session, std::string_view device_show
     HexText text;
     const std::span area{session.CfgIdMem};
     text.lines(0x0000, program_span(session), swapped(session.PgmMem));
-    // Once for each address form that readers look for; there are no lines where there are no
-    // cells.
+    // Written at both addresses where readers look for it. A device without cells gets no lines.
     text.lines(0x4200, eeprom_span(session), cells(session));
     text.lines(0x8000, eeprom_span(session), cells(session));
     id_line(text, 0x4000, session, device_shown);
@@ -128,7 +127,7 @@ std::string word_image_text(const Session& session, std::string_view device_show
     return text.finish();
 }
 
-// By ascending address, as the parts' own assemblers have it.
+// In the order of addresses, as the assemblers for these parts write it.
 std::string full_address_text(const Session& session, std::string_view device_shown) {
     HexText text;
     const std::span area{session.CfgIdMem};
@@ -148,7 +147,7 @@ void pic18_program(HexText& text, const Session& session) {
     for (std::size_t bank = 0; bank < bytes; bank += kBank) {
         const auto in_bank = std::min(bytes - bank, kBank);
         text.lines(0x0000, in_bank, swapped(image.subspan(bank, in_bank)));
-        // Right behind the line at FFF0, also where the program ends there.
+        // Follows the line at FFF0 even if the program ends there.
         if (in_bank == kBank) text.upper_address(static_cast<unsigned>(bank / kBank + 1) & 0xFF);
     }
 }

@@ -10,10 +10,10 @@
 
 namespace quillon {
 
-// The whole device, blank or not: the size of the text follows the device and not the data.
+// The text holds the whole device, blank or not: its size depends on the device, not on the data.
 // Upper-case records of 16 data bytes, lines ended by CR LF. Full addresses are for the enhanced
-// mid-range parts only. `device_shown` is the device in Combo_device. For a PIC18 flash part
-// CfgBytes18 takes the configuration words before they are written.
+// mid-range parts only. `device_shown` is the device in Combo_device. For a PIC18 flash part the
+// configuration words are copied to CfgBytes18 first.
 std::string hex_text(Session& session, std::string_view device_shown,
                      HexAddresses addresses = HexAddresses::Folded);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The zones as tables: each row from its first address up to the next row's.
+// The zones as tables: a row covers the addresses from its first one up to the next row's.
 #include "hex/hex_zones.h"
 
 #include <algorithm>
@@ -22,8 +22,8 @@ constexpr std::array kWordImage{
     Zone{0x4000, HexArea::IdRecord, 0x4000},
     Zone{0x4001, HexArea::CfgId, 0x4000},
     Zone{0x4200, HexArea::Eeprom, 0x4200},
-    // Only the upper limit is tested: what lies below 0x8000 has a negative index, which is how a
-    // file for a PIC18 is caught.
+    // The zone begins below its base. An address below 0x8000 gets a negative index, which is a
+    // fault: that is how a file for a PIC18 is detected.
     Zone{0x4400, HexArea::Eeprom, 0x8000},
     Zone{0x8200, HexArea::None, 0x8200},
     Zone{0xFF00, HexArea::FuseBlock, 0xFF00},
@@ -46,7 +46,7 @@ constexpr std::array kPic18{
     Zone{0xF1, HexArea::None, 0},
 };
 
-// The zones begin at 0 and stand in ascending order.
+// The zones begin at 0 and are in ascending order.
 const Zone& zone_of(std::span<const Zone> zones, std::uint32_t address) {
     return *std::prev(std::ranges::upper_bound(zones, address, {}, &Zone::first));
 }

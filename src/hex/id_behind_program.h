@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // ID words right behind the program of a 12-bit part, where assemblers put them.
 //
-// The parts' own ID addresses (is_own_id_address) come first: these words count only in a file that
-// has no ID there nor at 0x4000. They are found by their addresses and not by the record that they
-// begin, as an assembler joins them to the program where that is full.
+// The parts' own ID addresses (is_own_id_address) have precedence: these words count only in a file
+// that has no ID there and none at 0x4000. They are found by their addresses and not by a record's
+// start: behind a full program, an assembler puts them into the program's last record.
 #pragma once
 
 #include <array>
@@ -23,9 +23,9 @@ class IdBehindProgram {
 
     // Whether one of the four words has this byte address. Never for a part that isn't 12-bit.
     bool holds(std::size_t address) const;
-    // A program word of the file; others than these four are passed over.
+    // Notes a program word of the file if it is one of the four, and ignores any other.
     void note(std::size_t address, std::uint8_t high, std::uint8_t low);
-    // The noted words become the image's; the others stay.
+    // Copies the noted words to the image; the others keep their values.
     void take(Session& session) const;
 
   private:

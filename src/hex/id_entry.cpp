@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t kWordDigits = 4;
 constexpr std::uint32_t kHighestWord = 0x3FFF;
 
-// The value of a text of so many hexadecimal digits, at most eight.
+// The value of a text of exactly `digits` hexadecimal digits, at most eight.
 std::optional<std::uint32_t> value_of(std::string_view text, std::size_t digits) {
     if (text.size() != digits) return std::nullopt;
     std::uint32_t value = 0;

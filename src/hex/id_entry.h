@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The ID as a user enters it, carried into the memory image: what the boxes show is what a program
-// run writes and a saved file holds.
+// Copies the ID that a user enters into the memory image, so that a program run writes, and a saved
+// file holds, what the boxes show.
 #pragma once
 
 #include <string_view>
@@ -18,14 +18,13 @@ class IdEntry {
 
     // Digits of Text_ID: one for each ID word, four of them, or eight for the PIC18 flash parts.
     int digits() const;
-    // Text_ID. The words get the form that a loaded file gives them. False for a text that isn't so
-    // many hexadecimal digits: nothing is changed then.
+    // Takes the text of Text_ID. The words get the same form as from a loaded file. False, with
+    // nothing changed, for a text that isn't exactly digits() hexadecimal digits.
     [[nodiscard]] bool take_digits(std::string_view text);
-    // Text_ID1 to Text_ID4, n from 1: one whole ID word of four digits. False for anything else,
-    // and while an operation runs, which has Text_ID locked: it writes and shows the ID it began
-    // with.
+    // Takes the text of Text_ID1 to Text_ID4, n from 1: one whole ID word of four digits. False for
+    // anything else. Also false while an operation runs: it writes and shows the ID it began with.
     [[nodiscard]] bool take_word(int n, std::string_view text);
-    // Boxes that hold fewer digits than their value has show the image's again.
+    // Each box that holds fewer digits than its value has shows the image's value again.
     void drop_unfinished();
 
   private:

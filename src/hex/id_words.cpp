@@ -2,7 +2,7 @@
 // ID words of the 12-bit and 14-bit parts.
 //
 // Most parts use the low digit of each word only. Files hold the words low byte first, so a word's
-// digits stand at 12, 13 (high byte) and 10, 11 (low byte), and its low digit at 11.
+// digits are at 12, 13 (high byte) and 10, 11 (low byte), and its low digit is at 11.
 #include "hex/id_words.h"
 
 #include <algorithm>
@@ -53,12 +53,12 @@ constexpr std::array kOwnIdAddresses{
     OwnIdAddress{ProgrammingType::T5X28, "PIC16C57", Match::Prefix, 0x1000},
 };
 
-// Of the record's words those that are ID words; a last one may lack its high byte.
+// The number of ID words in the record. The last one may lack its high byte.
 std::size_t words_in(const HexRecord& record) {
     return std::min((record.data_characters() + 2) / 4, kIdWords);
 }
 
-// Ones in all 14 bits. Parity bits may be above them.
+// True for ones in all 14 bits. There may be parity bits above them.
 bool is_blank_word(const HexRecord& record, std::size_t word) {
     const auto low = record.byte(kHexData + 4 * word);
     const auto high = record.byte(kHexData + 4 * word + 2);
@@ -76,7 +76,7 @@ bool take_whole_words(const HexRecord& record, Session& session) {
     return true;
 }
 
-// The digits as they stand in the file, in its case, then the image's own.
+// The digits as the file spells them, in its case; the image's digits for words that it lacks.
 void take_id_text(const HexRecord& record, Session& session) {
     session.IdText.clear();
     for (std::size_t word = 0; word < kIdWords; ++word) {
@@ -87,7 +87,7 @@ void take_id_text(const HexRecord& record, Session& session) {
     }
 }
 
-// Even bytes take one value, odd ones what `low` makes of them.
+// Sets each even byte to `high` and each odd one to low(byte).
 template <typename Low>
 void fix_each(Session& session, std::uint8_t high, Low low) {
     for (std::size_t word = 0; word < kIdWords; ++word) {
@@ -105,7 +105,7 @@ constexpr auto with_bit_7 = [](std::uint8_t low) {
 
 }  // namespace
 
-// An erased word stays one: a part that nobody gave an ID saves and loads unchanged.
+// An erased word stays erased: a part without an ID is saved and loaded unchanged.
 bool take_id_digits(const HexRecord& record, Session& session) {
     take_id_text(record, session);
     for (std::size_t word = 0; word < words_in(record); ++word) {

@@ -2,8 +2,8 @@
 // The zones of the PIC18 loader.
 //
 // The image holds a program word high byte first, so each byte of the file goes to the other place
-// of its pair. ID, configuration and EEPROM bytes keep the file's order. The ID and EEPROM zones go
-// by two bytes: with an odd byte count the last one is the check sum.
+// of its pair. ID, configuration and EEPROM bytes keep the file's order. The ID and EEPROM zones
+// are read two bytes at a time: with an odd byte count the check sum is read as the last byte.
 #include "hex/pic18_loader.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace quillon {
 
 namespace {
 
-// A ninth ID byte has room in the zone but stands for nothing.
+// A ninth ID byte has room in the zone but no meaning.
 constexpr std::size_t kIdZone = 9;
 constexpr std::uint8_t kBlank = 0xFF;
 
@@ -27,7 +27,7 @@ class Pic18Image {
     void set_upper(unsigned upper) { upper_ = upper; }
     // False for a fault.
     [[nodiscard]] bool place(const HexRecord& record);
-    // Rounds up what the records used, at the end of the text.
+    // Called at the end of the text: rounds up the sizes that the records used.
     void finish();
 
     bool has_config() const { return has_config_; }
@@ -36,8 +36,8 @@ class Pic18Image {
     bool sum_placed() const { return sum_placed_; }
 
   private:
-    // Calls `store` with address and value of each byte, `step` bytes at a time: where one of them
-    // is bad, none is stored.
+    // Calls `store` with address and value of each byte, `step` bytes at a time. If one of them is
+    // bad, none of that step is stored.
     template <typename Store>
     [[nodiscard]] bool each_byte(const HexRecord& record, std::size_t start, std::size_t step,
                                  Store store);
@@ -96,7 +96,7 @@ bool Pic18Image::place(const HexRecord& record) {
 
 // A word counts as used when the file has either of its bytes below FF. The highest one counts,
 // whatever the order of the records: a file may not lose its upper code because a lower record came
-// later. Its other byte is not looked at: behind the device it may still be a former image's.
+// later. Its other byte is ignored: beyond the device it may still be a former image's.
 bool Pic18Image::store_program(std::size_t address, std::uint8_t byte) {
     auto& memory = session_.PgmMem;
     const std::size_t place = address ^ 1U;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a user can name by mistake is refused before any of it is used: a folder, a pipe that would
-// never end, a disk image, a program.
+// A user may name a folder, an endless pipe, a disk image or a program by mistake. Each is refused
+// before any of it is used.
 #include "hex/text_file.h"
 
 #include <fstream>
@@ -17,7 +17,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 using Problem = TextFile::Problem;
 
-// One byte more than the file's size is asked for, which tells one that grows.
+// Asks for one byte more than the file's size, which reveals a file that grows.
 Problem read_bytes(const std::filesystem::path& path, std::string& bytes) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) return Problem::NotReadable;

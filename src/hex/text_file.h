@@ -17,16 +17,16 @@ inline constexpr std::size_t kMostTextBytes = std::size_t{16} << 20;
 struct [[nodiscard]] TextFile {
     enum class Problem : std::uint8_t {
         None,
-        NotReadable,  // missing, a folder, a device, or closed to this user
+        NotReadable,  // missing, a folder, a device, or not permitted to this user
         TooLarge,     // above kMostTextBytes
         NotText,      // holds a NUL: a binary, or UTF-16
-        Changing,     // shrank or grew while it was read: half of it is no file to program
+        Changing,     // shrank or grew while it was read: half a file must not be programmed
     };
     std::string text{};
     Problem problem = Problem::None;
 };
 
-// A file that is valid UTF-8 is read as that, else as the system's code page; a byte order mark is
+// A file that isn't valid UTF-8 is converted from the system's code page. A byte order mark is
 // dropped. Line ends stay as they are.
 TextFile read_text_file(const std::filesystem::path& path, const Host& host);
 

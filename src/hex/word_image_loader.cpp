@@ -2,7 +2,8 @@
 // The address zones of the word-image loader.
 //
 // The file's pair at a record's offset k is low byte, high byte; the image holds it at k+1 and k.
-// The loop goes by whole words: with an odd byte count the last word's high byte is the check sum.
+// The loop takes whole words: with an odd byte count the check sum is read as the last word's high
+// byte.
 #include "hex/word_image_loader.h"
 
 #include <cstddef>
@@ -32,11 +33,12 @@ class WordImage {
 
     // False for an address record with bad digits.
     [[nodiscard]] bool set_base(std::string_view address_record);
-    // An address record that means nothing here: dropped unread, as records of other types are.
+    // Whether an address record has no effect here. It is dropped unread, like records of other
+    // types.
     bool drops(std::string_view address_record) const;
     // False for a fault.
     [[nodiscard]] bool place(const HexRecord& record);
-    // After the last record.
+    // Called after the last record.
     void finish(std::string_view device_shown);
     bool has_config() const { return has_config_; }
     // Whether the last record's check sum was placed as its last word's high byte.
@@ -63,7 +65,7 @@ class WordImage {
     HexAddresses addresses_;
     std::uint32_t base_ = 0;  // what is added to the records' addresses
     IdBehindProgram id_behind_;
-    bool has_id_ = false;  // at a place where the part's ID is looked for first
+    bool has_id_ = false;  // an ID at an address that has precedence
     bool has_config_ = false;
     bool sum_placed_ = false;
 };
@@ -130,7 +132,8 @@ bool WordImage::place_program(const HexRecord& record) {
     });
 }
 
-// Configuration and ID of the 12-bit parts are program data as well.
+// The configuration and ID of 12-bit parts are in the program zone; they are also kept as program
+// data.
 bool WordImage::place_own_words_12bit(const HexRecord& record) {
     if (record.address() == kConfig12bitAddress && !place_config_12bit(record)) return false;
     if (!is_own_id_address(session_, record.address())) return true;
@@ -138,7 +141,7 @@ bool WordImage::place_own_words_12bit(const HexRecord& record) {
     return take_id_digits(record, session_);
 }
 
-// What lies behind the device's program has no place: it isn't folded onto anything else.
+// Data beyond the device's program have no place and aren't folded onto anything else.
 bool WordImage::place_full_program(const HexRecord& record, std::ptrdiff_t start) {
     auto& words = session_.PgmMem;
     const auto behind = static_cast<std::ptrdiff_t>(program_span(session_));
@@ -151,7 +154,7 @@ bool WordImage::place_full_program(const HexRecord& record, std::ptrdiff_t start
     });
 }
 
-// The last word of the record stands.
+// Each word replaces the one before, so the record's last word counts.
 bool WordImage::place_config_12bit(const HexRecord& record) {
     return each_word(record, [&](std::ptrdiff_t, std::uint8_t high, std::uint8_t low) {
         return store_config_pair(kFirstConfig, high, low);
@@ -166,8 +169,8 @@ bool WordImage::store_config_pair(std::ptrdiff_t index, std::uint8_t high, std::
     return true;
 }
 
-// A full dump goes on behind the ID words: the further words take their places first, so that its
-// configuration isn't lost to the ID rule.
+// A full dump continues behind the ID words. Those further words are placed first, so that the ID
+// rule doesn't drop the configuration.
 bool WordImage::place_id_record(const HexRecord& record) {
     const bool longer = record.data_characters() > 2 * kIdBytes;
     if (longer && !place_config_area(record, 0)) return false;
@@ -180,7 +183,7 @@ bool WordImage::place_config_area(const HexRecord& record, std::ptrdiff_t start)
         return store_config_pair(start + offset, high, low);
     };
     if (!each_word(record, store)) return false;
-    // The first four words only, wherever the record began.
+    // Only the first four words are masked, wherever the record began.
     for (const std::size_t word : {14U, 16U, 18U, 20U}) session_.CfgIdMem[word] &= 0x3F;
     config_area::mark_eprom2(session_);
     return true;
@@ -245,7 +248,8 @@ HexLoad load_word_image(std::string_view text, std::string_view device_shown, Se
             continue;
         }
         if (is_extended_address(*item) || is_segment_address(*item)) {
-            // Of no use to a file that is folded; an upper address must have digits all the same.
+            // A folded file doesn't use the value, but an upper address must have valid digits all
+            // the same.
             if (!image.drops(*item) && !image.set_base(*item)) return load;
             continue;
         }

@@ -19,7 +19,7 @@ using test::device;
 
 namespace {
 
-// Fuse bytes that add nothing: 4 is no oscillator, 0xFF no fuse's value.
+// Fuse bytes that add nothing: 4 isn't an oscillator, and 0xFF isn't a value of any fuse.
 std::unique_ptr<Session> with_fuses(std::string_view name,
                                     const std::vector<std::pair<int, int>>& set) {
     auto session = device("FLASH8", name, 512);
@@ -73,7 +73,7 @@ TEST(FuseBlock, has_the_12_bit_table_for_names_that_begin_with_PIC12C5_or_PIC12F
     for (const auto* name : {"PIC12C5", "PIC12C508", "PIC12C508A", "PIC12C509", "PIC12C509A",
                              "PIC12C518", "PIC12C519", "PIC12F508", "PIC12F509", "PIC12F510"})
         EXPECT_EQ(word_of(name, {{10, 0}, {12, 0}, {13, 0}}), "0FF8") << name;
-    // An E behind the C makes another beginning.
+    // With an E behind the C the name has another prefix.
     for (const auto* name : {"PIC12CE518", "PIC12CE519", "PIC12F609", "PIC12F629", "PIC12C671",
                              "PIC16C505", "PIC10F200", "PIC16F54", "XPIC12C508"})
         EXPECT_EQ(word_of(name, {{10, 0}, {12, 0}, {13, 0}}), "3FF8") << name;

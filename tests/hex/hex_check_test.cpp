@@ -94,9 +94,9 @@ TEST(check_hex, counts_bytes_written_again_with_another_value) {
     const auto again = check(*kFlash, data(0, {1, 2, 3, 4}) + data(2, {3, 5}) + data(0, {9}));
     EXPECT_TRUE(same(again.contradicting, 2, 2)) << again.contradicting.count;
     EXPECT_EQ(check(*kFlash, data(0, {1, 2}) + data(0, {1, 2})).contradicting.count, 0U);
-    // Both EEPROM forms stand for the same cells.
+    // Both EEPROM addresses mean the same cells.
     EXPECT_EQ(check(*kFlash, data(0x4200, {1, 0}) + data(0x8000, {2, 0})).contradicting.count, 1U);
-    // A PIC18's upper 2 falls onto its upper 0.
+    // On a PIC18 the upper address 2 folds onto 0.
     EXPECT_EQ(
         check(*kPic18, data(0, {1, 2}) + upper_address(2) + data(0, {1, 3})).contradicting.count,
         1U);
@@ -146,7 +146,7 @@ TEST(check_hex, takes_no_blank_padding_for_data) {
         {kPic18.get(), data(0x8000, {0xFF, 0x00, 0xFF, 0x3F}), 2},
         {kPic18.get(), upper_address(0xF0) + data(0x100, {0xFF, 0xFE}), 1},
         {kPic18.get(), upper_address(0x3F) + data(0xFFFC, {0xFF, 0x12}), 1},
-        // Where it stops the loader, or is folded onto other data, it counts.
+        // Padding counts if it stops the loader or is folded onto other data.
         {kSmall.get(), data(0x5000, {0xFF, 0x3F}), 1},
         {kSmall.get(), upper_address(1) + data(0, {0xFF, 0x3F}), 2},
         {kPic18.get(), upper_address(2) + data(0, {0xFF, 0xFF}), 2},
@@ -166,7 +166,7 @@ TEST(check_hex, tells_folded_records_as_such_and_not_as_data_outside) {
     EXPECT_EQ(found.outside.count, 0U);
 }
 
-// Output of a real assembler, as it stands, for the parts whose files differ most in form.
+// Unchanged output of a real assembler, for the parts whose files differ most in form.
 TEST(check_hex, has_nothing_to_say_of_sound_files_of_an_assembler) {
     struct Case {
         const char* type;
@@ -216,7 +216,7 @@ TEST(check_hex, has_nothing_to_say_of_sound_files_of_an_assembler) {
 TEST(check_hex, names_the_ID_where_the_bytes_outside_are_ID_words) {
     const auto behind = data(0x0200, {1, 0, 2, 0, 3, 0, 4, 0});
     const auto own = data(0x0400, {1, 0, 2, 0, 3, 0, 4, 0});
-    // Taken where there is no other ID, on whichever side of it that would be.
+    // These words are taken only if the file has no other ID, before or after them.
     EXPECT_EQ(describe(check(*kBaseline, behind + kEndRecord)), "");
     for (const auto& text : {behind + own, own + behind, data(0x4000, {1, 0}) + behind}) {
         const auto found = check(*kBaseline, text);
@@ -237,13 +237,13 @@ TEST(check_hex, tells_segment_records_that_the_loader_drops) {
     for (const auto* part : {kFlash.get(), kPic18.get(), kEnhanced.get()})
         EXPECT_TRUE(same(check(*part, text).segments, 1, 3)) << part->DeviceName;
     EXPECT_EQ(describe(check(*kEnhanced, text, HexAddresses::Full)), "");
-    // The option would place what lies behind them.
+    // With the option set, the data behind the segments would be placed.
     EXPECT_TRUE(same(check(*kEnhanced, text).folded, 1, 4));
     EXPECT_NE(describe(check(*kEnhanced, text)).find("HexUpperAddress"), std::string::npos);
     EXPECT_TRUE(same(check(*kFlash, text).outside, 2, 4));
     const auto ends_upper = upper_address(0x20) + data(0, {1}) + segment(0) + data(0, {1});
     EXPECT_TRUE(same(check(*kPic18, ends_upper).segments, 1, 3));
-    // A PIC18's bytes are where the loader puts them.
+    // The PIC18 loader ignores segments, so no byte is moved out of the device.
     EXPECT_EQ(check(*kPic18, text).outside.count, 0U);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Items, records and the list of what was no record.
+// Items, records and the list of items that weren't records.
 #include "hex/hex_items.h"
 
 #include <gtest/gtest.h>

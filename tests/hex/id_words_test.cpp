@@ -113,7 +113,7 @@ TEST(IdRecord, keeps_a_blank_word_blank) {
     const auto text = data(0x4000, {0xFF, 0x3F, 0x72, 0x15, 0xFF, 0x3F, 0xFF, 0x3F});
     EXPECT_EQ(id_after(text, "FLASH8", "PIC16F877A"), "F2FF 3FFF00023FFF3FFF");
     EXPECT_EQ(id_after(text, "FLASH1", "PIC16F84A"), "F2FF 3FFF00023FFF3FFF");
-    // A word of ones in its low byte alone is none.
+    // A word with ones in its low byte alone isn't blank.
     EXPECT_EQ(id_after(data(0x4000, {0xFF, 0x1F}), "FLASH8", "PIC16F877A").substr(0, 9),
               "FAAA 000F");
     // The parity bits above the word belong to it.
@@ -164,7 +164,7 @@ TEST(OwnIdAddress, is_each_devices_own) {
             EXPECT_EQ(is_own_id_address(*session, address), address == row.address)
                 << row.name << " " << address;
         }
-        // The type must be the row's too, and only the EPROM parts go by their first letters.
+        // The type must match too, and only the EPROM parts are matched by prefix.
         EXPECT_FALSE(is_own_id_address(*device("FLASH8", row.name, 512), row.address)) << row.name;
         EXPECT_EQ(
             is_own_id_address(*device(row.type, row.name + std::string{"X"}, 512), row.address),
@@ -191,7 +191,7 @@ TEST(OwnIdAddress, of_another_device_is_program_data_only) {
     EXPECT_EQ(bytes_of(session->PgmMem, 0x800, 0x801), "000A");
 }
 
-// The ID words of a part that are looked for at 0x0400 or 0x0800, as an assembler writes them.
+// ID words directly behind the program, as an assembler writes them.
 TEST(id_behind_the_program, is_taken_where_the_told_place_holds_nothing) {
     const Bytes id{0x01, 0x00, 0xF2, 0x0F, 0x03, 0x00, 0x04, 0x00};
     EXPECT_EQ(id_for(256, data(0x0200, id)), "1234 0FF10FF20FF30FF4");

@@ -82,7 +82,7 @@ TEST(Pic18Loader, reads_the_check_sum_as_data_for_an_odd_count_of_ID_or_EEPROM_b
     ASSERT_TRUE(load_pic18(":0200000400F00A\n:0100000011EE\n", *session).ok);
     EXPECT_EQ(bytes_of(session->EepMem, 0, 2), "11EEFF");
     EXPECT_FALSE(load_pic18(":0200000400F00A\n:0100000011\n", *session).ok);
-    // Program and configuration go by single bytes.
+    // Program and configuration are placed byte by byte.
     EXPECT_TRUE(load_pic18(":0100000011\n:020000040030CA\n:0100000011\n", *session).ok);
     EXPECT_EQ(bytes_of(session->PgmMem, 0, 1), "FF11");
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Text files are read whole; what is no text file is told apart and refused.
+// Text files are read whole; anything else is recognised and refused.
 #include "hex/text_file.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Stands for the real code page: it shows what it was given.
+// Replaces the real code page and shows the bytes it was given.
 struct MarkingHost : test::FakeHost {
     std::string from_code_page(std::string_view bytes) const override {
         return "<932:" + std::to_string(bytes.size()) + ">";

@@ -346,7 +346,7 @@ TEST(WordImageLoader, takes_1FFE_as_configuration_and_program_of_the_12_bit_type
         auto session = device(type, "PIC", 512);
         const auto result = load(*session, data(0x1FFE, {0x11, 0x01, 0x1F, 0x02}));
         EXPECT_TRUE(result.ok && result.has_config) << type;
-        EXPECT_EQ(session->ConfigWord[1], 0x021FU) << type;  // the last word stands
+        EXPECT_EQ(session->ConfigWord[1], 0x021FU) << type;  // the last word counts
         EXPECT_EQ(bytes_of(session->PgmMem, 0x1FFE, 0x2001), "0111021F") << type;
     }
     for (const unsigned address : {0x1FFCU, 0x1FFDU, 0x1FFFU, 0x2000U}) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Each zone of the 16-bit address space for each programming type, and each device whose ID has an
-// address of its own: the record's effect, with all fixes that the end of a load brings.
+// address of its own: the record's effect, after all fixes made at the end of a load.
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -56,7 +56,7 @@ const auto kTypes = testing::Values(
             "40718072C0734074"},
     fourteen("FLASH0"), fourteen("FLASH1"), fourteen("FLASH2"), fourteen("FLASH4"),
     fourteen("FLASH4.9"), fourteen("FLASH8"), fourteen("LDR412"), fourteen("LDR412A"),
-    // No fill knows it: what no record names is what stood there, here zeros.
+    // No fill covers this type: places without a record keep their former content, here zeros.
     TypeRow{"LDR418", "3A5C", kDigits, "0000000000000000", "3F71", 0x3F71, false, kFuse14},
     TypeRow{"18C_00", "3A5C", kDigits, "0000000000000000", "3F71", 0x3F71, false, kFuse14});
 
@@ -192,7 +192,7 @@ INSTANTIATE_TEST_SUITE_P(
                     IdRow{"5X18", "PIC16C58A", 0x1000}, IdRow{"5X18", "PIC16C58B", 0x1000},
                     IdRow{"5X28", "PIC16C55", 0x0400}, IdRow{"5X28", "PIC16C55A", 0x0400},
                     IdRow{"5X28", "PIC16C57", 0x1000}, IdRow{"5X28", "PIC16C57C", 0x1000},
-                    // Parts of the same types that have none.
+                    // Parts of the same types without an ID address of their own.
                     IdRow{"12C5", "PIC12C518", 0}, IdRow{"12C5", "PIC12C519", 0},
                     IdRow{"12C5", "PIC16C505", 0}, IdRow{"10F2", "PIC12F510", 0},
                     IdRow{"5F18", "PIC16F57", 0}));
