@@ -22,23 +22,23 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The name itself where nothing is found: it is refused later.
+// Returns the name itself if nothing is found: it is refused later.
 fs::path as_on_disk(const fs::path& name) {
     const fs::path found = on_disk(name);
     return found.empty() ? name : found;
 }
 
-// What runs on for megabytes is no device's name, and must not become a box of that size.
+// A text of megabytes isn't a device's name and must not be shown whole in a box.
 std::string shown_name(std::string_view name) {
     constexpr std::size_t kMost = 64;
     if (name.size() <= kMost) return std::string{name};
     std::size_t end = kMost;
-    while (end > 0 && (name[end] & 0xC0) == 0x80) --end;  // a character stays whole
+    while (end > 0 && (name[end] & 0xC0) == 0x80) --end;  // doesn't cut a character
     return std::string{name.substr(0, end)} + "…";
 }
 
-// A dialog gives whole paths. Dots are taken out only where the path still leads to the same file,
-// which a link on its way may prevent.
+// The absolute path, as a dialog returns it. "." and ".." are removed only if the path then still
+// leads to the same file, which a link in it may prevent.
 fs::path whole_path(const fs::path& name) {
     std::error_code error;
     const fs::path whole = fs::absolute(name, error);
@@ -125,8 +125,8 @@ void HexFiles::nmuFile_Click(int n) {
     open_from(as_on_disk(folder));
 }
 
-// By the place in the list, as it was saved. A file never loads for another device than its entry
-// shows: where the list has changed since, the device is found by its name.
+// Uses the saved index in the device list. If the list has changed since, the device is found by
+// its name: a file never loads for another device than its entry shows.
 bool HexFiles::select_device_of(int entry) {
     const auto name = history_.device_name(entry);
     const auto& devices = form_.Combo_device.Items.get();
@@ -155,8 +155,8 @@ bool HexFiles::device_selected() {
     return selected;
 }
 
-// The device was selected before the file was asked for, which has cleared the image: a user who
-// only cancelled must know what is gone.
+// The device was selected before the file was chosen, and that cleared the image. A user who only
+// cancelled must know that the image is gone.
 Token HexFiles::refuse(std::string_view reason) {
     messages_.ShowMessage(hex_files_text::kNotOpened, reason);
     if (former_.has_device() && !former_.is_of(session_))
@@ -198,8 +198,8 @@ void HexFiles::show_name(const fs::path& path) {
     form_.Caption.set(fmt::format("{}  {}", text_of(path.filename()), session_.MainTitle));
 }
 
-// The whole file is read once: its scan and its load see the same text, and nothing is changed for
-// a file that can't be read. An empty folder is saved nowhere.
+// The whole file is read once: its scan and its load see the same text, and a file that can't be
+// read changes nothing. An empty folder isn't saved.
 Token HexFiles::open(const fs::path& path, std::string_view folder) {
     const auto text = read(path);
     if (!text) return Token::NG;
@@ -224,7 +224,7 @@ void HexFiles::select_named_device(std::string_view text) {
                       .icon = BoxIcon::Information});
         return;
     }
-    // The choice itself must not select: the handler runs once, after it.
+    // The assignment must not run the handler, which is called once below.
     session_.DeviceEventLock = true;
     form_.Combo_device.select(static_cast<int>(at - devices.begin()));
     session_.DeviceEventLock = false;
@@ -232,8 +232,8 @@ void HexFiles::select_named_device(std::string_view text) {
 }
 
 Token HexFiles::load(std::string_view text) {
-    // It shows the words by their options. The way back, from the options to the words, is only for
-    // the user's choice: a code that no option has must be saved as it came.
+    // The load shows the words as options. Words are computed from options only after a user's
+    // choice: a code that no option has must be saved unchanged.
     loader_.load(text);
     session_.ConfigFromFile = false;
     if (is_pic18_flash(session_.PgmType)) {

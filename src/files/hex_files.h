@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The Open and Save commands: a HEX file is chosen, its ";PIC" comment may select a device, it is
-// loaded; the image is written to one.
+// The Open and Save commands. Open asks for a HEX file, selects the device that its ";PIC" comment
+// names, and loads the file. Save writes the image to one.
 //
-// The device is selected once more before anything else, which clears the image: a load never lands
-// on an older file's data. A file that can't be read is refused before the current file, the
-// caption, the settings and the history are touched.
+// Open first selects the present device again. That clears the image, so that no data of an older
+// file remain. A file that can't be read is refused before the current file, the caption, the
+// settings and the history are touched.
 #pragma once
 
 #include <filesystem>
@@ -36,8 +36,8 @@ class HexFiles {
              BufferCommands& buffer, DeviceSelection& selection);
 
     // The Open command. Asks for a file by dialog unless one is given: a file dropped on the window
-    // or named to the command line goes the same way as if it had been chosen in the dialog. Names
-    // are found without regard to case. OK where the file was loaded, as LoadResult says too.
+    // or named on the command line is handled as if it had been chosen in the dialog. Names are
+    // found without regard to case. OK if the file was loaded; LoadResult then is OK too.
     Token mnuFileOpen_Click(std::optional<std::filesystem::path> chosen = std::nullopt);
     // The Open command with its direct flag set: the file at hand (HexFilePath) once more, with no
     // dialog; neither folder nor history are saved.

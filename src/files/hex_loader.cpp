@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The messages around the two loaders, and the panel behind them.
+// The messages of the two loaders, and the panel's update after a load.
 #include "files/hex_loader.h"
 
 #include <fmt/format.h>
@@ -78,7 +78,7 @@ HexLoad HexLoader::load_pic18_text(std::string_view text) {
     return load;
 }
 
-// Words from outside are shown as they are; else the catalogue's masks apply.
+// Words from a file are shown unchanged; otherwise the catalogue's masks apply.
 void HexLoader::show_config(const HexLoad& load) {
     session_.ConfigFromFile = load.has_config;
     config_.ShowConfigWords();

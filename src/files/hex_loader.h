@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Loads a HEX text for the selected device and shows what came of it.
+// Loads a HEX text for the selected device and shows the result.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a load tells the user.
+// The messages of a load.
 #pragma once
 
 #include <string_view>

@@ -57,7 +57,7 @@ void HexFiles::take_as_saved(const fs::path& path) {
     show_name(path);
     settings_.save("SAVE_DIR", text_of(path.parent_path()));
     messages_.ShowPlain(printable(text_of(path.filename())) + std::string{hex_files_text::kSaved});
-    // What was written stands where the reader, as it is set, finds something else.
+    // With the present option, a load would find something else at the addresses that were written.
     if (form_.HexFileCheck.Checked.get() && has_full_addresses(session_.DeviceName) &&
         hex_addresses(form_, session_.DeviceName) == HexAddresses::Folded &&
         program_span(session_) > kFoldedProgramBytes)

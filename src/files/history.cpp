@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// nmuFile1 to nmuFile5 hold "folder    device", nmuDevice1 to nmuDevice5 the device's place in the
-// list and are never seen.
+// nmuFile1 to nmuFile5 hold "folder    device", nmuDevice1 to nmuDevice5 hold the device's index in
+// the list and are never visible.
 #include "files/history.h"
 
 #include <fmt/format.h>

@@ -16,16 +16,16 @@ class FileHistory {
 
     FileHistory(MainForm& form, Settings& settings) : form_{form}, settings_{settings} {}
 
-    // Puts a new entry first and drops the fifth; one that stands already keeps its place.
+    // Puts a new entry first and drops the fifth; an entry that exists already keeps its place.
     void add(std::string_view folder, std::string_view DeviceName, int device_index);
     void clear();
     // Shows nmuFile1 to nmuFile5 and nmuDevice1 to nmuDevice5 from the settings.
     void restore();
 
-    // Entry n, 1 to 5. The folder is the caption's first word, as blanks and "=" end a word.
+    // Entry n, 1 to 5. The folder is the caption's first word; blanks and "=" end a word.
     std::string folder(int n) const;
     int device_index(int n) const;
-    // What stands behind the four blanks: the device that the entry shows.
+    // The text behind the four blanks: the device that the entry shows.
     std::string device_name(int n) const;
 
   private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a user may name to Open by mistake, and what may be in it: each is told clearly, nothing
+// Files that a user may open by mistake, and damaged contents: each is reported clearly, nothing
 // crashes or hangs, and the file at hand can be loaded again at once.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -38,16 +38,16 @@ constexpr std::string_view kCleared = "バッファメモリはクリアされ�
 
 const std::string kWord = data(0, {0x34, 0x12}) + test::kEndRecord;
 
-// A bench with a sound file at hand, which must stay so.
+// A bench with a valid file at hand, which no bad file may replace.
 struct BadFileBench : FilesBench {
     BadFileBench() { open(kWord, "work/good.hex"); }
 
-    // The last text told, or the one before it where the file check has added its findings.
+    // The last text shown, or the one before it if the file check has added its findings.
     std::string told() const {
         const bool checked = shown.back().find("ファイル検査：") != std::string::npos;
         return shown.at(shown.size() - (checked ? 2 : 1));
     }
-    // The last text but for the line that says that the image was cleared.
+    // The last text without the line about the cleared image.
     std::string refusal() const {
         const bool cleared = shown.back() == kCleared;
         return shown.at(shown.size() - (cleared ? 2 : 1));
@@ -133,7 +133,7 @@ TEST(bad_file, in_UTF_16_or_with_NULs_is_refused_as_no_text) {
         bench.expect_refused(bench.folder.write("a.hex", text), kNotText);
 }
 
-// The kernel's own files tell a size that isn't theirs, as a file does that changes meanwhile.
+// The kernel's own files report a wrong size, like a file that changes while it is read.
 TEST(bad_file, that_holds_more_or_less_than_its_size_is_refused) {
     BadFileBench bench;
     ASSERT_EQ(fs::file_size("/proc/self/status"), 0U);
@@ -142,8 +142,8 @@ TEST(bad_file, that_holds_more_or_less_than_its_size_is_refused) {
     if (fs::exists(shorter)) bench.expect_refused(shorter, kChanging);
 }
 
-// A compiler writes the file again and again while it is opened. Half a file may be opened, as half
-// a file: with the check's warning that its end is missing.
+// A compiler rewrites the file again and again while it is opened. Half a file may load, but then
+// the check warns that its end is missing.
 TEST(bad_file, that_shrinks_and_grows_while_it_is_read_is_never_half_of_it_and_well) {
     BadFileBench bench;
     constexpr unsigned kRecords = 1000;
@@ -266,7 +266,7 @@ TEST(bad_file, with_a_final_end_of_file_sign_loads_and_names_it_as_skipped) {
     EXPECT_EQ(bench.open(kWord + "\x1A"), Token::OK);
     EXPECT_EQ(bench.shown.back(), "3" + std::string{kSkipped});
     EXPECT_EQ(bench.session.PgmMem[0], 0x12);
-    // Behind a record it stands behind the check sum, where nothing is read.
+    // Here it follows a record's check sum, where nothing is read.
     EXPECT_EQ(bench.open(data(0, {0x34, 0x12}) + ":00000001FF\x1A"), Token::OK);
     EXPECT_EQ(bench.shown.back(), "ファイルロード完了");
     bench.expect_usable();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every device of the catalogue: a configuration word that a file brings is never changed by being
-// shown. Each code of each field comes in a file of its own.
+// Every device of the catalogue: showing a configuration word that came from a file never changes
+// it. Each code of each field comes in a file of its own.
 //
 // The words alone matter here, so a device is cut to one line of program: a load of some thousand
 // files takes two seconds.
@@ -90,10 +90,10 @@ struct KeptWords : AllDevices {
         return bytes;
     }
 
-    // What a saved file has to hold: the beginnings of its configuration records.
+    // The beginnings of the configuration records that a saved file must hold.
     std::vector<std::string> records_of(const PerConfigWord& words) const {
         std::uint32_t word = words[1];
-        // With bit 3 clear such a part has meaning in bits 0, 1, 2 and 4 only.
+        // With bit 3 clear, only bits 0, 1, 2 and 4 of such a part have a meaning.
         if (session.PgmType == ProgrammingType::T12C5 && (word & 0x08) == 0) word &= 0x17;
         if (session.PgmType == ProgrammingType::EPROM2) word |= 0xC000;
         const Bytes bytes{low(word), high(word)};
@@ -130,8 +130,8 @@ struct KeptWords : AllDevices {
     std::vector<Field> fields;
 };
 
-// Of a file, and then of the user's next choice in a field, which builds the word anew from what
-// the cells show: the bits that are always 1 come back with it.
+// First a file is loaded. Then each word is computed from its cells, as after a user's choice of an
+// option, which restores the bits that are always 1.
 TEST(configuration_words, of_every_device_outlive_a_load_and_a_choice_in_the_grid) {
     KeptWords bench;
     std::size_t rebuilt = 0;

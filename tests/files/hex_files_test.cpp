@@ -186,7 +186,7 @@ TEST(mnuFileOpen_Click, fails_for_a_truncated_file_and_one_with_bad_digits) {
                   "ファイルをロードできませんでした。"
                   "|ＰＩＣ１８用のファイルをロードしようとした可能性があります。");
         EXPECT_EQ(bench.session.LoadResult, "NG");
-        // What had been placed stays, and can be seen.
+        // The data placed before the fault remain and are shown.
         EXPECT_EQ(bench.first_program_line().substr(0, 17), "000000: 1234 3FFF");
         EXPECT_FALSE(bench.session.ConfigFromFile);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Entered IDs: what the boxes show stands in the image.
+// Entered IDs: what the boxes show is in the image.
 #include "hex/id_entry.h"
 
 #include <gtest/gtest.h>
@@ -84,7 +84,7 @@ TEST(drop_unfinished, shows_the_images_ID_again_where_a_box_is_incomplete) {
     EXPECT_EQ(pic18.form.Text_ID.Text.get(), "01234567");
 }
 
-// The boxes of whole words are none of the controls that an operation locks.
+// An operation doesn't lock the boxes of whole words.
 TEST(IdEntry, takes_no_word_while_an_operation_has_the_controls_locked) {
     Bench bench{"PIC16F887"};
     LockButtons(bench.form);

@@ -23,7 +23,7 @@ using test::FilesBench;
 
 namespace {
 
-// Random content that the device can hold: what its own bits and its ID rule leave of chance.
+// Random content, limited to the bits that the device has and to what its ID rule allows.
 class RandomImage {
   public:
     explicit RandomImage(const FilesBench& bench, Session& session)
@@ -72,7 +72,8 @@ class RandomImage {
         fill_config();
     }
 
-    // A file holds one word of a 12-bit part, two by full address, nine otherwise.
+    // A file holds one word from configuration word 1 on for a 12-bit part, two by full address,
+    // nine otherwise.
     std::size_t behind_config() const {
         if (is_12bit(session_.PgmType)) return 16;
         return addresses_ == HexAddresses::Full ? 18 : 32;
@@ -209,7 +210,7 @@ TEST(round_trip, files_are_accepted_by_srec_cat_and_objcopy) {
     };
     EXPECT_EQ(each("srec_cat --disable-sequence-warnings \"$f\" -intel -o \"$f.srec\" -intel"), 0);
     EXPECT_EQ(each("objcopy -I ihex -O srec \"$f\" \"$f.srec\""), 0);
-    // The tools do refuse what is no such file.
+    // Proves that the tools can fail: they refuse a record with a wrong check sum.
     std::ofstream{bench.folder / "bad.hex"} << ":020000000130FF\r\n";
     EXPECT_NE(
         each(
