@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint32_t kOnes14 = 0x3FFF;
 
-// Whether the words that the tabs show are the ones that would be written.
+// Whether the words that the tabs show are the words that would be written.
 bool words_are_in_image(const Session& session) {
     for (std::size_t n = 1; n <= kConfigWords; ++n) {
         const std::uint32_t stored =
@@ -52,9 +52,10 @@ void BufferCommands::mnuPcBufferMemoryClear() {
     show_four_words("3FFF");
 }
 
-// Types that begin "18" but not "18F" go with the others here, and not in the clear.
+// Types that begin "18" but not "18F" are treated like the 12-bit and 14-bit ones here, but not in
+// the clear.
 void BufferCommands::mnuPcBufferMemory_0() {
-    // Only the low nibble of an ID byte stands for a digit.
+    // Only the low nibble of an ID byte is the digit.
     constexpr std::uint8_t kZeroId = 0x0F;
     if (!begin()) return;
     FillProgramZeros(session_);

@@ -27,7 +27,7 @@ class BufferCommands {
 
     // Both end with Mcu_Selected_Check's message where no device is selected.
     void mnuPcBufferMemoryClear();
-    void mnuPcBufferMemory_0();  // says so where the words shown stay and zeros would be written
+    void mnuPcBufferMemory_0();  // warns if the words shown stay though zeros would be written
 
   private:
     bool begin();

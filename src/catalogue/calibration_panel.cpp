@@ -70,7 +70,7 @@ void fill(ComboBox& combo, ComboList list) {
 
 }  // namespace
 
-// The parts of these two hold no calibration that a user could keep or give up.
+// The parts of these two hold no calibration that a user could keep or erase.
 const CalibrationPanel kPanel16F1939{.family = "16F1939", .user_decides = false};
 const CalibrationPanel kPanel16F7X7{.family = "16F7X7", .user_decides = false};
 const CalibrationPanel kPanel16F88X{.family = "16F88X", .combos = kCombos88X};
@@ -125,7 +125,7 @@ void show_panel(const CalibrationPanel& panel, std::string_view DeviceName, Main
     for (auto* id : {&form.Text_ID1, &form.Text_ID2, &form.Text_ID3, &form.Text_ID4})
         id->Text.set("3FFF");
     if (panel.user_decides) form.Chk_12F_CalibData_Select.Visible.set(true);
-    // Checked is the safe state: a part's factory calibration can't be had again.
+    // Checked is the safe state: a part's factory calibration can't be restored once it is lost.
     form.Chk_12F_CalibData_Select.Checked.set(true);
     lock_calibration(form);
 }

@@ -33,7 +33,7 @@ struct CalibrationCombo {
 struct CalibrationPanel {
     std::string_view family;
     std::span<const CalibrationCombo> combos = {};
-    // Siblings whose Combo_POR_91X has three bits and not two.
+    // Devices of the family whose Combo_POR_91X has three bits instead of two.
     std::span<const std::string_view> three_bit_por = {};
     // The chip erase keeps or clears calibration by Chk_12F_CalibData_Select, which is shown then.
     bool user_decides = true;
@@ -56,7 +56,7 @@ int default_index(ComboList list);
 
 // Fills the combos, sets the four ID fields to "3FFF", checks the box and locks the fields.
 void show_panel(const CalibrationPanel& panel, std::string_view DeviceName, MainForm& form);
-// Locks all calibration combos while the box is checked, opens them while it is clear.
+// Locks all calibration combos while the box is checked and unlocks them while it is clear.
 void lock_calibration(MainForm& form);
 
 }  // namespace quillon

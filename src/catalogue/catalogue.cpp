@@ -28,7 +28,7 @@ void redraw_grids(MainForm& form, bool on) {
     for (auto& grid : form.HFGrids) grid.set_redraw(on);
 }
 
-// The type that the block gives, the former device's where it gives none.
+// The type that the block names, or the former device's if it names none.
 ProgrammingType type_of(const DeviceBlock& block, ProgrammingType former) {
     for (const auto& row : block.rows)
         if (upper(row[0]) == "PGM_TYPE" && !row[1].empty()) former = programming_type(row[1]);
@@ -65,7 +65,7 @@ bool Catalogue::scan_names(LineReader reader) {
     while (reader.next()) {
         const LineTokens& tokens = reader.tokens();
         if (tokens.too_many()) return false;
-        // The third token stands twice and a fourth isn't looked at: that is the version's form.
+        // The version repeats the third token and ignores a fourth. That is its form.
         if (tokens[0] == "VERSION")
             session_.CatVersion =
                 fmt::format("{}{}{}{}", tokens[1], tokens[2], tokens[3], tokens[3]);
@@ -78,8 +78,8 @@ bool Catalogue::scan_names(LineReader reader) {
     return true;
 }
 
-// A by-product that nothing reads: where it can't be written, start-up goes on. Without a work
-// folder it would land wherever the program was started.
+// No other code reads this file: if it can't be written, start-up continues. Without a work folder
+// it isn't written, as it would land in the current folder.
 void Catalogue::write_device_list() const {
     if (session_.TempDir.empty()) return;
     std::string list;
@@ -111,7 +111,7 @@ void Catalogue::LoadDeviceRecord(std::string_view name) {
     report();
 }
 
-// Loads the first block of that name; without one nothing is loaded and nothing said.
+// Loads the first block of that name. Without one nothing is loaded and no message is shown.
 void Catalogue::scan_for(std::string_view name, LineReader reader) {
     while (reader.next()) {
         const LineTokens& tokens = reader.tokens();
@@ -138,8 +138,9 @@ void Catalogue::take_comment(const LineReader& reader) {
     comments_.push_back({std::string{tokens[1]}, std::string{tokens[2]}, std::string{tokens[3]}});
 }
 
-// The masks go with the words: a word that the new device doesn't have has no bits. Sizes, power
-// order and the three whole erase records stay until a row of the block replaces them.
+// The masks are cleared with the words: a word that the new device doesn't have has no bits. Sizes,
+// power order and the three whole erase records keep their values until a row of the block replaces
+// them.
 void Catalogue::start_block() {
     session_.ConfigPresent = {};
     session_.ConfigDefault = {};
@@ -169,7 +170,7 @@ void Catalogue::process(const DeviceBlock& block) {
     check_former_eeprom();
 }
 
-// A block without the size keeps the former device's, which its own type may not hold.
+// A block without the size keeps the former device's, which may be too large for its own type.
 void Catalogue::check_former_eeprom() {
     if (session_.EepBytes <= most_eeprom_cells(session_.PgmType)) return;
     session_.EepBytes = session_.EepBytesCat = 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // device6.ini: the device list, and the block of the device that is being selected.
 //
-// The file is read again from its top at each selection; nothing of a block is kept between two.
+// Each selection reads the file from its start; no block is kept between two selections.
 #pragma once
 
 #include <string>
@@ -32,9 +32,8 @@ class Catalogue {
     // Sets CatError, and shows its box, where the file can't be opened or is beyond its limits.
     void LoadDeviceList();
     // Selection pass: fills the session's device fields, CmtTable, frmBoard's drawing and the
-    // configuration grids. A block with no end loads nothing, a line that can't be used is left
-    // out; both show a box, and what was read stands. A name that the file doesn't hold changes
-    // nothing.
+    // configuration grids. A block with no end loads nothing. A line that can't be used is left out
+    // and the rest is loaded. Both show a box. A name that isn't in the file changes nothing.
     void LoadDeviceRecord(std::string_view name);
 
     const std::vector<CmtRow>& CmtTable() const { return comments_; }
@@ -62,7 +61,7 @@ class Catalogue {
     Dialogs& dialogs_;
     std::vector<CmtRow> comments_;
     std::vector<FieldOption> options_;
-    std::vector<std::string> problems_;  // of the load in work
+    std::vector<std::string> problems_;  // of the load in progress
 };
 
 }  // namespace quillon

@@ -23,7 +23,7 @@ std::optional<std::string> read_bytes(const std::filesystem::path& path) {
     std::string bytes(static_cast<std::size_t>(size), '\0');
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     if (file.bad()) return std::nullopt;
-    bytes.resize(static_cast<std::size_t>(file.gcount()));  // shortened meanwhile
+    bytes.resize(static_cast<std::size_t>(file.gcount()));  // the file may have become shorter
     return bytes;
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Brings device6.ini into memory as UTF-8.
+// Reads device6.ini as UTF-8.
 //
-// The file may be UTF-8, with or without a byte order mark, or the system's code page: one that
-// isn't valid UTF-8 is taken as the latter.
+// The file may be UTF-8, with or without a byte order mark, or in the system's code page. A file
+// that isn't valid UTF-8 is converted from the code page.
 #pragma once
 
 #include <filesystem>

@@ -10,7 +10,7 @@ namespace quillon::catalogue_text {
 inline constexpr std::string_view kNoCatalogueTitle = "設定ファイルを開けませんでした";
 inline constexpr std::string_view kNoCatalogue =
     "デバイス情報設定ファイル 'device6.ini'が、以下のフォルダーに有りませんでした。";
-// The same of a file that the user has named; its path follows the text
+// The same for a file that the user has named; its path follows the text
 inline constexpr std::string_view kNoNamedCatalogue =
     "指定されたデバイス情報設定ファイルを開けませんでした。\r";
 
@@ -44,7 +44,7 @@ inline constexpr std::string_view kFormerEeprom =
 inline constexpr std::string_view kNoDevice = "MCUを選んでください。";
 inline constexpr std::string_view kNoDeviceTitle = "ｲﾝﾌｫﾒｰｼｮﾝ";
 
-// What was typed into a list of devices means none of them: the text, and how many names hold it
+// No single device matches the text typed into a list: the text, and how many names hold it
 inline constexpr std::string_view kUnknownDevice = "「{}」に該当するデバイスはありません。";
 inline constexpr std::string_view kSeveralDevices =
     "「{}」に該当するデバイスが{}個あります。続きを入力してください。";
@@ -63,7 +63,7 @@ inline constexpr std::string_view kPowerQuestion =
     "　　"
     "未書込みのデバイス、あるいは自走する可能性の無い事が明らかな場合は「VDD-FIRST」の設定が可能です。これによりイン・サーキット・プログラミングの手法を用いて書き込める可能性が向上します。ですが当プログラマはインサーキットプログラミングを推奨しておりません。ご自身の判断の上での設定変更をお願いします。初期設定は「VPP-FIRST」です。（パワーアップシーケンスオプションで再設定可能です。）";
 
-// The words that the tabs show are left alone by the fill with zeros, what would be written isn't
+// The fill with zeros changes what would be written, but not the words that the tabs show
 inline constexpr std::string_view kZerosKept =
     "redコンフィギュレーションワードの表示は元のままですが、このまま書込むと０が書込まれます。";
 

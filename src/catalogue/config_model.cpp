@@ -17,18 +17,16 @@ namespace quillon {
 
 namespace {
 
-// A part of type "EPROM2" has parity bits above the 14 of the word; in word 1 they are all set.
-
 std::size_t index_of(int n) { return static_cast<std::size_t>(n); }
 
-// One word's options, searched on from the last hit.
+// One word's options. Each search starts at the last match.
 class OptionSearch {
   public:
     OptionSearch(const std::vector<FieldOption>& options, int word)
         : options_{options}, word_{word} {}
 
-    // The next option that satisfies `wanted`, where the search will go on. nullptr, and the search
-    // stays where it is, if there is none.
+    // The next option that satisfies `wanted`; the next search starts there. nullptr if there is
+    // none; the next search then starts where this one did.
     template <typename Wanted>
     const FieldOption* find(Wanted wanted) {
         for (std::size_t i = at_; i < options_.size(); ++i) {
@@ -45,8 +43,8 @@ class OptionSearch {
     std::size_t at_ = 0;
 };
 
-// Writes the columns' titles into the heading row. A window centres headings by itself, so the "^"
-// that asks for it goes.
+// Writes the columns' titles into the heading row. A window always centres headings, so the "^"
+// that asks for it is removed.
 void show_format(Grid& grid, std::string_view format) {
     for (std::size_t column = 0; column < std::tuple_size_v<Grid::Row>; ++column) {
         const std::size_t end = format.find('|');
@@ -117,8 +115,8 @@ void ConfigModel::ConfigGridChanged(int n) {
     views_.ShowConfigSummary();
 }
 
-// A PIC18 file without configuration records is loaded on top of CfgBytes18, so that the options
-// that the user has set stand in both byte images.
+// A PIC18 file without configuration records is loaded on top of CfgBytes18, so the options that
+// the user has set must be in both byte images.
 void ConfigModel::store_bytes(int n) {
     const std::size_t at = index_of(n);
     const std::uint32_t word = session_.ConfigWord[at];
@@ -161,14 +159,14 @@ void ConfigModel::ShowConfigWords() {
 void ConfigModel::show_word(int n) {
     Grid& grid = form_.HFGrid(n);
     grid.set_redraw(false);
-    // The words that are there, not the tabs that are visible: while a device is being chosen the
-    // tabs are still the former one's.
+    // Tests which words the device has, not which tabs are visible: during a selection the tabs are
+    // still the former device's.
     if (session_.ConfigPresent[index_of(n)]) show_options(n);
     show_config_heading(session_, form_, n, "0x");
     grid.set_redraw(true);
 }
 
-// A number that matches none of a field's options leaves the cell as it was.
+// A number that matches none of a field's options leaves the cell unchanged.
 void ConfigModel::show_options(int n) {
     Grid& grid = form_.HFGrid(n);
     const std::uint32_t word = session_.ConfigWord[index_of(n)];
@@ -176,7 +174,7 @@ void ConfigModel::show_options(int n) {
     for (std::size_t row = 1; row < grid.rows(); ++row) {
         const std::string name = grid.cell(row, 0);
         if (name.empty()) continue;
-        // Of the field row in work; the last one's stand where no option matches.
+        // Mask and value of this field's last option that was tried.
         std::uint32_t CfgRowMask = 0;
         std::uint32_t CfgRowValue = 0;
         const FieldOption* const standing = search.find([&](const FieldOption& candidate) {

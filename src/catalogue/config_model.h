@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Keeps the configuration words and their grids of fields consistent, both ways.
 //
-// HFGrid(n) shows word n: row 0 its heading and its number, then a row a field with the option that
-// stands. A field's options are searched in its own word only, on from the last hit: grid and
-// catalogue stand in the same order.
+// HFGrid(n) shows word n: row 0 its heading and its number, then one row per field with its present
+// option. A field's options are searched in its own word only, from the last match on: grid and
+// catalogue have the same order.
 #pragma once
 
 #include <cstdint>
@@ -25,17 +25,17 @@ class ConfigModel {
 
     void InitConfigGrids();
     void ResetConfigGrids();
-    // From word n's options to its number.
+    // Computes word n's number from its options.
     void ConfigGridChanged(int n);
-    // Word n as a whole, as its number says but for the bits that are always 0 or 1. The other
-    // words keep what they hold.
+    // Sets word n as a whole, except the bits that are always 0 or 1. The other words keep their
+    // values.
     void put_word(int n, std::uint32_t word);
-    // One field of word n; where the word has no such field or option, nothing changes.
+    // Sets one field of word n. Nothing changes if the word has no such field or option.
     enum class FieldChange : std::uint8_t { Done, NoField, NoOption };
     [[nodiscard]] FieldChange set_field(int n, std::string_view field, std::string_view option);
-    // From the numbers to the options; sets ProtectMixed.
+    // Shows each word's number as options; sets ProtectMixed.
     void ShowConfigWords();
-    // Title and text of the field in the given grid row, in the message area.
+    // Shows title and text of the field in the given grid row in the message area.
     void ShowFieldHelp(int n, int row);
     // A click on a cell: fills CmbInit with the field's options and shows it, with the field's
     // help.
@@ -47,7 +47,7 @@ class ConfigModel {
     void CmbInit_Click();
     // The free entry of a value over the clicked cell is done.
     void TxtInit_Done();
-    // A click on the configuration text: its words are shown in the other radix, and it says so.
+    // A click on the configuration text: shows its words in the other radix, with a message.
     void Text_Config_Click();
 
     // A word was read whose CP field matches no option.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A configuration word as its row of the catalogue gives it.
+// Applies a configuration word's row of the catalogue.
 //
-// Apart from the model of the words, which searches the catalogue's options: the catalogue itself
-// takes these rows and so stays below the model.
+// Separate from ConfigModel, which depends on the catalogue: the catalogue applies these rows
+// itself and must not depend on the model.
 #pragma once
 
 #include <string_view>

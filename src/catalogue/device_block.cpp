@@ -13,7 +13,7 @@ namespace quillon {
 
 namespace {
 
-// True for a pair of a "0B" with eight digits and eight more digits, by their lengths.
+// True for a token as long as "0B" and eight digits, followed by one as long as eight digits.
 bool is_pair(const CatRow& row, std::size_t column) {
     return row[column].size() == 10 && row[column + 1].size() == 8;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The guard of every command that works on a device: one has to be selected.
+// The guard of every command that works on a device: a device has to be selected.
 #pragma once
 
 #include "app/dialogs.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a device's name says about the panel: which calibration and ID controls it shows.
+// What a device's name decides on the panel: which calibration and ID controls are shown.
 #pragma once
 
 #include <optional>
@@ -23,8 +23,8 @@ struct GroupControls {
 };
 
 struct DeviceGroup {
-    std::span<const Module> modules;  // those of its devices; none: all others
-    // Nothing: each control stays as the former device left it.
+    std::span<const Module> modules;  // those of its devices; empty for all others
+    // Unset: each control stays as the former device left it.
     std::optional<GroupControls> controls = GroupControls{};
     const CalibrationPanel* panel = nullptr;
     // Frm_VPP_DECIDE asks which supply rises first.
@@ -33,7 +33,7 @@ struct DeviceGroup {
 
 // In the order in which they are searched; the last is for all others.
 std::span<const DeviceGroup> device_groups();
-// The first group that holds the name, exactly as it stands.
+// The first group that has exactly this name.
 const DeviceGroup& group_of(std::string_view DeviceName);
 
 void show_controls(const GroupControls& controls, MainForm& form);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The selection's steps. Their order matters: the image is cleared by the new type, the words get
-// their numbers from the options that the clear has shown, and the power question comes after the
-// catalogue's own order has been loaded.
+// The selection's steps. Their order matters. The image is cleared for the new type. The words then
+// get their numbers from the options that the clear has shown. The power question is asked after
+// the catalogue's own order has been loaded.
 #include "catalogue/device_selection.h"
 
 #include <fmt/format.h>
@@ -22,7 +22,7 @@ namespace quillon {
 
 namespace {
 
-// Where the version stands in the board's identity: "ZQ-LDR412A V6.80".
+// Index of the version in the board's identity: "ZQ-LDR412A V6.80".
 constexpr std::size_t kVersionAt = 12;
 constexpr std::size_t kVersionLength = 6;
 constexpr std::size_t kIdDigits = 4;
@@ -84,7 +84,7 @@ void DeviceSelection::load_record() {
         form_.Chk_UseFileData.Checked.set(false);
         form_.Chk_UseFileData.Visible.set(false);
     }
-    // Before the image is cleared, which shows the program: the box was the former device's.
+    // Cleared before the image is, as that shows the program: the box was the former device's.
     form_.Check_Parity_Disp.Checked.set(false);
     if (name != session_.DeviceName) power_answered_ = false;
     const std::string order = session_.PowerMode;
@@ -109,8 +109,8 @@ std::string_view DeviceSelection::known_board() const {
     return checked ? session_.FirmVersionText : session_.FirmwareText;
 }
 
-// Silent at the very first selection with no board: start-up has shown that there is none. A board
-// that nobody has asked isn't too old.
+// Silent at the first selection without a board: start-up has reported that already. A board that
+// hasn't been asked for its version isn't reported as too old.
 void DeviceSelection::show_firmware_verdict() {
     const bool due = session_.FirmChecked || session_.WriterFound;
     session_.FirmChecked = true;
@@ -134,7 +134,7 @@ void DeviceSelection::show_config_words() {
     form_.Text_Config2.Visible.set(in_boxes);
 }
 
-// Leaves the drawing off; the selection's end turns it on.
+// Leaves the tabs' Redraw off; the end of the selection turns it on.
 void DeviceSelection::reset_information_tabs() {
     TabSet& tabs = form_.SSTab_MCU_Information;
     tabs.Redraw.set(false);
@@ -163,7 +163,7 @@ void DeviceSelection::show_group() {
     form_.SSTab91X.Redraw.set(true);
 }
 
-// Once for a device: opening its file selects it anew, and what the user has decided holds.
+// Asks once per device: opening a file selects the device again, and the user's answer still holds.
 void DeviceSelection::ask_power_order() {
     if (power_answered_) return;
     session_.FormAnswer =

@@ -28,12 +28,13 @@ class DeviceSelection {
     // What happens when Combo_device's choice is made, by the user or by an assignment. The image
     // of the former device is lost, even where the same device is chosen again.
     void Combo_device_Click();
-    // Return behind a text typed into Combo_device: chooses the device that it means, or says why
-    // it means none. The selected device isn't chosen again, so that its image stays.
+    // Return was pressed after a text was typed into Combo_device: chooses the device that it
+    // means, or shows why it means none. The selected device isn't chosen again, so that its image
+    // is kept.
     void Combo_device_Typed(std::string_view typed);
     Token Mcu_Selected_Check() { return device_check_.Mcu_Selected_Check(); }
     void ClearDeviceView();
-    // The user has checked or cleared the box: the calibration fields are locked or opened.
+    // The user has checked or cleared the box: the calibration fields are locked or unlocked.
     void Chk_12F_CalibData_Select_Click();
 
   private:

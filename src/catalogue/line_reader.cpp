@@ -80,7 +80,7 @@ void LineReader::take_quoted() {
     take_separator();
 }
 
-// What follows a closing quote with no comma between is the next item.
+// Text directly behind a closing quote, with no comma between, is the next item.
 void LineReader::take_separator() {
     if (at_ >= text_.size()) return;
     if (text_[at_] == ',') {

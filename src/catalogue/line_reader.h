@@ -28,7 +28,8 @@ class LineTokens {
     // The line held more than kMost; the first kMost are here.
     bool too_many() const { return too_many_; }
 
-    // Takes the tokens of another line. A line has few: the places behind them keep what they held.
+    // Takes the tokens of another line. The places behind them aren't cleared, as most lines have
+    // few tokens.
     void split(std::string_view line);
 
   private:

@@ -13,7 +13,7 @@ namespace quillon {
 // text in place. No digits give 0, a bad digit behind a prefix gives -1. Nothing for a decimal
 // text that doesn't convert and for a value beyond 32 bits.
 std::optional<std::int32_t> ParseNumber(std::string& text);
-// The same without touching the text.
+// The same without changing the text.
 std::optional<std::int32_t> parse_number(std::string_view text);
 
 // A whole text that is a decimal number with or without a point, such as "6.76".

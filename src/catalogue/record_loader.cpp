@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The key table, and what each key does.
 //
-// Keys are compared in upper case but for the two CALIB keys, which are looked at as they stand and
-// only when the table doesn't hold the key. A key that is none of these opens a configuration
-// field; its last character is the word's number.
+// Keys are compared in upper case. The two CALIB keys are compared in the file's case, and only
+// when the table doesn't have the key. Any other key begins a configuration field; its last
+// character is the word's number.
 #include "catalogue/record_loader.h"
 
 #include <fmt/format.h>
@@ -36,7 +36,7 @@ std::optional<std::uint32_t> value_up_to(std::int32_t most, std::string_view tex
     return static_cast<std::uint32_t>(*value);
 }
 
-// A decimal number from 0 to `most`; these keys take no prefix.
+// A decimal number from 0 to `most`; these keys accept no prefix.
 std::optional<std::uint32_t> decimal_up_to(std::int32_t most, std::string_view text) {
     const bool digits = text.find_first_not_of("0123456789") == std::string_view::npos;
     return digits ? value_up_to(most, text) : std::nullopt;
@@ -174,7 +174,7 @@ RowProblem RecordLoader::VDD_VPP_DELAY(const CatRow& row, int) {
     return kFine;
 }
 
-// Any other word would silently power the part in one of the two orders.
+// Any other word is refused: it would silently power the part in one of the two orders.
 RowProblem RecordLoader::POWER_MODE(const CatRow& row, int) {
     if (row[1] != "VPP" && row[1] != "VDD") return unreadable(row[1]);
     session_.PowerMode = row[1];
@@ -224,7 +224,7 @@ RowProblem RecordLoader::EEPROM_BYTE(const CatRow& row, int) {
     return kFine;
 }
 
-// Label4 is the view's heading. It keeps its text, as nothing would write it again.
+// Label4 is the view's heading. Its text is kept, as no code would set it again.
 void RecordLoader::show_eeprom_controls(bool present) {
     form_.RichTxtPgmMem.Height.set(present ? kHeightAboveEeprom : kHeightAlone);
     form_.Label4.Visible.set(present);
@@ -285,8 +285,8 @@ RowProblem RecordLoader::calibration(std::string_view opcode, std::string_view d
     return kFine;
 }
 
-// The first row of a field makes a grid row, the others only add options. Only the row before is
-// looked at: a field that another one interrupts stands in the grid twice.
+// The first row of a field makes a grid row, the others only add options. Only the previous row is
+// compared: a field that another one interrupts is in the grid twice.
 RowProblem RecordLoader::field(const std::string& key, const CatRow& row) {
     const int n = key.back() - '0';
     if (n < 1 || n > kConfigWords) return catalogue_text::kBadKey;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Acts on the rows of a device block: each key has its place in the session or on a form.
+// Applies the rows of a device block: each key sets values in the session or on a form.
 #pragma once
 
 #include <array>
@@ -24,7 +24,7 @@ class RecordLoader {
     RecordLoader(Session& session, MainForm& form, BoardForm& board, ProgrammingType type)
         : session_{session}, form_{form}, board_{board}, type_{type} {}
 
-    // A row that can't be used leaves everything as it was.
+    // A row that can't be used changes nothing.
     [[nodiscard]] RowProblem take(const CatRow& row);
 
     // The options of all configuration fields, in the order of the rows.
@@ -53,7 +53,7 @@ class RecordLoader {
     RowProblem ERASE_BLOCK(const CatRow& row, int n);
     RowProblem WRITE_BUFFER_SIZE_BYTE(const CatRow& row, int);
     RowProblem DEVID1(const CatRow& row, int);
-    // Keys that no routine reads: their values are checked and left.
+    // Keys that no routine reads: their values are checked and ignored.
     RowProblem kept_number(const CatRow& row, int most);
     RowProblem kept_text(const CatRow& row, int);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a programming type says about the panel: the information tab and its controls.
+// What a programming type decides on the panel: the information tab and its controls.
 #pragma once
 
 #include <cstddef>

@@ -14,8 +14,9 @@ struct TypedDevice {
     std::string problem{};       // where there is none: why, as a line for the user
 };
 
-// Case and blanks around the text don't count. A whole name comes first, with or without its "PIC",
-// though longer names hold it too; then the only name that holds the text.
+// Case and blanks around the text don't count. A text that is a whole name, with or without its
+// "PIC", means that device even if longer names contain it. Any other text must be in one name
+// only.
 [[nodiscard]] TypedDevice typed_device(std::string_view typed, std::span<const std::string> names);
 
 }  // namespace quillon

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A catalogue that a hand has damaged: each fault is told, and what can be read is kept.
+// A catalogue damaged by an edit: each fault is reported, and what can be read is kept.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -10,7 +10,7 @@
 namespace quillon::test {
 namespace {
 
-// The box that a selection must have shown, with these words behind the told ones.
+// Expects one box of the selection, with these words behind its fixed text.
 void expect_box(const Bench& bench, std::string_view words) {
     EXPECT_TRUE(bench.session.CatError);
     EXPECT_EQ(bench.session.CatErrorText, words);
@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(
         // a size beyond the image's arrays
         BadRow{"PGM_SIZE_WORD 0x100000", kBadSize}, BadRow{"PGM_SIZE_WORD 2147483647", kBadSize},
         BadRow{"EEPROM_BYTE 0x400", kBadSize},
-        // a key that is none of the table and names no word
+        // a key that isn't in the table and names no word
         BadRow{"calib(retlw) 34", kBadKey}, BadRow{"CALIB(RETLW) 34", kBadKey},
         BadRow{"VOLTAGE 5 6 7 8", kBadKey}, BadRow{"CFG0 A B 1 1", kBadKey},
         BadRow{"CFG8 A B 1 1", kBadKey}, BadRow{"CONFIG8 1 0 0 1", kBadKey},

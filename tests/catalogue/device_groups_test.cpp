@@ -16,7 +16,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-// What a row says: BOR, POR, FCAL, LVD, WUR, ID words, FCAL etc.
+// The columns of a row: BOR, POR, FCAL, LVD, WUR, ID words, FCAL etc.
 struct Row {
     Names devices;
     std::array<bool, 7> shown;

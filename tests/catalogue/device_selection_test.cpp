@@ -63,7 +63,7 @@ TEST(Combo_device_Click, shows_the_program_in_words_after_a_device_whose_parity_
     EXPECT_EQ(bench.form.RichTxtPgmMem.Text.get().find("---"), std::string::npos);
 }
 
-// The boxes show words of the word image, where a PIC18 has none.
+// The boxes show words of CfgIdMem, which a PIC18 doesn't use.
 TEST(Combo_device_Click, shows_the_two_configuration_texts_of_all_but_the_PIC18) {
     Bench bench{typed("PIC1", "18F_00") + typed("PIC2", "FLASH4") + typed("PIC3", "18F_01")};
     for (const auto* name : {"PIC1", "PIC2", "PIC3"}) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every device of the catalogue that goes out with the product.
+// Every device of the catalogue that is shipped with the product.
 #include <gtest/gtest.h>
 
 #include <filesystem>

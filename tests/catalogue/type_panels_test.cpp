@@ -11,7 +11,7 @@
 namespace quillon::test {
 namespace {
 
-// A form whose controls all stand at the opposite of what a row may ask for.
+// A form whose controls all have the opposite of what a row may ask for.
 struct Panel {
     explicit Panel(std::string_view type, bool shown = false) {
         for (auto* control : std::vector<Control*>{
