@@ -9,7 +9,7 @@ namespace quillon {
 
 struct Dialect {
     char power = 'N';             // 'n': VPP rises before VDD, 'N': VDD before VPP
-    bool extended = false;        // "X" goes out behind the power letter
+    bool extended = false;        // "X" is sent after the power letter
     int number_bytes = 2;         // bytes of a count or of an address, high byte first
     std::size_t read_block = 16;  // bytes that the board sends before it waits for our "@"
 };

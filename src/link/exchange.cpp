@@ -94,7 +94,8 @@ void Exchange::show_progress(std::size_t from, std::size_t to, std::size_t total
                                static_cast<int>(value));
 }
 
-// What is waiting, and what follows on its heels, up to so many bytes in all.
+// The bytes that are waiting and, if they are fewer than `most`, those that arrive within
+// kReportTime.
 std::vector<std::uint8_t> Exchange::take_report(std::size_t most) {
     auto reply = take();
     if (reply.size() < most) port_.wait_for_data(most - reply.size(), kReportTime);

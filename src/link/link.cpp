@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 constexpr std::size_t kReplyBytes = 18;
 constexpr std::size_t kIdentityBytes = 16;
 constexpr std::string_view kModule = "ZQ-LDR";
-// A constant of the system, whatever the catalogue asks for.
+// Fixed, whatever version the catalogue asks for.
 constexpr double kRecommendedVersion = 6.76;
 constexpr auto kLetterPause = 1ms;
 
@@ -138,8 +138,8 @@ bool Link::open_for_search() {
     return false;
 }
 
-// The product's messages are the same for every port that can't be opened. What the user can do
-// about this one is a line of its own.
+// The other messages are the same for every port that can't be opened. This line says what the user
+// can do about missing permission.
 void Link::report_denied() {
     if (last_open_ == PortOpen::Denied)
         messages_.AddMessage(fmt::format("red{}", link_text::kPortDenied));
@@ -186,7 +186,7 @@ Token Link::accept_board() {
     session_.FirmVersion = *version;
     settings_.save("FirmModule", session_.FirmVersionText.substr(0, 10));
     Firm_Version_Check();
-    // A delay that the board didn't take stops nothing: its message has been shown.
+    // A delay that the board refused doesn't stop the operation: its message has been shown.
     static_cast<void>(Power_Delay_Set());
     return Token::OK;
 }
@@ -218,7 +218,7 @@ Token Link::Power_Delay_Set() {
 
 void Link::Firm_Version_Check() {
     if (session_.FirmVersion >= kRecommendedVersion) return;
-    // A run that begins with Writer_Check has made no search: its reply is all that is known.
+    // A run that begins with Writer_Check has made no search: only its own reply is known.
     const auto& current =
         session_.FirmwareText.empty() ? session_.FirmVersionText : session_.FirmwareText;
     const auto answer = dialogs_.box({
@@ -231,7 +231,7 @@ void Link::Firm_Version_Check() {
     });
     if (answer != BoxAnswer::Ok || host_.open_document(std::string{link_text::kSupportPage}))
         return;
-    // A box, as the delay's message replaces what the message area shows.
+    // Shown in a box, as the delay's message replaces the text of the message area.
     dialogs_.box({.title = std::string{link_text::kUpdateTitle},
                   .text = fmt::format(link_text::kPageNotOpened, link_text::kSupportPage),
                   .icon = BoxIcon::Warning});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The board on its serial port: found, identified, brought back to its command loop, let go.
+// The board on its serial port: found, identified, brought back to its command loop, released.
 //
 // The port is opened by Writer_Find or Writer_Check, used for one operation and closed by
 // Writer_Close at its end.
@@ -37,19 +37,19 @@ class Link {
           dialogs_{dialogs},
           messages_{messages} {}
 
-    // Searches the board unless it has been found already. Leaves the port open.
+    // Searches for the board unless it has been found already. Leaves the port open.
     void Writer_Find();
     // First step of every operation: opens the port if needed, sends the "*" burst, identifies the
-    // board, sets the power delay. One second attempt.
+    // board, sets the power delay. Tries at most twice.
     Token Writer_Check();
     Token Power_Delay_Set();
-    // Advises an update of the board's firmware below V6.76. Refuses nothing.
+    // Advises an update of the board's firmware below V6.76. Never refuses a board.
     void Firm_Version_Check();
     // Gives the board's last bytes time to arrive, then closes the port.
     void Writer_Close();
 
-    // No board is known behind the port, or no port is chosen: forgets the former board, and the
-    // label says so.
+    // Called when no board is known at the port, or no port is chosen: forgets the former board and
+    // shows that in the label.
     void show_no_board();
 
   private:

@@ -67,8 +67,8 @@ inline constexpr std::string_view kSilent =
     "<<注意>>ライターからの応答が {} 秒間ありません。待ち続けています。";
 
 inline constexpr std::string_view kUpdateTitle = "ファームウエアのアップデートが必要です。";
-// Groups are parted by a line of one full-width blank; three lines end in full-width blanks, 4 in
-// the first two, 1 in the one that names the version.
+// Groups are separated by a line of one full-width blank; three lines end in full-width blanks, 4
+// in the first two, 1 in the one that names the version.
 inline constexpr std::string_view kUpdateAdvice =
     "ファームウエアバージョンが古いのでアップデートを行なってください。"
     "　　　　"

@@ -2,7 +2,7 @@
 // The operations of the serial port that the link uses, and no others.
 //
 // 57600 baud, no parity, 8 data bits, 1 stop bit, no flow control. Reception is buffered by the
-// port; nothing is received or sent but by these calls.
+// port; only these calls receive and send.
 #pragma once
 
 #include <chrono>
@@ -17,7 +17,7 @@ namespace quillon {
 enum class PortOpen : std::uint8_t {
     Ok,
     Busy,         // somebody else holds it
-    Denied,       // it is there, and this user may not use it
+    Denied,       // it exists, but this user may not open it
     Unavailable,  // no such port, no port chosen
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Reports that the board has gone silent in a wait that has no limit.
 //
-// Such a wait goes on until the user gives up. Without a message a dead
-// board looks like a busy one.
+// Such a wait goes on until the user gives up. Without a message, a dead board looks like a busy
+// one.
 #pragma once
 
 #include <chrono>
@@ -15,7 +15,7 @@ namespace quillon {
 
 class SilenceWatch {
   public:
-    // `expected`: how long the board may well take for its next byte.
+    // `expected`: how long a working board may take for its next byte.
     SilenceWatch(const Host& host, Messages& messages, std::chrono::milliseconds expected)
         : host_{host}, messages_{messages}, longest_{3 * expected}, since_{host.now()} {}
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The one wait of the system: polls the receive count, keeps the interface alive, gives up by a
-// limit or not at all.
+// The one wait of the system: polls the receive count, keeps the interface responsive, and gives up
+// only if it has a limit.
 //
 // A wait without a limit ends only when the user gives up (Host::pump throws Abandoned) or the port
 // vanishes. That is how the product behaves: for some steps no limit would be right for all parts.

@@ -162,7 +162,7 @@ TEST(Writer_Check, takes_a_version_that_is_no_number_for_a_wrong_port) {
         bench.port.when(kBurst, "ZQ-LDR412A V6.8x\r\n");
         EXPECT_EQ(bench.link.Writer_Check(), Token::NG);
 
-        // The board was found, and its label says so; what follows the version isn't done.
+        // The board was found and its label shows that; the steps after the version aren't run.
         EXPECT_EQ(bench.shown.lines,
                   (Lines{"ライターを COM3に検出しました。",
                          "[red] シリアルポートが未指定です。"

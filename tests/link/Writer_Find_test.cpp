@@ -231,7 +231,7 @@ TEST(Writer_Find, finds_a_board_whose_version_is_no_number_and_keeps_the_former_
         EXPECT_EQ(bench.form.Label_FirmwareVersion.BackColor.get(), Colour::Found);
         EXPECT_EQ(bench.shown.lines.back(), "ライターを COM3に検出しました。");
         EXPECT_TRUE(bench.form.mnuFirmwareUpdate.Enabled.get());
-        // The advice goes by the number that is kept, and names the board as it answered.
+        // The advice depends on the number in the session, and names the board by its reply.
         ASSERT_EQ(bench.dialogs.boxes.size(), former < 6.76 ? 1U : 0U);
         for (const auto& box : bench.dialogs.boxes)
             EXPECT_NE(box.text.find("： ZQ-LDR412A V6.8x \r\n"), std::string::npos);

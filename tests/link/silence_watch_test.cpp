@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user hears of a board that goes silent in a wait that has no limit.
+// What is shown when the board goes silent in a wait that has no limit.
 #include <algorithm>
 
 #include "link_bench.h"

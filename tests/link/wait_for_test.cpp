@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The one wait: its limit, which is strict and bounds the whole, and its way out without one.
+// The one wait: its limit, which is strict and bounds the whole wait, and how a wait without one
+// ends.
 #include "link/wait.h"
 #include "link_bench.h"
 

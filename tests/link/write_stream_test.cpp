@@ -16,7 +16,7 @@ constexpr std::string_view kItem3 = "\x20\x7E";
 // The time of a byte at 57600 baud.
 constexpr auto kByteTime = 174us;
 
-// The board asks at once for the first item; what it answers to each is the test's.
+// The board asks at once for the first item; the test decides what it answers to each.
 WriteResult write(LinkBench& bench, std::uint8_t abort = '@', Limit limit = 10s) {
     bench.open_port();
     return bench.wire.write_stream(kImage, {.abort = abort, .limit = limit});
