@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // One routine for each memory area and operation: what a whole operation is composed of.
 //
-// Each shows its status line, runs one exchange and reports with a token. None opens or closes the
-// port, and none repeats anything.
+// Each shows its status line, runs one exchange and returns a token. None opens or closes the port,
+// and none retries.
 #pragma once
 
 #include <string>
@@ -23,8 +23,8 @@ class Areas {
   public:
     virtual ~Areas() = default;
 
-    // YB, NB, ER; Absent for an area that the device hasn't. Blank_Cfg, Read_Cfg and Verify_Cfg
-    // also set the session's CodeProtect.
+    // YB, NB, ER; Absent for an area that the device doesn't have. Blank_Cfg, Read_Cfg and
+    // Verify_Cfg also set the session's CodeProtect.
     virtual Token Blank_Cfg() = 0;
     virtual Token Blank_Pgm() = 0;
     virtual Token Blank_Eep() = 0;
@@ -44,7 +44,7 @@ class Areas {
     virtual Token Pgm_Erase() = 0;
     virtual Token Eep_Erase() = 0;
 
-    // True when all that Read_Pgm, Read_Eep and Read_Cfg have just read was the blank value.
+    // True if Read_Pgm, Read_Eep and Read_Cfg have just read nothing but blank values.
     virtual bool read_was_blank() const = 0;
     // Of the last Verify_Cfg.
     const ConfigFound& config_found() const { return config_found_; }

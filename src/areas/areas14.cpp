@@ -93,7 +93,7 @@ Token Areas14::Blank_Eep() {
     if (reply[data] != kEndCode) return report(Token::ER, texts_.blank_eep_no_end_code);
     AndWord sum;
     for (std::size_t i = 0; i < data; i += 2) sum.add(reply[i], reply[i + 1]);
-    // A cell is the low byte; the high one holds nothing of it.
+    // A cell is the low byte; the high byte is unused.
     return sum.lo == 0xFF ? Token::YB : Token::NB;
 }
 

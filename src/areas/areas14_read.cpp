@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kReadLimit = 10s;
-// The low bits of the identity word are the revision: up to here no part is named.
+// The low five bits of the identity word are the revision. Up to this value the word names no part.
 constexpr std::uint16_t kRevisionBits = 31;
 constexpr int kIdentityShift = 5;
 
@@ -64,7 +64,7 @@ Token Areas14::Read_Eep() {
     return report(Token::OK, texts_.read_eep_done);
 }
 
-// Three digits each, leading zeros with them.
+// Three digits each, with leading zeros.
 void Areas14::show_identity(std::span<const std::uint8_t> area) {
     const auto id = identity_of(area);
     context_.form.Lbl_ID_Rev.Caption.set(fmt::format("{:03X}", id & kRevisionBits));

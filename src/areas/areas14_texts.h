@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The messages of the 14-bit parts' area routines. The defaults are the template's; a family names
-// those that it says otherwise. A message with a value in it is a format string of its own.
+// The messages of the 14-bit parts' area routines. The defaults are the template's; a family
+// replaces those that it words differently. A message with a value in it is a format string of its
+// own.
 #pragma once
 
 #include <string_view>
@@ -106,7 +107,7 @@ namespace areas14_text {
 inline constexpr std::string_view kWritePgmTimeoutAt =
     "0x{:X}アドレスでタイムアウトが発生しました。";
 inline constexpr std::string_view kWriteEepDetail = "( Address = {}  Write = {}  Read = {} )";
-// The value that was to be written is never shown: its place holds "????".
+// The value to write is never shown: "????" is in its place.
 inline constexpr std::string_view kWriteCfgDetail = "( Address = {}  Read = {}  Write = ???? )";
 inline constexpr std::string_view kVerifyCfgData =
     "\r\n"

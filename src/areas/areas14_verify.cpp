@@ -21,7 +21,7 @@ std::string id_digits(std::span<const std::uint8_t> area) {
     return digits;
 }
 
-// Upper digits of the ID words hold nothing; the words behind them are the device's own.
+// The upper digits of the ID words are unused; the words behind them are the device's own.
 bool same_config(std::span<const std::uint8_t> device, std::span<const std::uint8_t> image) {
     for (std::size_t i = 1; i < config_area::kIdEnd; i += 2)
         if ((device[i] & 0x0F) != (image[i] & 0x0F)) return false;
@@ -31,7 +31,7 @@ bool same_config(std::span<const std::uint8_t> device, std::span<const std::uint
 
 }  // namespace
 
-// Behind the program view's text, where the next verify or view takes it away.
+// Appends the list to the program view's text, from which the next verify or view removes it.
 Token Areas14::list_mismatches(const std::string& list, std::string_view message) {
     auto& view = context_.form.RichTxtPgmMem.Text;
     view.set(view.get() + list);
@@ -57,7 +57,7 @@ Token Areas14::Verify_Eep() {
     const auto device = read_area('d', session_.EepBytes, kNoLimit);
     const auto cells = static_cast<std::size_t>(session_.EepBytes);
     MismatchList list;
-    // A cell is the low byte; what the board sends above it is no content.
+    // A cell is the low byte; the high byte that the board sends has no meaning.
     for (std::size_t c = 0; c < cells; ++c)
         if (!list.compare(c, session_.EepMem[2 * c + 1], device[2 * c + 1])) break;
     if (!list.text().empty()) return list_mismatches(list.text(), texts_.verify_eep_failed);

@@ -46,7 +46,7 @@ Token Areas14::Write_Pgm() {
         case WriteEnd::Done:
             return report(Token::OK, texts_.write_pgm_done);
         case WriteEnd::NoReady:
-            // The wording counts from the word before the one that was answered last.
+            // The shown number is that of the awaited word less two, as the product's text has it.
             return report(Token::NG, texts_.write_pgm_failed,
                           fmt::format(text::kWritePgmTimeoutAt,
                                       static_cast<std::uint16_t>(written.index / 2 - 2)));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What an operation works on: handed by reference from the run to flows and families.
+// What an operation works on. The run passes it by reference to flows and families.
 #pragma once
 
 #include "app/dialogs.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Whether the part in the socket is the selected one: the verdict on an identity that was read, and
-// the question whether to go on with another part.
+// Whether the part in the socket is the selected one: judges an identity that was read, and asks
+// whether to go on with another part.
 #pragma once
 
 #include <cstdint>
