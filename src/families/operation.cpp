@@ -74,7 +74,7 @@ Outcome Operation::Blank_All() {
 }
 
 void Operation::report_not_blank(const AreaTokens& tokens) {
-    // An area that doesn't exist reads as not erased here: the report knows two verdicts only.
+    // An area that doesn't exist is reported as not erased: the report has only two verdicts.
     const auto line = [this](std::string_view area, Token token) {
         return fmt::format("{}\t{}\r\n", area,
                            token == Token::YB ? texts_.area_blank : texts_.area_not_blank);

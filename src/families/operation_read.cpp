@@ -48,7 +48,7 @@ Outcome Operation::Read_All() {
     else
         messages_.ShowMessage(is_protected ? texts_.read_protected : texts_.read_done);
     context_.log.note(texts_.read_log);
-    // What a protected part answers isn't its content.
+    // A protected part doesn't answer with its content.
     return is_protected ? Outcome::Failed : Outcome::Success;
 }
 
@@ -70,7 +70,7 @@ void Operation::refresh_after_read() {
 }
 
 Outcome Operation::Verify_All() {
-    context_.views.ShowProgramMemory();  // the mismatches of an earlier run go
+    context_.views.ShowProgramMemory();  // removes the mismatches of an earlier run
     if (const auto socket = check_socket(); socket != Outcome::Success) return socket;
     announce(texts_.verify_cfg_now);
     const AreaTokens tokens{Token::Absent, Token::Absent, areas_->Verify_Cfg()};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The messages of whole operations. The defaults are the 14-bit template's; a family names those
-// that it says otherwise. A message with a value in it is a format string of its own.
+// The messages of whole operations. The defaults are the 14-bit template's; a family replaces those
+// that it words differently. A message with a value in it is a format string of its own.
 #pragma once
 
 #include <string_view>

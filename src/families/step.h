@@ -22,7 +22,7 @@ enum class OnBad : std::uint8_t {
     Keep,             // it is a result, and the run goes on
     Tell,             // the failure's line, and the run ends
     BoxAndStop,       // a box
-    CloseBoxAndStop,  // the board is let go first, so that it isn't held while the user reads
+    CloseBoxAndStop,  // the port is closed first, so that the board isn't held while the user reads
 };
 
 enum class Only : std::uint8_t {

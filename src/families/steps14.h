@@ -21,7 +21,7 @@ inline constexpr Step kEraseEep{
     .failure = text::kEraseEepFailed,
 };
 
-// The chip erase takes program memory with the protection.
+// The chip erase clears program memory together with the protection.
 inline constexpr std::array kChipEep{
     Step{.status = text::kErasing},
     Step{
@@ -34,7 +34,8 @@ inline constexpr std::array kChipEep{
     kEraseEep,
 };
 
-// The chip erase takes the configuration with the protection, program memory has one of its own.
+// The chip erase clears the configuration together with the protection. Program memory has an erase
+// of its own.
 inline constexpr std::array kCfgPgmEep{
     Step{
         .status = text::kErasingCfg,

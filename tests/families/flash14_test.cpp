@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The rows of the 14-bit modules, printed and held against a table that was written by hand, and
-// what every row has to fulfil.
+// The rows of the 14-bit modules, printed and compared with a table written by hand, and the
+// conditions that every row must meet.
 #include "families/flash14.h"
 
 #include <fmt/format.h>
