@@ -81,12 +81,12 @@ void Flows::give_controls_back() {
     context_.form.Focus.set("frmMain");
 }
 
-// Nothing waits here and the port isn't spoken to: whoever gave up wants to be gone, and the next
-// operation's check brings the board back to its command loop.
+// Doesn't wait and sends nothing, so that giving up takes effect at once. The next operation's
+// check brings the board back to its command loop.
 Outcome Flows::abandon(Abandoned::Reason reason) {
     auto& session = context_.session;
     context_.port.close();
-    // Whatever an area had come to: the run as a whole has no result.
+    // The run as a whole has no result, even if an area has one.
     session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
     session.ResultAll.clear();
     give_controls_back();
@@ -99,7 +99,8 @@ Outcome Flows::abandon(Abandoned::Reason reason) {
     return Outcome::GivenUp;
 }
 
-// A count of words goes out in two bytes; none at all would be written, and verified, in no time.
+// A count of words is sent in two bytes. A count of 0 would be written and verified at once, as a
+// success.
 bool Flows::size_fits_wire() const {
     const auto& session = context_.session;
     return session.PgmWords > 0 && (session.PgmWords <= 0xFFFF || is_pic18(session.PgmType));
@@ -138,7 +139,7 @@ Outcome Flows::erase_command(std::string_view status, Token (GenericEngine::*era
         if (!context_.session.WriterFound) return Outcome::NoBoard;
         if (!status.empty()) context_.messages.ShowMessage(status);
         const Token erased = (engine_.*erase)();
-        if (erased == Token::NG) return Outcome::NoBoard;  // its own check found none
+        if (erased == Token::NG) return Outcome::NoBoard;  // its own check found no board
         return erased == Token::OK ? Outcome::Success : Outcome::Failed;
     });
 }

@@ -14,7 +14,8 @@
 namespace quillon {
 
 // One operation at a time. Each entry returns when the port is closed and the controls are back,
-// whatever happened: nothing is thrown. A call while another runs does nothing and says Failed.
+// whatever happened: nothing is thrown. A call while another one runs does nothing and returns
+// Failed.
 class Flows {
   public:
     explicit Flows(RunContext& context) : context_{context}, engine_{context} {
@@ -28,13 +29,13 @@ class Flows {
     // The main form's two erase commands: the generic engine's, for every device.
     Outcome mnuPgmErase_Click();
     Outcome mnuChipErase_Click();
-    // A click on the board's label: searches the board and lets it go again.
+    // A click on the board's label: searches for the board, then closes the port.
     Outcome Label_FirmwareVersion_Click();
     // The stop button and Esc: the next wait or sleep of the operation that runs ends it.
     void Command_stop_Click();
 
     bool running() const { return running_; }
-    // Of the runs that have ended: the one that is writing hasn't failed yet.
+    // Counts the runs that have ended: the one that is writing hasn't failed yet.
     int failed_runs() const { return failed_runs_; }
 
   private:

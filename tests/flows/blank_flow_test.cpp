@@ -68,7 +68,7 @@ TEST_P(Command_blank, tells_of_a_protected_part_what_it_is) {
     bench.protect_target();
     EXPECT_EQ(bench.run->flows.Command_blank(), Outcome::Failed);
 
-    // Nothing comes out of a protected part but its ID and configuration.
+    // Only ID and configuration can be read from a protected part.
     const ExpectedWire wire{bench};
     EXPECT_EQ(bench.wire(), wire.check() + wire.blank_pgm("00 00") +
                                 wire.read_eep(wire.eeprom_of_target()) + wire.config());
@@ -128,7 +128,7 @@ TEST_P(Command_blank, checks_every_area_once_even_where_the_link_fails_in_one) {
 
 TEST_P(Command_blank, takes_the_word_with_all_its_possible_bits_set_for_blank) {
     Bench bench{GetParam()};
-    // A part that lets a bit of its configuration word be zero only.
+    // A part with a bit of its configuration word that is always zero.
     bench.session().ConfigMask[1] = 0x3FFD;
     bench.target().config[0] = 0x3FFD;
     EXPECT_EQ(bench.run->flows.Command_blank(), Outcome::Success);

@@ -181,7 +181,7 @@ TEST_P(stops_at_a_link_error, a_program_run_in_each_step_of_its_erase) {
                                    "チップイレース失敗。"}));
             EXPECT_EQ(bench.session().TryCount, 0);
             EXPECT_TRUE(bench.dialogs.boxes.empty());
-            // The board is let go at once, and once more in the closing.
+            // The port is closed at once, and once more at the end of the operation.
             const auto all = pauses(bench);
             EXPECT_EQ((Pauses{all.end() - 4, all.end()}), (Pauses{200ms, 200ms, 200ms, 200ms}));
         }

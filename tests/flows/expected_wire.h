@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The exchanges of an operation in the wire log's notation, made from what was put into image and
+// The exchanges of an operation in the wire log's notation, built from the contents of image and
 // part.
 //
 // What sets the families apart on the wire is in their rows. All these parts raise VDD first ("N")
@@ -73,7 +73,7 @@ class ExpectedWire {
     std::string write_eep(std::string_view end = "@") const {
         return begin_write_eep() + items(bench_.eeprom_image(), end);
     }
-    // The three words between ID and configuration carry the mark that leaves them out.
+    // The three words between ID and configuration have the mark for words that aren't written.
     std::string write_cfg(std::string_view end = "@") const {
         return begin_write_cfg() + items(config_items(), end);
     }
@@ -101,7 +101,7 @@ class ExpectedWire {
         return fmt::format("{} bytes {:08X}", data.size(), crc32(data));
     }
 
-    // What the part in the socket sends of its memories.
+    // The program memory as the part in the socket sends it.
     std::vector<std::uint8_t> program_of_target() const {
         std::vector<std::uint8_t> bytes;
         for (std::size_t w = 0; w < bench_.target().program.size(); ++w)

@@ -2,8 +2,8 @@
 // Single faults all over what the board sends, in each operation of each family: whatever happens,
 // no operation claims a success that isn't one, and port and controls come back.
 //
-// A part of 64 words and 16 cells keeps the matrix small. An altered byte of a read can't be found
-// out, as the protocol has no check sum: reads are judged by the other faults only.
+// A part of 64 words and 16 cells keeps the matrix small. An altered byte of a read can't be
+// detected, as the protocol has no check sum: reads are judged by the other faults only.
 #include <fmt/format.h>
 
 #include "flow_support.h"

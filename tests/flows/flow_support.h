@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the flows' tests ask of a bench again and again.
+// Helpers that several of the flows' tests use on a bench.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ namespace quillon::test {
 
 using Pauses = std::vector<std::chrono::milliseconds>;
 
-// For what every family has to show.
+// For behaviour that every family must show.
 class EveryFamily : public testing::TestWithParam<FamilyCase> {};
 inline std::string case_name(const testing::TestParamInfo<FamilyCase>& info) {
     return std::string{info.param.device};
@@ -39,14 +39,14 @@ inline Lines after_check(const Lines& lines) {
     return all;
 }
 
-// The sleeps of an operation but those behind letters, parameters and acknowledges.
+// The sleeps of an operation, except those behind letters, parameters and acknowledges.
 inline Pauses pauses(const Bench& bench) {
     Pauses found;
     for (const auto time : bench.host.sleeps)
         if (time != 1ms) found.push_back(time);
     return found;
 }
-// With those of the check at the beginning and of the closing.
+// The given pauses between those of the check at the beginning and those of the close at the end.
 inline Pauses between_check_and_close(const Pauses& middle) {
     Pauses all{100ms, 500ms};
     all.insert(all.end(), middle.begin(), middle.end());

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view kGivenUp = "[red] 操作を中止しました。";
 
-// A silence in a wait that has no end of its own.
+// A silence in a wait that has no limit.
 struct Silence {
     const char* name;
     Outcome (Flows::*operation)();
@@ -97,13 +97,13 @@ TEST_P(silent_board, is_left_within_300_ms_of_the_stop_button) {
 
 namespace {
 
-// From 50 ms on: what a user may press the button in.
+// The sleeps from 50 ms on: long enough for a user to press the button.
 std::size_t long_sleeps(const Bench& bench) {
     return static_cast<std::size_t>(
         std::ranges::count_if(bench.host.sleeps, [](auto time) { return time >= 50ms; }));
 }
 
-// An operation that meets all its sleeps, on a part that makes it end well.
+// An operation that runs through all its sleeps, on a part that makes it succeed.
 struct Sleeper : Bench {
     explicit Sleeper(Outcome (Flows::*operation)()) : operation_{operation} {
         if (operation == &Flows::Command_Verify) program_target();
@@ -137,7 +137,7 @@ TEST(stop_button, cuts_every_sleep_of_every_operation) {
             EXPECT_LT(bench.host.now() - pressed, 30ms);
             EXPECT_FALSE(bench.port.is_open());
             EXPECT_TRUE(bench.controls_are_back());
-            // In the two of the closing the verdict is there already.
+            // In the last two sleeps, those of the close, the verdict is already known.
             if (nth + 2 > sleeps) {
                 EXPECT_EQ(outcome, Outcome::Success);
             } else {

@@ -15,7 +15,7 @@ constexpr std::string_view kNoPort =
     "メニューバーの [オプション] から [ＣＯＭポート設定] を選択してください。\r\n";
 constexpr std::string_view kChecking = "ライターチェック中..........";
 
-// Every operation of the main form that speaks to the target.
+// Every operation of the main form that communicates with the target.
 constexpr std::array kOperations{
     &Flows::Command_blank,   &Flows::Command_read,      &Flows::Command_Verify,
     &Flows::Command_program, &Flows::mnuPgmErase_Click, &Flows::mnuChipErase_Click,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A program run that goes wrong once the erase is over: writes that break off, and parts that don't
-// hold what was written.
+// A program run that fails after the erase: writes that break off, and parts that don't hold what
+// was written.
 #include "program_lines.h"
 
 namespace quillon::test {

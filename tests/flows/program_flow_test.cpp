@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A part programmed from the image, with no trouble: every exchange, message and pause.
+// A part programmed from the image without a fault: every exchange, message and pause.
 #include "program_lines.h"
 #include "run/start_up.h"
 
@@ -13,7 +13,7 @@ std::string success(const Bench& bench, std::string_view seconds, int passed) {
                        seconds, passed, bench.run->session.TryCount - passed);
 }
 
-// What the closing line says of the time, to compare it with the clock.
+// The seconds in the last line, to compare them with the clock.
 int seconds_told(const Bench& bench) {
     const auto& line = bench.shown->lines.back();
     const auto from = line.find("　　") + std::string_view{"　　"}.size();

@@ -58,7 +58,7 @@ inline Lines joined(std::initializer_list<Lines> stages) {
     for (const auto& stage : stages) all.insert(all.end(), stage.begin(), stage.end());
     return all;
 }
-// From the erase to the last verify, all well.
+// The lines from the erase to the last verify of a successful run.
 inline Lines written_lines(std::string_view device) {
     return joined(
         {erase_lines(device), kWritePgmLines, kWriteEepLines, kVerifyLines, kConfigLines});
@@ -76,7 +76,7 @@ inline Pauses joined(std::initializer_list<Pauses> stages) {
     return all;
 }
 
-// Everything behind the blank check, all well. Call it once the part has been programmed.
+// The wire of a successful run behind the blank check. Call it once the part has been programmed.
 inline std::string written_wire(const ExpectedWire& wire) {
     return wire.erase_all() + wire.write_pgm() + wire.write_eep() +
            wire.read_pgm(wire.program_of_target()) + wire.read_eep(wire.eeprom_of_target()) +

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a user is asked before a part is programmed, and what becomes of the answers.
+// The questions before a part is programmed, and the effect of each answer.
 #include "program_lines.h"
 
 namespace quillon::test {
