@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// frmDeviceSelect: which device is a HEX file of the command line for? Its state, and what it does;
-// a window only shows it.
+// frmDeviceSelect asks which device a HEX file of the command line is for. The form's state and
+// behaviour are here; a window only shows them.
 #pragma once
 
 #include "app/controls.h"
@@ -14,7 +14,7 @@ struct DeviceSelectForm : Form {
     DeviceSelectForm() { Caption.set("マイコン選択サブウインドウ"); }
 
     ComboBox Combo_device{*this, "Combo_device"};
-    Label Notice{*this, "Notice"};  // why OK has not been taken
+    Label Notice{*this, "Notice"};  // why OK was not accepted
     Button OKButton{*this, "OKButton", "OK"};
     Button CancelButton{*this, "CancelButton", "キャンセル"};
 
@@ -27,13 +27,13 @@ class DeviceSelectDialog {
     DeviceSelectDialog(DeviceSelectForm& form, Session& session, const MainForm& main_form)
         : form_{form}, session_{session}, main_form_{main_form} {}
 
-    // True where the question is open. False where it is answered already: by the command line's
-    // second operand, which has to be a device's exact name, or as there is no file.
+    // True if the question has to be asked. False if the command line's second operand is a
+    // device's exact name, or if there is no file.
     bool Form_Load();
-    // Takes the device that the list's text means, chosen or typed. The question stays open, with a
-    // notice, where the text means none.
+    // Takes the device that the list's text means, chosen or typed. If it means none, the question
+    // stays open with a notice.
     void OKButton_Click();
-    // The close box too: the file isn't loaded.
+    // Also called by the close box: the file isn't loaded.
     void CancelButton_Click();
 
   private:

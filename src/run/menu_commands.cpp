@@ -29,7 +29,7 @@ bool MenuCommands::busy() const { return run_.flows.running(); }
 
 void MenuCommands::mnuBlankSkip_Click() {
     run_.settings.save_flag("SkipMode", toggle(run_.form.mnuBlankSkip));
-    // The end of a running operation enables what ApplyBlankSkip would enable at once.
+    // While an operation runs this button stays locked: the operation's end enables it.
     const bool extend = run_.form.Cmd_Extend_Program.Enabled.get();
     ApplyBlankSkip(run_.session.DeviceName, run_.form);
     if (busy()) run_.form.Cmd_Extend_Program.Enabled.set(extend);
@@ -75,7 +75,7 @@ void MenuCommands::save_board_place() {
 void MenuCommands::mnuLock_Click() {
     auto& form = run_.form;
     const bool locked = toggle(form.mnuLock);
-    if (busy()) return;  // the operation gives the buttons back by the check mark
+    if (busy()) return;  // the operation's end enables the buttons that the check mark asks for
     if (!locked) {
         UnlockButtons(run_.session.PgmType.text(), form);
         return;
@@ -99,8 +99,8 @@ void MenuCommands::mnuHelp_Click() { open(menu_text::kHelpFile); }
 
 void MenuCommands::mnuBoardAmend_Click() { open(menu_text::kBoardFile); }
 
-// The question stands over the message area, and the run that asks it goes on with messages of its
-// own.
+// Shown in a box: the question covers the message area, and the run that asks it goes on to show
+// messages of its own.
 void MenuCommands::CmdHint_Click() {
     const std::string path = run_.session.AppPath + std::string{menu_text::kBoardFile};
     if (run_.host.open_document(path)) return;

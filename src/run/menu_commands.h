@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The menu commands that change a mode, open a form or open a document.
 //
-// The option and help menus stay open to the user while an operation waits for the board: what
-// would disturb it does nothing then.
+// The option and help menus stay enabled while an operation waits for the board. A command that
+// would disturb the operation does nothing then.
 #pragma once
 
 #include <string_view>
@@ -16,9 +16,9 @@ class MenuCommands {
     explicit MenuCommands(Run& run) : run_{run} {}
 
     void mnuBlankSkip_Click();
-    void HexUpperAddress_Click();  // in force from the next load or save
+    void HexUpperAddress_Click();  // takes effect at the next load or save
     void HexFileCheck_Click();
-    void mnuComMode1_Click();  // in force from the next search for the board
+    void mnuComMode1_Click();  // takes effect at the next search for the board
     void mnuBoardInfomation_Click();
     void mnuLock_Click();  // production mode
     void mnuFrmmainHight_Click();

@@ -26,7 +26,7 @@ void OptionDialog::Option_Com_Click(int instance) {
         form_.Option_Com[static_cast<std::size_t>(i)].Checked.set(i == instance);
 }
 
-// What is known of a board belongs to the port that it was found at.
+// The data of a board are valid only for the port at which it was found.
 void OptionDialog::choose() {
     const int before = std::exchange(session_.ComNo, 0);
     port_.close();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// frmOption: the port dialog. Its state, and what it does; a window only shows it.
+// frmOption, the port dialog. Its state and behaviour are here; a window only shows them.
 #pragma once
 
 #include <array>
@@ -20,7 +20,7 @@ inline constexpr int kComPorts = 20;
 struct OptionForm : Form {
     OptionForm() { Caption.set("通信ポート選択して下さい。"); }
 
-    // Instance n is COM(n+1); option buttons, so that choosing one lets go of the others.
+    // Instance n is COM(n+1); option buttons, so that choosing one clears the others.
     std::array<CheckBox, kComPorts> Option_Com{
         {{*this, "Option_Com(0)", "COM1"},   {*this, "Option_Com(1)", "COM2"},
          {*this, "Option_Com(2)", "COM3"},   {*this, "Option_Com(3)", "COM4"},
@@ -51,10 +51,10 @@ class OptionDialog {
     void Form_Load();
     // The user's choice of one button, 0 to 19.
     void Option_Com_Click(int instance);
-    // Opens the chosen port and leaves it open. True when the form is done; where the port can't be
-    // opened a box says so and the form stays.
+    // Opens the chosen port and leaves it open. True if the form is done. If the port can't be
+    // opened, a box reports that and the form stays open.
     bool Command_Ok_Click();
-    // CANCEL, Escape and the close box: the port of the form's load is the chosen one again.
+    // CANCEL, Escape and the close box: restores the port that was chosen when the form was loaded.
     void Command1_Click();
 
   private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One run of the program: owns one of each object and hands them down. The composition root of the
-// window, of the command line and of the tests.
+// One run of the program: owns one of each object and passes them on by reference. The composition
+// root of the window, of the command line and of the tests.
 #pragma once
 
 #include "app/buttons.h"
@@ -30,7 +30,7 @@
 
 namespace quillon {
 
-// In the order of making: each object knows only those above it.
+// In construction order: each object refers only to those above it.
 //
 // A Dialogs shows frmOption and frmDeviceSelect by binding to option_form and device_select_form;
 // both are loaded when it is called, and done when Visible is false.
@@ -69,8 +69,8 @@ struct Run {
     MenuCommands menu;
 };
 
-// Writer_Find outside of an operation, in a frame of its own: false where the user gave the program
-// up meanwhile. A port that vanished is closed, with a message.
+// Runs Writer_Find outside an operation. False if the search was given up. A port that vanished is
+// closed, with a message.
 [[nodiscard]] bool search_board(Run& run);
 
 }  // namespace quillon

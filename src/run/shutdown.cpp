@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What unloading frmMain does. Nobody is left to read of an error, so all are ignored.
+// What unloading frmMain does. Errors are ignored, as no one is left to read them.
 #include <array>
 #include <filesystem>
 #include <system_error>

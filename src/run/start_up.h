@@ -39,15 +39,15 @@ class StartUp {
 
     explicit StartUp(Run& run) : run_{run} {}
 
-    // The whole start-up of the window. `second_instance` is the platform's word on that.
+    // The whole start-up of the window. `second_instance` is what the platform reports about that.
     End Main(std::string_view command_tail, bool second_instance);
-    // The part of it that the command line shares: folders, catalogue list, modes, port number. No
-    // board, no device, no rotation: a production line calls the command line once a part. The
-    // current folder stays where it is.
+    // The part that the command line shares: folders, catalogue list, modes, port number. No board,
+    // no device, no rotation: a production line calls the command line once per part. The current
+    // folder stays where it is.
     End prepare();
     // Unloading frmMain: deletes the temporary files, closes the port, saves the place. All errors
     // are ignored. `minimized` keeps the saved place. Does nothing where start-up ended the
-    // process: the files are another instance's then.
+    // process: the files then belong to another instance.
     void shutdown(bool minimized);
 
     // Steps that tests and the window use by themselves

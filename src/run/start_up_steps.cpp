@@ -27,7 +27,7 @@ constexpr int kFormWidth = 10710;  // twips
 constexpr int kBackMargin = 120;
 
 // One name is listed twice and "eepmemory_temp.txt" is missing, as in the product: a read-only one
-// shows at the first EEPROM view.
+// is noticed at the first EEPROM view.
 constexpr std::array<std::string_view, 13> kTestedFiles{
     "temp.txt",     "pgmmemory_temp.txt", "pgmmemory_temp.txt", "LOG_NEW0.txt", "LOG_OLD1.txt",
     "LOG_OLD2.txt", "LOG_OLD3.txt",       "LOG_OLD4.txt",       "LOG_OLD5.txt", "LOG_OLD6.txt",
@@ -81,7 +81,8 @@ void StartUp::read_command_line(std::string_view tail) {
         append(view, fmt::format("\r\n\r\n1:{}\r\n2:{}\r\n3:{}", session.CmdHexPath,
                                  session.CmdArg2, session.CmdArg3));
     session.CommandLine = session.CmdHexPath;
-    // The current folder is about to become the program's: a path from the old one has to say so.
+    // The current folder is about to change to the program's. A relative path is made absolute
+    // before.
     std::error_code ignored;
     if (const fs::path path{session.CommandLine}; !path.empty() && path.is_relative())
         session.CommandLine = fs::absolute(on_disk(path), ignored).string();
@@ -110,7 +111,7 @@ void StartUp::fill_about() {
 
 std::string StartUp::GetAppFolder() {
     std::error_code ignored;
-    // A catalogue named by the user is named from the folder that is left here.
+    // The path of a catalogue named by the user is relative to the folder that is left here.
     if (auto& catalogue = run_.session.CatalogueFile; !catalogue.empty())
         catalogue = fs::absolute(catalogue, ignored).string();
     const fs::path folder = run_.host.AppPath();
@@ -162,7 +163,7 @@ bool StartUp::load_catalogue() {
     return true;
 }
 
-// The search for the board drives the port as the mode says, so that both come before it.
+// Called before the search for the board, which needs the port and its mode.
 void StartUp::restore_link_settings() {
     run_.session.ComNo = value_of(run_.settings, number_setting::ComNo);
     run_.form.mnuComMode1.Checked.set(run_.settings.flag("mnuComMode1", false));
@@ -194,7 +195,7 @@ void StartUp::close_port() {
     }
 }
 
-// A text that isn't a number is an index that the list doesn't hold.
+// A saved text that isn't a number counts as -1, an index that the list doesn't have.
 void StartUp::select_last_device() {
     const bool saved = !run_.settings.text("deviceNew").empty();
     run_.form.Combo_device.select(run_.settings.number("deviceNew", saved ? -1 : 0));
@@ -222,7 +223,7 @@ void StartUp::open_command_line_file() {
 void StartUp::load_picked_file() {
     auto& session = run_.session;
     run_.form.Combo_device.select(std::string_view{session.PickedDevice});
-    // The folder as the disk spells it: dialogs are to open there.
+    // The folder as the disk spells it, as dialogs open there.
     session.HexFolder = folder_of(on_disk(session.CommandLine).string());
     run_.settings.save("OPEN_DIR0", session.HexFolder);
     run_.files.mnuFileDirectOpen(session.HexFolder);
@@ -245,7 +246,7 @@ void StartUp::settle() {
     report_troubles();
 }
 
-// "deviceNew" isn't among them: no device is selected then, and that speaks for itself.
+// "deviceNew" isn't reported: no device is selected then, which the user sees.
 void StartUp::report_troubles() {
     for (const auto& setting : number_setting::kAll)
         if (!is_usable(run_.settings, setting))

@@ -3,7 +3,8 @@
 
 namespace quillon {
 
-// Once the operation is over there is nothing left to ask, and its result is to be seen.
+// The end of the operation hides the question: nothing is left to ask, and the result has to be
+// seen.
 StopDialog::StopDialog(StopForm& form, MainForm& main_form, const Flows& flows)
     : form_{form}, flows_{flows}, ended_{main_form.Command_stop.Enabled.observe([this](bool on) {
           if (!on) form_.Visible.set(false);

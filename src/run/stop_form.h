@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // frmStop: the question before the window is closed in the middle of an operation.
 //
-// The operation goes on behind the question. A wait that stood still meanwhile would run out of its
-// limit, and an answer that takes its time would spoil the part that is being written.
+// The operation continues behind the question. If it paused, a wait would exceed its limit, and a
+// slow answer would spoil the part that is being written.
 #pragma once
 
 #include "app/controls.h"
@@ -15,7 +15,7 @@ struct StopForm : Form {
     StopForm() { Caption.set("Quillon"); }
 
     Label Label1{*this, "Label1", "書込み中です。中断しますか？"};
-    Button cmdCancel{*this, "cmdCancel", "いいえ(&N)"};  // what every way out but cmdOK means
+    Button cmdCancel{*this, "cmdCancel", "いいえ(&N)"};  // every other way out means this
     Button cmdOK{*this, "cmdOK", "はい(&Y)"};
     Signal<> Confirmed;  // the user wants the operation given up and the window closed
 };

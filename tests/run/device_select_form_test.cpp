@@ -90,7 +90,7 @@ TEST_F(frmDeviceSelect, stays_open_and_says_why_where_the_typed_name_means_no_de
     dialog.OKButton_Click();
     EXPECT_TRUE(form.Visible.get());
     EXPECT_EQ(form.Notice.Caption.get(), "「16F999」に該当するデバイスはありません。");
-    EXPECT_EQ(form.Combo_device.Text.get(), "16F999");  // to be mended
+    EXPECT_EQ(form.Combo_device.Text.get(), "16F999");  // kept for the user to correct
     EXPECT_EQ(session.PickedDevice, "");
 
     form.Combo_device.Text.set("12F675");

@@ -36,7 +36,7 @@ TEST_F(MenuCommands_, mnuComMode1_toggles_saves_and_shows_its_hint_each_time) {
     EXPECT_EQ(log.lines, (std::vector<std::string>{
                              "通信が正常に行われないとき、この設定を有効にしてみてください。",
                              "通信が正常に行われないとき、この設定を有効にしてみてください。"}));
-    EXPECT_EQ(journal.text(), "");  // in force from the next search only
+    EXPECT_EQ(journal.text(), "");  // takes effect at the next search only
 }
 
 TEST_F(MenuCommands_, mnuBoardInfomation_hides_and_shows_the_board) {
@@ -99,7 +99,7 @@ TEST_F(MenuCommands_, mnuLock_toggled_while_an_operation_runs_touches_no_button)
     run.flows.Command_blank();
     EXPECT_TRUE(toggled);
     host.on_pump = nullptr;
-    EXPECT_TRUE(enabled(run.form.Command_program));  // given back by the check mark
+    EXPECT_TRUE(enabled(run.form.Command_program));  // enabled by the operation's end
     EXPECT_FALSE(enabled(run.form.Command_read));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every key of the settings: what start-up makes of it, and what writes it.
+// Every key of the settings: how start-up uses it, and which action writes it.
 #include <fmt/format.h>
 
 #include <functional>

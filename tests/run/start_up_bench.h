@@ -34,7 +34,7 @@ class StartUpBench : public testing::Test {
         host.documents = documents.path();
         run.session.CatalogueFile = QUILLON_CATALOGUE;
         set("ComNo", "3");
-        // The port dialog of these tests is cancelled unless one says otherwise.
+        // The port dialog is cancelled unless a test replaces this.
         dialogs.on_option = [this] { run.option.Command1_Click(); };
     }
     ~StartUpBench() override { std::filesystem::current_path(old_folder_); }

@@ -15,7 +15,7 @@ class Main_file : public test::StartUpBench {
         fs::create_directory(documents / "A b");
         hex = documents.write("A b/X.hex", test::kHexFile).string();
     }
-    // What the session holds of the command line.
+    // Expects no operands of the command line in the session.
     void expect_no_operands() const {
         EXPECT_EQ(run.session.CmdHexPath, "");
         EXPECT_EQ(run.session.CmdArg2, "");
@@ -48,7 +48,7 @@ TEST_F(Main_file, loads_a_path_with_blanks_for_the_device_behind_it_and_asks_not
     EXPECT_TRUE(dialogs.file_dialogs.empty());
 }
 
-// The file first, then its folder once the device is known.
+// The title shows the file first, and its folder once the device is known.
 TEST_F(Main_file, shows_the_command_lines_file_and_then_its_folder_in_the_title) {
     std::vector<std::string> titles;
     const auto connection =

@@ -97,7 +97,7 @@ TEST_F(Main, ends_with_a_box_where_the_work_folder_cannot_be_made) {
     EXPECT_EQ(dialogs.boxes[0].icon, BoxIcon::Critical);
     EXPECT_EQ(journal.text(), "");
     EXPECT_EQ(documents.read("QUILLON4_TEMP"), "a file in its place");
-    // What the about form says by then is the version record's.
+    // The about form has been filled by then.
     EXPECT_EQ(run.about.lblVersion.Caption.get(), "V4.0.1");
     EXPECT_EQ(run.about.lblTitle.Caption.get(), "Quillon");
     EXPECT_EQ(run.about.lblDisclaimer.Caption.get(), "MIT License");

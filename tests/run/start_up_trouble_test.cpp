@@ -31,7 +31,7 @@ class Main_trouble : public test::StartUpBench {
     const std::string& message() const { return run.form.LabelCmt.Caption.get(); }
 };
 
-// A folder of the kernel stands for a read-only one: the superuser may write to all others.
+// A folder of the kernel is used as the read-only one: the superuser can write to all others.
 TEST_F(Main_trouble, goes_on_with_a_work_folder_that_takes_no_files_and_says_so) {
     fs::create_directory_symlink("/proc/self", documents / "QUILLON4_TEMP");
     EXPECT_EQ(start(), End::Ready);

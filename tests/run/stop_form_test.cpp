@@ -55,7 +55,7 @@ TEST_F(frmStop_, asks_while_an_operation_runs_and_goes_once_it_is_over) {
     EXPECT_FALSE(run.stop_form.Visible.get());
     EXPECT_EQ(confirmations, 0);
     EXPECT_EQ(run.session.Status, Token::NG);
-    EXPECT_GT(host.now(), 7s);  // both attempts of the check took their time behind it
+    EXPECT_GT(host.now(), 7s);  // both attempts of the check ran on behind the question
 }
 
 TEST_F(frmStop_, goes_on_after_no_and_asks_the_next_time_again) {
