@@ -9,7 +9,7 @@ namespace quillon {
 namespace {
 
 constexpr std::size_t kCall = 3;  // "*" in a row
-// Three "*" in one go may be an item's data; left alone for so long they are a call.
+// Three "*" in one go may be an item's data. They are a call if no byte follows for this long.
 constexpr auto kCallQuiet = std::chrono::milliseconds{20};
 
 }  // namespace

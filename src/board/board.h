@@ -35,12 +35,13 @@ class SimulatedBoard {
     SimulatedBoard(const SimulatedBoard&) = delete;
     SimulatedBoard& operator=(const SimulatedBoard&) = delete;
 
-    // The stamps of successive calls never go back.
+    // The times of successive calls must not decrease.
     void receive(std::uint8_t byte, Time arrived);
     void run_until(Time now);
-    // What is ready by then, in order; each byte once.
+    // The bytes that are ready by then, in order. Each byte is returned once.
     std::vector<SentByte> take_sent(Time until) { return bench_.out.take(until); }
-    // When it will have something to do or to send with no byte coming. Nothing while it waits.
+    // The next time at which the board acts or sends without a byte from the host. Unset while it
+    // waits for one.
     std::optional<Time> next_event() const;
     // The cable is out: the board takes nothing more, and the owner of the line reports it.
     bool unplugged() const { return bench_.faults.unplugged(); }
@@ -55,7 +56,7 @@ class SimulatedBoard {
     void set_ready_byte(std::uint8_t byte) { bench_.ready_byte = byte; }
 
     void add_fault(Fault fault) { bench_.faults.add(std::move(fault)); }
-    // The same from the text notation, which has to be right.
+    // Takes the text notation of faults.h. Throws std::invalid_argument where it is no fault.
     void add_fault(std::string_view text);
     void clear_faults() { bench_.faults.clear(); }
     void ignore_bursts(std::size_t count);
@@ -81,9 +82,9 @@ class SimulatedBoard {
     firmware::BoardProgram program_;
     std::optional<Time> last_byte_;
     std::size_t stars_ = 0;
-    bool spaced_ = false;
+    bool spaced_ = false;  // no "*" of the row came within an item gap
     Progress progress_at_star_;
-    std::optional<Time> call_at_;  // three "*" came too close together to tell them from data
+    std::optional<Time> call_at_;  // set where three "*" came so close that they may be data
 };
 
 }  // namespace quillon

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The commands behind "b": blank checks, single words, erases.
 //
-// An address of a single word counts from 1: word 0 of program memory is 1, and on 12-bit parts the
-// configuration word, which leads their address range.
+// The address of a single word counts from 1. Address 1 is word 0 of program memory. On 12-bit
+// parts it is the configuration word, the first word of their address range.
 #include <fmt/core.h>
 
 #include <algorithm>
@@ -24,7 +24,7 @@ constexpr Erasure kProgramConfig{.program = true, .config = true};
 constexpr Erasure kChip{.program = true, .eeprom = true, .config = true};
 constexpr Erasure kChipCalibration{
     .program = true, .eeprom = true, .config = true, .calibration = true};
-constexpr std::uint8_t kWithPlace = 0x11;  // two more bytes: how far to count before the pulse
+constexpr std::uint8_t kWithPlace = 0x11;  // two bytes follow: how far to count before the pulse
 
 constexpr std::array kModes{
     EraseMode{0x01, kProgramConfig},
@@ -37,7 +37,7 @@ constexpr std::array kModes{
     EraseMode{0x0C, kEeprom},
     EraseMode{0x0E, kProgramConfig},
     EraseMode{0x0F, kEeprom},
-    // 12-bit parts: the OSCCAL words go too, the host has saved them.
+    // 12-bit parts: the OSCCAL words are erased too. The host has saved them before.
     EraseMode{kWithPlace, kChipCalibration},
     EraseMode{0x12, kChipCalibration},
     EraseMode{0x13, kChipCalibration},

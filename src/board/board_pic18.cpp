@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The exchanges behind "X": PIC18 parts, whose words go low byte first.
 //
-// An address is sent as the real one plus 1. 0 also means address 0. Blocks of a read are 16 bytes:
-// a host that acknowledges at each multiple of 8 sends some of its "@" early, which does no harm.
+// An address is sent as the real one plus 1. 0 also means address 0. A read has blocks of 16 bytes.
+// A host that acknowledges at each multiple of 8 sends some of its "@" early, which does no harm.
 #include <fmt/core.h>
 
 #include <algorithm>
@@ -58,7 +58,7 @@ Routine<void> BoardProgram::read18() {
     const std::uint32_t address = real_address(co_await long_word());
     std::uint32_t count = co_await long_word();
     begin_exchange();
-    // The device check sends the address again in place of the count and expects two bytes.
+    // The host's device check sends the address again in place of the count, for two bytes.
     if (address >= kIdentityAddress && count > kIdentityAddress) count = 2;
     data_.clear();
     for (std::uint32_t i = 0; i < count; ++i)

@@ -17,7 +17,7 @@ Routine<void> BoardProgram::command_loop() {
     for (;;) {
         letters_.clear();
         const Received in = co_await machine_.byte();
-        // The acknowledge of a read that had already ended.
+        // A late acknowledge of a read that has already ended.
         if (in.value == '@') continue;
         if (too_soon(in)) co_await deaf();
         switch (in.value) {
@@ -68,7 +68,7 @@ Routine<void> BoardProgram::powered() {
     const std::uint8_t what = co_await letter();
     switch (what) {
         case 'P':
-            co_return;  // held on until "p" or "*"
+            co_return;  // the power stays on until "p" or "*"
         case 'r':
             co_await read();
             break;

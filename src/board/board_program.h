@@ -52,7 +52,8 @@ class BoardProgram {
     const Machine& machine() const { return machine_; }
 
   private:
-    // Receiving. An unknown or hurried letter ends in deaf(), "*" in a new start: neither returns.
+    // Receiving. An unknown letter, or one that comes too soon, ends in deaf(). A "*" restarts the
+    // program. Neither returns.
     std::coroutine_handle<> start();
     bool too_soon(const Received& in);
     Routine<std::uint8_t> letter();
@@ -69,7 +70,7 @@ class BoardProgram {
     void send_word(std::uint16_t value);
     void send_ready() { send(bench_.ready_byte); }
     void send_end() { send('@', true); }
-    // A report of more than one byte, which the host has to see at once.
+    // A report of more than one byte. The host must see all of it at once.
     void send_report(std::span<const std::uint8_t> bytes);
     void begin_exchange() { bench_.faults.begin(letters_); }
     void note(std::string text) { bench_.notes.push_back(std::move(text)); }
@@ -120,7 +121,7 @@ class BoardProgram {
 
     Bench& bench_;
     std::string letters_;              // of the running exchange, without the power letter
-    std::optional<Time> last_letter_;  // where the next one has to keep its distance
+    std::optional<Time> last_letter_;  // the next one must keep a gap; unset: need not
     std::vector<std::uint8_t> data_;   // of the running read
     Machine machine_;
 };

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The reads behind "r", and the stream that all of them are sent in.
 //
-// The board sends 16 bytes and waits for the host's "@", also behind the last block when that is
-// full; then comes the end code. The configuration area of nine or ten words goes out in one piece,
-// as its readers count to 18 or 20 before they answer; its "@" comes before the end code.
+// The board sends 16 bytes and waits for the host's "@", also after the last block if that is full.
+// The end code follows. A configuration area of nine or ten words goes out in one piece, because
+// its readers count to 18 or 20 bytes before they acknowledge. Their "@" comes before the end code.
 #include <fmt/core.h>
 
 #include "board/board_program.h"
@@ -14,7 +14,8 @@ namespace {
 constexpr std::size_t kBlockBytes = 16;
 // High byte of an EEPROM location: the part shifts out ones above its eight bits.
 constexpr std::uint16_t kEepromHigh = 0x3F00;
-// Words of the configuration area that come without the host's "@".
+// Words of the configuration area in one block. More words go out in one piece, unless they fill
+// whole blocks.
 constexpr std::size_t kBareAreaWords = 8;
 
 }  // namespace
@@ -54,7 +55,7 @@ void BoardProgram::collect(Area area, std::size_t words) {
     for (std::size_t i = 0; i < words; ++i) {
         std::uint16_t value = 0;
         if (area == Area::Eeprom)
-            // Nothing comes out of an empty socket or a protected part.
+            // An empty socket and a protected part read as zeros, the high byte included.
             value = socket.empty() || socket.target.eeprom_protected()
                         ? std::uint16_t{0}
                         : static_cast<std::uint16_t>(kEepromHigh | socket.read_eeprom(i));

@@ -12,10 +12,11 @@ struct BoardTimes {
     using Time = Host::Time;
 
     // A letter or parameter that comes sooner after the one before it breaks the pacing and is
-    // answered with silence. 0: not looked at (where stamps are no better than a scheduler).
+    // answered with silence. 0: not checked, for a line whose times are no better than a scheduler.
     Time letter_gap = std::chrono::milliseconds{1};
-    // A "*" where an item is awaited begins the item when its second byte comes within this time;
-    // alone it is the host's call to the command loop. Items are sent in one piece, "*" 1 ms apart.
+    // Where an item is awaited, a "*" may begin the item or call the board to the command loop. It
+    // begins the item if the second byte comes within this time: an item is sent in one piece, the
+    // "*" of a call come 1 ms apart.
     Time item_gap = std::chrono::microseconds{800};
 
     Time program_word = std::chrono::microseconds{1300};

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The writes behind "w": the board asks for each item with one byte, and ends with "@".
 //
-// Two or more bytes at once break a write off. From a program memory write they begin with "@",
-// from one that the board checks item by item (EEPROM, configuration, 12-bit stream) with "*",
-// followed by the word that was read back, high byte first.
+// The board breaks a write off with two or more bytes at once. In a program memory write they begin
+// with "@". In a write that the board checks item by item (EEPROM, configuration, 12-bit stream)
+// they are "*" and the word that was read back, high byte first.
 #include <fmt/core.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace quillon::firmware {
 
 namespace {
 
-constexpr std::uint8_t kLeaveOut = 0x80;  // in a configuration item's high byte
+constexpr std::uint8_t kLeaveOut = 0x80;  // in a configuration item's high byte: not to be written
 
 struct WriteLetters {
     std::string_view letters;
@@ -24,8 +24,8 @@ struct WriteLetters {
     WordWrite how = WordWrite::ClearsBits;
 };
 
-// The algorithms that erase each word before they write it serve the parts that do so
-// themselves: the first flash generation and the modules that hold one.
+// Parts of the first flash generation, and the modules that hold one, erase a word before they
+// write it. These algorithms are for such parts.
 constexpr auto kErasesFirst = WordWrite::ErasesFirst;
 constexpr std::array kLetters{
     WriteLetters{"ps", Area::Program},
@@ -128,7 +128,8 @@ Routine<void> BoardProgram::write_program(WordWrite how) {
         const Item taken = co_await item(2);
         socket.write_program(i, taken.word(), how);
         co_await machine_.elapse(bench_.times.program_word);
-        // The pulses of a one-time part go on until the word reads back, or don't get it to.
+        // A one-time part gets pulses until the word reads back equal. A word that never does ends
+        // the write.
         const bool pulsed = socket.target.memory == ProgramMemory::OneTime;
         if (pulsed && socket.read_program(i) != (taken.word() & socket.target.blank_word)) {
             const std::array<std::uint8_t, 2> report{'@', '@'};
@@ -141,7 +142,7 @@ Routine<void> BoardProgram::write_program(WordWrite how) {
 }
 
 // 12-bit parts: configuration word, program memory, ID words and backup OSCCAL in one stream. With
-// count 1 only the configuration word comes, and comes unasked.
+// count 1 the host sends the configuration word alone, without waiting for a ready byte.
 Routine<void> BoardProgram::write_line(WordWrite how) {
     const std::size_t count = co_await word();
     begin_exchange();
@@ -207,8 +208,8 @@ Routine<void> BoardProgram::write_config() {
     send_end();
 }
 
-// The one configuration word of 12-bit parts. Some hosts wait for the ready byte, others send the
-// word unasked and take what comes next for the end code: "@" as the ready byte serves both.
+// The one configuration word of 12-bit parts. Some hosts wait for the ready byte. Others send the
+// word at once and take the next byte for the end code. "@" as the ready byte serves both.
 Routine<void> BoardProgram::write_single_config() {
     const std::size_t count = co_await word();
     begin_exchange();

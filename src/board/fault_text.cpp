@@ -112,7 +112,7 @@ bool read_values(std::string_view values, const Name& name, Fault& fault) {
     return false;
 }
 
-// A slash behind the name's colon belongs to the value.
+// Only a slash before the name's colon ends a place. One after it belongs to the value.
 std::string_view take_place(std::string_view& text) {
     const auto slash = text.find('/');
     if (slash == std::string_view::npos || slash > text.find(':')) return {};

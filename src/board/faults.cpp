@@ -9,7 +9,7 @@ namespace {
 
 using Kind = Fault::Kind;
 
-// The line is dead from here on, not for one byte.
+// True for a fault that kills the line for good, not just one byte.
 bool is_breakdown(Kind kind) { return kind == Kind::SilentAfter || kind == Kind::UnplugAfter; }
 
 }  // namespace

@@ -4,24 +4,25 @@
 // As text, one fault: [PLACE/]NAME[:VALUE...], numbers decimal or 0x-hexadecimal.
 //
 //   drop:N             the N-th byte that the board sends is lost
-//   alter:N[:BYTE]     it comes altered: all bits inverted, or as the given byte
-//   add:N[:BYTE]       one more byte (0x00) comes behind it
-//   late:TIME[:N]      the N-th byte (the first) and all behind it wait: 2000ms, 3s
+//   alter:N[:BYTE]     the N-th byte arrives with all bits inverted, or as the given byte
+//   add:N[:BYTE]       one more byte (default: 0x00) follows the N-th
+//   late:TIME[:N]      the N-th byte (default: the first) and all after it are delayed: 2000ms, 3s
 //   no-end-code        the end code "@" isn't sent
-//   abort-write:N      after N items the board breaks the write off
+//   abort-write:N      after N items the board aborts the write
 //   silent-after:N     after N bytes the board sends nothing more
 //   unplug-after:N     after N bytes the port vanishes
-//   ignore-bursts:N    the first N identifications "?" get no answer, and no "*" before them helps
-//   identity:TEXT      another answer to "?", CR LF behind it
+//   ignore-bursts:N    the first N identifications "?" get no answer, and "*" is ignored until then
+//   identity:TEXT      the answer to "?"; CR LF is added
 //   empty-socket       no part: all reads give zeros
 //   wrong-part:WORD    a part with another identification word
 //   stuck-cell:ADDRESS, stuck-eeprom:ADDRESS, stuck-config:WORD
 //                      a cell that doesn't program. WORD counts the configuration area's words
 //
-// N counts what the board means to send, from 1, over all exchanges since the fault was set. PLACE,
-// the letters of an exchange without its power letter ("rsc", "we8", "mD", "?", "Xrsp"; their
-// beginning is enough), makes N count anew in each such exchange. A fault strikes once; silent,
-// unplugged and what is wrong with the socket or the identity stays until the faults are cleared.
+// N counts what the board would send without faults, from 1, over all exchanges since the fault was
+// set. PLACE is the letters of an exchange without its power letter ("rsc", "we8", "mD", "?",
+// "Xrsp"); their beginning is enough. With a PLACE, N counts anew in each such exchange. A fault
+// strikes once. Silence, an unplugged port, and faults of the socket or the identity last until the
+// faults are cleared.
 #pragma once
 
 #include <cstddef>
@@ -77,16 +78,16 @@ class FaultDesk {
     // An exchange begins: its letters without the power letter.
     void begin(std::string_view letters);
 
-    // What becomes of one byte that the board means to send.
+    // What goes out for one byte that the board sends.
     struct Sending {
-        std::vector<std::uint8_t> bytes;  // in its place
-        Host::Time late{};                // it waits so long
+        std::vector<std::uint8_t> bytes;  // empty for a lost byte
+        Host::Time late{};                // how long they are delayed
     };
     Sending send(std::uint8_t byte, bool end_code);
 
-    // Asked before each item of a write stream.
+    // Called before each item of a write stream. True once for each fault that aborts it.
     bool aborts_write(std::size_t items_taken);
-    // Asked at each "*" and "?"; the latter uses one up.
+    // Called at each "*" and "?". Each ignored "?" counts as one burst.
     bool ignores_star() const;
     bool ignores_question();
 

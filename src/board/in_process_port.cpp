@@ -98,8 +98,8 @@ void InProcessPort::catch_up() {
     }
 }
 
-// Puts on the line what the board has ready. A report of several bytes comes out in one piece, when
-// its last bit is through.
+// Puts the board's ready bytes on the line. A report of several bytes arrives in one piece, when
+// its last bit has been sent.
 void InProcessPort::collect(Time until) {
     std::size_t together = 0;
     for (const auto& sent : board_.take_sent(until)) {
@@ -111,8 +111,8 @@ void InProcessPort::collect(Time until) {
     }
 }
 
-// The next time at which something can change for a wait: the awaited byte's arrival where it is
-// on the line already.
+// The next time at which a wait can make progress. Where the awaited byte is on the line already,
+// this is the time of its arrival.
 std::optional<InProcessPort::Time> InProcessPort::next_event(std::size_t wanted) const {
     const std::size_t missing = wanted - input_.size();
     if (from_board_.size() >= missing) return from_board_[missing - 1].at;

@@ -39,14 +39,14 @@ class InProcessPort : public SerialPort {
     std::vector<std::uint8_t> read() override;
     void wait_for_data(std::size_t wanted, std::chrono::microseconds time) override;
 
-    // What open() answers from now on. An unplugged board's port is Unavailable all the same.
+    // What open() returns from now on. The port of an unplugged board is Unavailable all the same.
     void set_open_result(PortOpen result) { open_result_ = result; }
     int number() const { return number_; }
     std::optional<bool> rts() const { return rts_; }
     int opens() const { return opens_; }
     int closes() const { return closes_; }
 
-    // Up to date with the clock.
+    // Brings the log up to the present time first.
     WireLog& wire();
     // Brings the board up to the present time.
     void catch_up();

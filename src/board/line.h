@@ -17,7 +17,7 @@ class SerialLine {
     explicit SerialLine(int baud)
         : byte_time_{baud > 0 ? Time{std::chrono::seconds{10}} / baud : Time{0}} {}
 
-    // Takes a byte at that time, returns when its last bit has been sent.
+    // Takes a byte at `handed`. Returns the time at which its last bit has been sent.
     Time pass(Time handed) {
         free_ = std::max(free_, handed) + byte_time_;
         return free_;

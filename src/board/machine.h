@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What runs the board's program: coroutines that wait for a byte or for time, one at a time.
+// Runs the board's program: coroutines of which one at a time waits for a byte or for a time.
 //
 // The board's program reads like firmware: it waits for a byte, waits out a pulse, sends. Time is a
-// stamp that comes with each byte, so the same program runs in true and in virtual time. A routine
-// that awaits another is kept in a list here, not on the call stack: a stream of any length needs
-// no more stack, and a restart can end all routines from any state.
+// stamp that comes with each byte, so the same program runs in true and in virtual time. Routines
+// that await another are kept in a list here, not on the call stack. So a stream of any length
+// needs no more stack, and a restart can end all routines from any state.
 #pragma once
 
 #include <coroutine>
@@ -40,21 +40,21 @@ class Machine {
     // The board's clock: the time up to which it has worked.
     Time now() const { return now_; }
 
-    // A byte comes in; the stamps of successive calls never go back.
+    // A byte comes in. The times of successive calls must not decrease.
     void receive(std::uint8_t value, Time at);
     // Does all that is due up to and including that time.
     void run(Time until);
-    // The time at which it will do something with no byte coming, if it will.
+    // The next time at which it acts without a byte from the host. Unset where it waits for one.
     std::optional<Time> next_event() const;
-    // From any state back to the start of the program. What was received is forgotten.
+    // Goes from any state back to the start of the program. Bytes not yet taken are dropped.
     void restart(Time at);
 
     // For the program's routines.
     auto byte() { return ByteAwaiter{*this, std::nullopt}; }
-    // Nothing where no byte came by that time.
+    // Unset where no byte came by that time.
     auto byte_until(Time limit) { return LimitedByteAwaiter{{*this, limit}}; }
     auto elapse(Time time) { return ElapseAwaiter{*this, time}; }
-    // Gives the routines up and starts again. Does not come back.
+    // Ends all routines and starts the program again. Doesn't return.
     auto start_again() { return RestartAwaiter{*this}; }
 
     void enter(std::coroutine_handle<> routine) { pile_.push_back(routine); }
@@ -106,8 +106,8 @@ class Machine {
     Time now_{};
 };
 
-// A routine of the board's program, a member function of an object with `machine()`.
-// It has to be awaited at once where it is called: `co_await letter()`.
+// A routine of the board's program, a member function of an object with `machine()`. The caller
+// must await it where it calls it, since the awaiter frees it: `co_await letter()`.
 template <class T>
 class Routine;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The facts, by the maker's data sheets. Names in alphabetical order.
+// The facts, from the maker's data sheets. Sorted by name, because they are searched by halving.
 #include "board/part_facts.h"
 
 #include <algorithm>

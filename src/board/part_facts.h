@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What a part holds from the factory and no catalogue lists: identification and calibration words.
+// The factory's words in a part, which no catalogue lists: identification and calibration.
 //
-// Board-side data of its own: the programmer's tables are compared with it, not made from it.
+// This is the board's own data. The programmer's tables are compared with it, not made from it.
 #pragma once
 
 #include <array>
@@ -20,7 +20,7 @@ struct PartFacts {
     bool backup_osccal = false;
 };
 
-// A part that isn't known has neither identification nor calibration.
+// An unknown part has neither identification nor calibration.
 PartFacts part_facts(std::string_view name);
 
 }  // namespace quillon

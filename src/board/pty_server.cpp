@@ -26,7 +26,7 @@ namespace {
 using Time = Host::Time;
 
 constexpr Time kSecond = std::chrono::seconds{1};
-// How often the terminal is looked at for a host that was killed.
+// How often the server checks whether a killed host has left the terminal in exclusive use.
 constexpr Time kLook = std::chrono::milliseconds{250};
 
 Time now() {
@@ -50,7 +50,7 @@ void set_raw(int terminal) {
     if (::tcsetattr(terminal, TCSANOW, &settings) != 0) fail("pseudo-terminal settings");
 }
 
-// A new link under a name that nobody has; nothing that is there is replaced.
+// Makes the link under a random name beside its place. Nothing that exists is replaced.
 std::filesystem::path make_link_beside(const std::filesystem::path& link, const std::string& to) {
     std::random_device random;
     for (;;) {
@@ -68,7 +68,7 @@ void rest(Time time) {
     ::nanosleep(&left, nullptr);
 }
 
-// Waits for a byte as a host does; the time at which it has it, nothing where none comes.
+// Waits for a byte as a host does. Returns when the byte was read, nothing where none came.
 std::optional<Time> receive_one(int terminal) {
     pollfd event{.fd = terminal, .events = POLLIN, .revents = 0};
     char byte = 0;
@@ -84,7 +84,7 @@ Time send_one(int terminal) {
     return time;
 }
 
-// A byte's times at one end: when it was sent from there, when the other end's byte was there.
+// The times at one end: when each of its bytes was sent and each of the other end's was received.
 struct EndTimes {
     std::vector<Time> sent;
     std::vector<Time> received;
@@ -100,7 +100,7 @@ Time median(const std::vector<Time>& from, const std::vector<Time>& to) {
     return std::max(*middle, Time{0});
 }
 
-// Bytes to and fro between two threads, each asleep until the other's byte wakes it.
+// Sends bytes to and fro between two threads. Each sleeps until the other's byte wakes it.
 std::pair<EndTimes, EndTimes> send_to_and_fro(int master, int slave, int rounds) {
     constexpr Time kPause = std::chrono::microseconds{300};
     EndTimes board;
@@ -168,9 +168,9 @@ void PtyServer::close_terminal() {
         if (*file >= 0) ::close(std::exchange(*file, -1));
 }
 
-// A host that asks for exclusive use takes that back when it closes the terminal. One that was
-// killed can't, and the mark outlives it because the terminal is held open here: from then on only
-// the superuser could open it. A host that lives holds a lock beside the mark.
+// A host that asked for exclusive use ends it when it closes the terminal. A killed host can't, and
+// the mark stays because the server holds the terminal open: only the superuser could open it then.
+// A living host also locks the terminal. So a mark without a lock was left by a killed host.
 void PtyServer::free_abandoned() {
     const Time time = now();
     if (time - looked_at_ < kLook) return;
@@ -182,7 +182,7 @@ void PtyServer::free_abandoned() {
     ::flock(slave_, LOCK_UN);
 }
 
-// Made beside the link and moved onto it: whoever looks finds the old one or the new one.
+// The new link is made beside its place and then moved there: a reader always finds a whole link.
 void PtyServer::make_link() {
     namespace fs = std::filesystem;
     std::error_code error;
@@ -201,7 +201,7 @@ void PtyServer::make_link() {
     linked_ = true;
 }
 
-// Somebody else's link in its place is left alone.
+// A link that somebody else has put in its place is left alone.
 void PtyServer::remove_link() {
     if (!std::exchange(linked_, false)) return;
     std::error_code error;
@@ -212,7 +212,8 @@ void PtyServer::remove_link() {
 void PtyServer::measure() {
     if (!options_.credit_delay || options_.baud <= 0) return;
     const auto [board, host] = send_to_and_fro(master_, slave_, options_.measurements);
-    // A machine that was busy just now must not make the line look faster than it is.
+    // At most one byte time: a machine that was busy while measuring must not make the line faster
+    // than it is.
     delay_in_ = std::min(median(host.sent, board.received), in_.byte_time());
     delay_out_ = std::min(median(board.sent, host.received), out_.byte_time());
     ::tcflush(slave_, TCIOFLUSH);

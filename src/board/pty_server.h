@@ -2,16 +2,17 @@
 // A simulated board on a pseudo-terminal, at true line speed.
 //
 // A byte takes ten bit times in each direction. A byte from the host arrives one byte time after it
-// was written or after the one before it; a byte to the host is handed over when its last bit would
-// be through. All times are computed on that ideal line from the byte before: a server that wakes
-// late is late with that one byte, and the next is due when it was due.
+// was written, or after the byte before it. A byte to the host is handed over when its last bit
+// would have been sent. Each due time is computed on that ideal line from the byte before, not from
+// the clock. So a server that wakes late delays one byte, and the next is due at its old time.
 //
-// A pseudo-terminal has a delay of its own, which a UART hasn't: the kernel passes bytes on in a
-// worker and then wakes the reader. With `credit_delay` it is measured at the start, by sending
-// bytes to and fro on the idle terminal, and its median is credited, up to one byte time: a byte
-// read is taken as written that much sooner, though never sooner than the byte that it may answer
-// was due, and a byte is handed to the kernel that much before it is due. What the host takes for
-// itself is never credited, so that an exchange can't be faster than on the ideal line.
+// A pseudo-terminal has a delay that a UART doesn't have: the kernel passes bytes on in a worker
+// and then wakes the reader. With `credit_delay` the server measures this delay at the start by
+// sending bytes to and fro on the idle terminal. It credits the median, up to one byte time:
+//   - A byte that was read counts as written that much earlier, but never before the byte that it
+//     may answer was due.
+//   - A byte is handed to the kernel that much before it is due.
+// The host's own time is never credited, so an exchange can't be faster than on the ideal line.
 #pragma once
 
 #include <chrono>
@@ -34,16 +35,16 @@ struct PtyOptions {
     std::filesystem::path link;  // a symbolic link to the terminal; "" for none
     bool credit_delay = true;
     int measurements = 60;  // about a millisecond each
-    // The last stretch before a byte is due is waited out by looking at the clock. It keeps one
-    // processor busy while bytes flow; 0 sleeps all of it.
+    // How long before a byte is due the server stops sleeping and polls the clock instead. Polling
+    // keeps one processor busy while bytes flow. 0: it only sleeps.
     std::chrono::microseconds spin{0};
 };
 
 class PtyServer {
   public:
-    // Throws std::system_error where there is no terminal or the link can't be made. A file that is
-    // no link is never replaced. The board's look at the pacing is switched off: stamps are no
-    // better than the scheduler.
+    // Throws std::system_error where there is no terminal or the link can't be made. It replaces a
+    // former link, never a file. The board's pacing check is switched off, because the times of
+    // bytes are only as exact as the scheduler.
     PtyServer(SimulatedBoard& board, PtyOptions options = {});
     ~PtyServer();
     PtyServer(const PtyServer&) = delete;
@@ -52,11 +53,11 @@ class PtyServer {
     // "/dev/pts/7". The host may open and close it as often as it likes, and be killed.
     const std::string& path() const { return path_; }
 
-    // Serves until it is told to stop or the board's cable is pulled out (a fault), which closes
-    // the terminal. Call it once; a thread of its own keeps the times best.
+    // Serves until a stop is requested or the board's cable is pulled out (a fault), then closes
+    // the terminal. Call it once, best in a thread of its own, which keeps the times most exact.
     void run(std::stop_token stop);
 
-    // The measured delays.
+    // The measured delays, up to one byte time each.
     std::chrono::nanoseconds delay_to_board() const { return delay_in_; }
     std::chrono::nanoseconds delay_from_board() const { return delay_out_; }
 
@@ -92,9 +93,9 @@ class PtyServer {
     SerialLine in_;
     SerialLine out_;
     std::deque<Byte> output_;
-    Time handed_over_{};  // when the last byte that the host has was due
-    Time looked_at_{};    // when the terminal's exclusive use was last looked at
-    Time horizon_{};      // how far the board has been carried on
+    Time handed_over_{};  // when the host's latest byte was due
+    Time looked_at_{};    // when the terminal's exclusive use was last checked
+    Time horizon_{};      // the time up to which the board has run
 };
 
 }  // namespace quillon

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The socket: the target as the board's pins see it, with what is wrong with it.
+// The socket: the target as the board sees it through its pins, faults included.
 #pragma once
 
 #include <cstddef>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The part in the simulated board's socket: its memories and how they take a read, a write, an
-// erase.
+// The part in the simulated board's socket: its memories, and what a read, a write and an erase do.
 //
 // A protected part reads as zeros (program memory and EEPROM; ID and configuration stay readable)
 // and takes no program word. A one-time part only clears bits. A flash part clears bits too, unless
@@ -20,8 +19,8 @@ enum class Core : std::uint8_t { Bits12, Bits14, Pic18 };
 enum class ProgramMemory : std::uint8_t { Flash, OneTime };
 enum class WordWrite : std::uint8_t { ClearsBits, ErasesFirst };
 
-// What one erase takes away. An erase of the configuration releases protection and then takes
-// program memory and EEPROM of a protected part with it, as no part gives its code away.
+// What one erase clears. An erase of the configuration also releases the protection. On a protected
+// part it then clears program memory and EEPROM too: no part releases its code by an erase.
 struct Erasure {
     bool program = false;
     bool eeprom = false;
@@ -35,7 +34,7 @@ struct Erasure {
 struct EraseCode18 {
     std::vector<std::uint8_t> code{};
     Erasure erases{};
-    // Program words when only a block goes: from (included) to (excluded).
+    // The program words of a block erase: from (included) to (excluded).
     std::size_t from = 0;
     std::size_t to = 0;
 
@@ -62,7 +61,7 @@ struct SimulatedTarget {
     std::optional<std::uint16_t> backup_osccal;
     // With its revision bits. PIC18: DEVID2 in the high byte. 0x3FFF: the part has none.
     std::uint16_t identity = 0x3FFF;
-    std::uint16_t protect_mask = 0;  // in word 1; PIC18: word 5, bit 15 of it the EEPROM
+    std::uint16_t protect_mask = 0;  // in word 1; PIC18: in word 5, bit 15 for the EEPROM
     std::vector<EraseCode18> erase_codes;
 
     bool operator==(const SimulatedTarget&) const = default;
@@ -70,7 +69,7 @@ struct SimulatedTarget {
     bool program_protected() const;
     bool eeprom_protected() const;
 
-    // Beyond the memory's end: the blank value, and nothing is written.
+    // Beyond the memory's end a read returns the blank value and a write does nothing.
     std::uint16_t read_program(std::size_t word) const;
     void write_program(std::size_t word, std::uint16_t value, WordWrite how);
     std::uint8_t read_eeprom(std::size_t cell) const;
@@ -80,7 +79,7 @@ struct SimulatedTarget {
     // configuration words, behind them the calibration words.
     std::uint16_t read_area(std::size_t word) const;
     void write_area(std::size_t word, std::uint16_t value);
-    // The bits of that word that a write can change: a check looks at no others.
+    // The bits of that word that a write can change. A check compares only these.
     std::uint16_t area_mask(std::size_t word) const;
 
     // The address range of 12-bit parts: the configuration word, program memory, four ID words, the

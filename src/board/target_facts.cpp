@@ -16,7 +16,7 @@ constexpr std::array<std::string_view, 6> kOneTime{"12C5",   "12C6", "EPROM",
 // Silicon revision of every simulated part that has an identification word.
 constexpr std::uint16_t kRevision = 2;
 constexpr std::uint16_t kNoIdentity = 0x3FFF;
-// What the factory measured: low byte of the OSCCAL instruction.
+// The factory's calibration, the low byte of the OSCCAL instruction.
 constexpr std::uint16_t kOsccalValue = 0x74;
 constexpr std::size_t kBootWords = 1024;
 
@@ -46,7 +46,7 @@ std::uint16_t blank_word_of(Core core, std::string_view type) {
 
 void add_config(SimulatedTarget& target, const TargetFacts& facts) {
     std::size_t count = facts.config_present.size();
-    // PIC18 words are at fixed addresses, so all seven are there; the others end at the last.
+    // PIC18 words have fixed addresses, so all seven are kept. Other parts end at their last word.
     if (target.core != Core::Pic18)
         while (count > 0 && !facts.config_present[count - 1]) --count;
     for (std::size_t i = 0; i < count; ++i) {

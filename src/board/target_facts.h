@@ -11,7 +11,7 @@
 
 namespace quillon {
 
-// The catalogue's values under plain names; whoever holds a device record fills them in.
+// The catalogue's values under plain names. The owner of a device record fills them in.
 struct TargetFacts {
     using Words = std::array<std::uint16_t, 7>;      // configuration word n at index n-1
     using EraseWords = std::array<std::uint8_t, 6>;  // as sent; all zero: the part has none

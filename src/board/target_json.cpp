@@ -113,7 +113,7 @@ std::vector<std::uint16_t> words_field(const Json& object, const char* name, std
     return all;
 }
 
-// Fills the cells from the rows; cells that no row gives keep their value.
+// Fills the cells from the rows. Cells without a row keep their value.
 template <class Cells>
 void read_rows(const Json& object, const char* name, std::uint32_t most, Cells& cells) {
     const Json& list = field(object, name);
@@ -194,7 +194,7 @@ SimulatedTarget target_of(const Json& json) {
     return target;
 }
 
-// Why a file isn't read at all, "" where it is.
+// Why a file is refused unread, "" where it may be read.
 std::string refusal(const std::filesystem::path& file) {
     namespace fs = std::filesystem;
     std::error_code error;

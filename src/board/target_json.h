@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// A target as JSON: the form in which it is kept between calls, to be read and changed by hand.
+// A target as JSON, the form in which it is kept between calls. It can be read and changed by hand.
 //
-// Words are hexadecimal texts. Program memory is an array of rows of 16 words, EEPROM one of rows
-// of 16 cells, an erased row at the end may be left out. What a reader needs of the device's facts
-// is under "part"; it is written from the catalogue once, when the file is made.
+// Words are hexadecimal texts. Program memory is an array of rows of 16 words, EEPROM an array of
+// rows of 16 cells. Erased rows at the end may be left out. The device's facts are under "part".
+// They are taken from the catalogue once, when the file is made.
 #pragma once
 
 #include <filesystem>
@@ -23,12 +23,13 @@ struct TargetReading {
     std::string error;  // one line, where there is no target
 };
 
-// Text of a file; nothing but a whole and sound target is taken.
+// Reads the text of a file. A target that is incomplete or contradicts itself is refused.
 TargetReading read_target(std::string_view text);
 
-// The error doesn't name the file. What is no file, or too large for a target, isn't even read.
+// The error doesn't name the file. What is not a regular file, or is too large for a target, is
+// refused unread.
 TargetReading load_target(const std::filesystem::path& file);
-// The text of such a file.
+// The text that read_target() reads back.
 std::string target_text(const SimulatedTarget& target);
 
 }  // namespace quillon

@@ -17,7 +17,7 @@ namespace quillon {
 struct SentByte {
     std::uint8_t value = 0;
     Host::Time ready{};
-    // The byte behind it belongs to the same report: an adapter hands both over at once.
+    // The next byte belongs to the same report, so an adapter hands both over at once.
     bool more = false;
 };
 
@@ -31,7 +31,7 @@ class Transmitter {
         hold_ = std::max(hold_, now + sending.late);
         for (const auto value : sending.bytes) queue_.push_back({value, hold_, more});
     }
-    // Those that are ready by that time.
+    // Removes and returns the bytes that are ready by that time.
     std::vector<SentByte> take(Host::Time until) {
         std::vector<SentByte> taken;
         while (!queue_.empty() && queue_.front().ready <= until) {
@@ -44,12 +44,12 @@ class Transmitter {
         if (queue_.empty()) return std::nullopt;
         return queue_.front().ready;
     }
-    // What isn't ready yet will never be sent.
+    // Drops the bytes that aren't ready yet.
     void forget(Host::Time now) {
         while (!queue_.empty() && queue_.back().ready > now) queue_.pop_back();
         hold_ = now;
     }
-    // Bytes that the program has sent, faults aside.
+    // The count of bytes that the program has sent, before faults removed or added any.
     std::size_t sent() const { return sent_; }
 
   private:

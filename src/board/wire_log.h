@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What has gone over the wire, with its times, and as a text that a test can quote.
+// Keeps what has gone over the wire, with times, and shows it as a text that a test can quote.
 //
 // text() has a line for each exchange, each line ended by "\n":
 //
@@ -11,18 +11,19 @@
 //   > nwGe 20 00  < + x8192  > 16384 bytes 5F3A9C01  < @
 //   > nbd 0A  < @
 //
-// ">" is the host, "<" the board. A command's letters are shown without blanks, its parameters
-// in hexadecimal. Data is hexadecimal up to 40 bytes; more is "N x HH HH" where all pairs are
-// alike, else the number of bytes and their CRC-32. A read folds the blocks: all data, all
-// acknowledges
-// "@" with their number, what came behind the data. A write folds the ready bytes with their
-// number, the items, what came behind the last. Ready bytes that are not one at a time end a fold:
-// "< + x17  > 34 bytes 01234567  < 40 40" is a write broken off after 17 items. A byte that
-// closes an exchange is shown as a character ("@") only where the end code is due. The answer to
-// "?" is text without its CR LF; "(no CR LF)" says that they didn't come.
+// ">" is the host, "<" the board. A command's letters are shown without blanks, its parameters in
+// hexadecimal.
+//   - Data of up to 40 bytes is shown in hexadecimal. Longer data is "N x HH HH" where all pairs
+//     are alike, else the number of bytes and their CRC-32.
+//   - A read is folded into all data, the number of acknowledges "@", and what came after the data.
+//   - A write is folded into the number of ready bytes, all items, and what came after the last
+//     item. Ready bytes that come more than one at a time end a fold: the write in
+//     "< + x17  > 34 bytes 01234567  < 40 40" was broken off after 17 items.
+//   - The last byte of an exchange is shown as a character ("@") only where the end code is due.
+//   - The answer to "?" is text without its CR LF. "(no CR LF)" marks an answer that had none.
 //
-// A line begins at a power letter, "?", "m", "p" and at the first "*" of a row, where no parameter
-// and no item is due; a command that was left unfinished is over after 50 ms.
+// A line begins at a power letter, at "?", "m" or "p", and at the first of several "*", unless a
+// parameter or an item is due. A command that was left unfinished ends after 50 ms.
 #pragma once
 
 #include <cstddef>
@@ -39,7 +40,7 @@ struct WireEvent {
     enum class Way : std::uint8_t { ToBoard, FromBoard };
     Host::Time at{};
     Way way = Way::ToBoard;
-    std::vector<std::uint8_t> bytes;  // of one write; from the board: what came at one time
+    std::vector<std::uint8_t> bytes;  // of one write; from the board: all that came at one time
 };
 
 class WireLog {

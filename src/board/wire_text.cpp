@@ -39,7 +39,7 @@ std::string shown(std::span<const std::uint8_t> bytes) {
     return fmt::format("{} bytes {:08X}", bytes.size(), crc32(bytes));
 }
 
-// The byte at the place of the end code.
+// The bytes in the place of the end code.
 std::string closing(std::span<const std::uint8_t> bytes) {
     return bytes.size() == 1 && bytes[0] == '@' ? "@" : hexadecimal(bytes);
 }
@@ -100,7 +100,7 @@ bool WireText::item_due(const WireEvent& event) const {
     const std::uint8_t first = event.bytes.front();
     const bool single = event.bytes.size() == 1;
     if (single && first == '*' && event.at - last_write_ >= kStale) return false;
-    // Items of one byte, and the two bytes of a lone word, may come singly.
+    // Items of one byte may come one at a time, and so may the two bytes of a single word.
     if (!single || due <= 2 || letters_.ends_with("Xwed")) return true;
     return std::string_view{"nN*?mp"}.find(static_cast<char>(first)) == std::string_view::npos;
 }

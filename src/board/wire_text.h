@@ -13,7 +13,7 @@
 
 namespace quillon {
 
-// What a command's letters promise.
+// What follows a command's letters.
 struct WireForm {
     enum class Kind : std::uint8_t { Text, Reply, Read, Write, Silent, Unknown };
     Kind kind = Kind::Unknown;
@@ -21,17 +21,17 @@ struct WireForm {
     std::size_t reply = 0;       // bytes before the end code
 };
 
-// Nothing while more letters have to come.
+// Unset while letters are missing.
 std::optional<WireForm> wire_form(std::string_view letters);
 
 class WireText {
   public:
     void add(const WireEvent& event);
-    // All of it, the line in work included.
+    // The whole text, with the line that isn't finished yet.
     std::string finish();
 
   private:
-    // What one side said before the other did.
+    // Bytes that one side sent in a row, with none of the other side between them.
     struct Part {
         WireEvent::Way way;
         std::vector<std::uint8_t> bytes;
@@ -52,7 +52,7 @@ class WireText {
     std::string write() const;
 
     std::string done_;
-    bool open_ = false;  // a line is in work
+    bool open_ = false;  // a line has begun and isn't finished
     std::string letters_;
     std::vector<std::uint8_t> parameters_;
     std::optional<WireForm> form_;
