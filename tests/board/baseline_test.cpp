@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The exchanges of the 12-bit parts: one address range, the configuration word in front.
+// The exchanges of the 12-bit parts: one address range that begins with the configuration word.
 #include <gtest/gtest.h>
 
 #include "board_driver.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A host of bare bytes in virtual time: letters 1 ms apart, and what the board has sent as text.
+// A host that sends single bytes in virtual time and shows the answers as text.
 #pragma once
 
 #include <fmt/core.h>
@@ -72,7 +72,7 @@ struct Driver {
         : board{blank_target(facts), times} {}
 
     void send(std::uint8_t byte) { board.receive(byte, now); }
-    // Each letter and each parameter followed by 1 ms.
+    // Waits 1 ms after each letter and each parameter.
     void command(std::string_view letters, std::initializer_list<int> parameters = {}) {
         for (const char c : letters) paced(static_cast<std::uint8_t>(c));
         for (const int byte : parameters) paced(static_cast<std::uint8_t>(byte));
@@ -93,14 +93,14 @@ struct Driver {
         for (const auto& sent : board.take_sent(now)) all.push_back(sent.value);
         return all;
     }
-    // What came since the last look, "3F FF 40".
+    // The bytes since the last call, "3F FF 40".
     std::string reply() {
         std::string text;
         for (const auto byte : bytes())
             text += fmt::format("{}{:02X}", text.empty() ? "" : " ", byte);
         return text;
     }
-    // Takes a read of `size` bytes with its acknowledges, the end code included.
+    // Takes a read of `size` bytes, the end code included, and acknowledges its blocks.
     std::vector<std::uint8_t> stream(std::size_t size) {
         std::vector<std::uint8_t> all;
         while (all.size() < size) {

@@ -145,7 +145,7 @@ TEST(SimulatedBoard, is_called_out_of_a_write_with_nothing_written) {
 }
 
 TEST(SimulatedBoard, is_called_out_of_a_command_that_was_left_half_sent) {
-    // Every place of a command with four parameters: two "*" may pass for two of them, not three.
+    // Wherever a command stops: two "*" may pass for parameters, the third never does.
     for (const auto* letters : {"n", "nb", "nbw", "m", "mD", "nX", "nXr"}) {
         Driver host{facts_16f877a()};
         host.command(letters);
@@ -185,7 +185,7 @@ TEST(SimulatedBoard, an_item_that_begins_with_a_star_is_data) {
 }
 
 TEST(SimulatedBoard, stars_that_come_in_one_go_call_it_after_a_while) {
-    // A host whose bytes a scheduler has held up and delivered together.
+    // As from a host whose bytes a scheduler has held up and then delivered together.
     Driver host{facts_16f877a(), {.erase = 10s}};
     host.command("nbd", {0x0A});
     host.item({'*', '*', '*'});

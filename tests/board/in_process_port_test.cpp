@@ -216,7 +216,7 @@ TEST(InProcessPort, slow_lines_keep_items_that_begin_with_a_star_apart_from_call
     EXPECT_EQ(bench.board.target().program[0], 0x2A05);
 }
 
-// The machine's own clock, with nothing else of a host.
+// A host with the machine's real clock.
 class ClockHost : public test::FakeHost {
   public:
     Time now() const override { return std::chrono::steady_clock::now().time_since_epoch(); }

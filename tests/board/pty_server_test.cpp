@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pseudo-terminal, for real: these tests take some tens of milliseconds each.
+// Tests with a real pseudo-terminal. They take some tens of milliseconds each.
 #include "board/pty_server.h"
 
 #include <fcntl.h>
@@ -42,7 +42,7 @@ class Terminal {
         for (const char c : letters) paced(static_cast<std::uint8_t>(c));
         for (const int byte : parameters) paced(static_cast<std::uint8_t>(byte));
     }
-    // Up to so many bytes; fewer when nothing comes for 2 s or the terminal is gone.
+    // Reads up to `count` bytes: fewer if nothing comes for 2 s or the terminal is gone.
     std::vector<std::uint8_t> read(std::size_t count) {
         std::vector<std::uint8_t> all;
         while (all.size() < count) {
@@ -63,7 +63,7 @@ class Terminal {
     int file_;
 };
 
-// A server in a thread of its own; a few measurements are enough here.
+// A server in a thread of its own. A few measurements of the delay are enough here.
 struct Service {
     explicit Service(PtyOptions options) : server{board, std::move(options)} {}
     explicit Service(int baud = 57600)
@@ -114,7 +114,7 @@ TEST(PtyServer, is_never_faster_than_the_line) {
         ASSERT_EQ(host.read(1).size(), 1u);
     }
     const std::chrono::duration<double, std::micro> taken = Clock::now() - start;
-    // 99 exchanges of three bytes; at each end up to a byte time is credited.
+    // 99 exchanges of three bytes. At each end up to one byte time is credited.
     EXPECT_GT(taken.count(), 99 * 3 * 173.6 - 2 * 173.7);
 }
 
@@ -128,7 +128,7 @@ TEST(PtyServer, lives_on_when_the_host_closes_and_comes_back) {
     }
 }
 
-// Another program: takes the terminal for itself as a serial port's user does, and waits.
+// Starts another process, which takes the terminal for exclusive use, as users of a serial port do.
 pid_t exclusive_user(const std::string& path) {
     const pid_t user = ::fork();
     if (user != 0) return user;
@@ -145,7 +145,7 @@ bool becomes(bool open, const std::string& path) {
     return Terminal{path}.is_open() == open;
 }
 
-// The superuser passes a mark of exclusive use: it takes a user without rights to meet it.
+// Exclusive use doesn't stop the superuser, so the test runs as an ordinary user.
 TEST(PtyServer, is_free_again_after_its_user_was_killed_and_not_before) {
     const test::OrdinaryUser user;
     const Service service;

@@ -164,7 +164,7 @@ TEST(blank_exchange, answers_the_and_of_all_words_in_the_range) {
 TEST(blank_exchange, takes_its_time_for_each_word) {
     Driver host{facts_16f877a(), {.check_word = 100us}};
     host.command("nbs", {0x20, 0});
-    host.wait(817ms);  // the last parameter's millisecond makes it 818
+    host.wait(817ms);  // 818 with the millisecond after the last parameter
     EXPECT_EQ(host.reply(), "");
     host.wait(2ms);
     EXPECT_EQ(host.reply(), "3F FF 40");

@@ -104,7 +104,7 @@ TEST(target_json, a_file_that_cannot_be_read_says_why) {
     EXPECT_EQ(load_target(folder.write("bad.json", "{}")).error, "\"device\" is missing");
 }
 
-// A file with a hole takes no room on the disk and would take all of it in memory.
+// A file with a hole takes no room on the disk, but in memory it would take its full size.
 TEST(target_json, a_file_over_16_MB_is_refused_before_it_is_read) {
     const test::TempFolder folder;
     const auto file = folder.write("large.json", "{}");
