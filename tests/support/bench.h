@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A whole run in virtual time: the real flows, the simulated board in the process, the shipped
-// catalogue, and everything that a user would see, noted down.
+// catalogue, and a record of everything that a user would see.
 //
-// When it goes, it looks that the port is closed, that the controls can be used again and that the
-// board had nothing to complain of. A wait that never ends is given up after ten minutes on its
-// clock.
+// The destructor checks that the port is closed, that the controls can be used again and that the
+// board has no notes. A wait that never ends is given up after ten minutes of virtual time.
 #pragma once
 
 #include <algorithm>
@@ -29,15 +28,14 @@ namespace quillon::test {
 using namespace std::chrono_literals;
 using Lines = std::vector<std::string>;
 
-// What the shipped catalogue says of one device, as a catalogue of its own, with some of its rows
-// given another value.
+// A device's block of the shipped catalogue, in which some rows may get another value.
 struct CatalogueBlock {
     std::string_view device;
     std::vector<std::pair<std::string, std::string>> other_values{};
 };
 std::string catalogue_of(const std::vector<CatalogueBlock>& blocks);
 
-// The user's answers, and a look at the moment in which a box comes up.
+// The user's answers. `on_box` is called at the moment in which a box comes up.
 class BenchDialogs : public FakeDialogs {
   public:
     BoxAnswer box(const MessageBox& asked) override {
@@ -47,7 +45,7 @@ class BenchDialogs : public FakeDialogs {
     std::function<void()> on_box;
 };
 
-// A clock that cuts a sleep as the real host does, with a turn of the interface in between.
+// A host that sleeps in short pieces as the real one does, with a turn of the interface after each.
 class BenchHost : public FakeHost {
   public:
     void sleep(std::chrono::milliseconds time) override {
@@ -62,26 +60,26 @@ class BenchHost : public FakeHost {
 
 class Bench {
   public:
-    // The device is selected ("" for none), its image filled with a pattern, and a blank part of
-    // its kind is in the socket.
+    // Selects the device ("" for none), fills its image with a pattern and puts a blank part of its
+    // kind into the socket. Without `blocks` the catalogue has the usual devices.
     explicit Bench(std::string_view device = "PIC16F877A") : Bench{device, {}} {}
     Bench(std::string_view device, std::vector<CatalogueBlock> blocks);
     ~Bench();
     Bench(const Bench&) = delete;
     Bench& operator=(const Bench&) = delete;
 
-    // Every area of the image gets values of its own in every place.
+    // Gives every place of every area a value of its own, see fill_pattern().
     void fill_image();
     // The image as it is after the device was selected: all ones.
     void clear_image();
-    // The part in the socket holds what the image holds.
+    // Copies the image into the part in the socket.
     void program_target();
-    // Another blank part, of that device of the catalogue. The selection is kept.
+    // Puts a blank part of that device into the socket. The selection is kept.
     void put_into_socket(std::string_view device);
-    // Takes the protection bits off configuration word 1, in the part that is in the socket.
+    // Clears the protection bits of configuration word 1 in the part in the socket: 0 protects.
     void protect_target();
 
-    // The exchanges since the last call to this or since the start.
+    // The exchanges since the last call, or since the start.
     std::string wire();
     std::string log() const;  // of the current log file
     std::string device() const { return run->session.DeviceName; }
@@ -89,22 +87,22 @@ class Bench {
     Session& session() { return run->session; }
     MainForm& form() { return run->form; }
 
-    // The image as it goes over the wire.
+    // The bytes of the image in the order of the wire.
     std::vector<std::uint8_t> program_image() const;
     std::vector<std::uint8_t> eeprom_image() const;
 
     // True while an operation may be started: all controls that it locks can be used.
     bool controls_are_back() const;
-    // Names of the controls of the four buttons and of the device list that can be used.
+    // The names of the controls that an operation locks and that can be used now.
     Lines enabled_buttons() const;
 
-    // The user closes the window at the first turn at which the condition holds.
+    // The user closes the window in the first turn in which the condition holds.
     void give_up_when(std::function<bool()> condition) { gives_up_ = std::move(condition); }
-    // The user presses the stop button in the first turn at which the condition holds.
+    // The user presses the stop button in the first turn in which the condition holds.
     void stop_when(std::function<bool()> condition) { stops_ = std::move(condition); }
-    // Another ten minutes from now on, for a test that runs many operations.
+    // Allows another ten minutes from now on, for a test that runs many operations.
     void restart_the_clock();
-    // Does something as that message comes up, once.
+    // Runs the action when the message is shown for the first time.
     void when_shown(std::string_view message, std::function<void()> action);
 
     TempFolder folder;
@@ -117,7 +115,7 @@ class Bench {
     std::unique_ptr<Run> run;
     std::unique_ptr<MessageLog> shown;
 
-    // For tests in which these are no mistake.
+    // Switch off checks of the destructor, for tests in which these are no mistake.
     bool notes_expected = false;
     bool buttons_stay_locked = false;
 

@@ -40,7 +40,7 @@ void fill_cells(Session& session) {
     }
 }
 
-// Digits A to D; PIC18 parts go on to 1.
+// The digits A, B, C and D. The eight bytes of a PIC18 go on with E, F, 0 and 1.
 void fill_id(Session& session) {
     for (unsigned i = 0; i < session.IdBytes18.size(); ++i)
         session.IdBytes18[i] = static_cast<std::uint8_t>(0xF0U | ((0xAU + i) & 0x0FU));
@@ -49,7 +49,7 @@ void fill_id(Session& session) {
         put_word(session.CfgIdMem, digit, upper_ones | (0xAU + digit));
 }
 
-// The first free option of the first word: the oscillator's lowest bit goes.
+// The defaults, but bit 0 of word 1 cleared: the lowest bit of the oscillator field.
 void fill_config(Session& session) {
     for (std::size_t n = 1; n <= kConfigWords; ++n) {
         session.ConfigWord[n] = session.ConfigDefault[n] | session.ConfigForce[n];

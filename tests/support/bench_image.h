@@ -7,12 +7,12 @@
 
 namespace quillon::test {
 
-// Every area gets values of its own in every place: odd factors and strides that share no divisor
-// with a block, a page or a part's size, so that a word that is swapped, shifted or sent twice
-// shows.
+// Gives every place of every area a value of its own. The factors and strides are odd and share no
+// divisor with a block, a page or a part's size, so a word that is swapped, shifted or sent twice
+// is noticed.
 void fill_pattern(Session& session);
 
-// As the board's part would hold it after a programming run.
+// Fills the part as a programming run with this image would.
 void put_into_part(const Session& session, SimulatedTarget& target);
 
 }  // namespace quillon::test

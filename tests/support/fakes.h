@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Stand-ins for the machine and the user: a clock that only sleeps move, answers given beforehand,
-// a settings store in memory, and a folder that is gone when the test ends.
+// Stand-ins for the machine and the user: a clock that moves only when something sleeps, answers
+// given beforehand, a settings store in memory, and a folder that is removed when the test ends.
 #pragma once
 
 #include <chrono>
@@ -24,7 +24,7 @@
 
 namespace quillon::test {
 
-// A folder of its own for one test, removed with all it holds.
+// A new folder for one test, removed with its content.
 class TempFolder {
   public:
     TempFolder() {
@@ -88,7 +88,7 @@ class FakeHost : public Host {
         file << content;
         return file ? std::optional<std::string>{} : "can't be written";
     }
-    // Bytes that aren't UTF-8 are kept as they are here: tests of the conversion use the real host.
+    // Returns the bytes unchanged. Tests of the conversion use the real host.
     std::string from_code_page(std::string_view bytes) const override { return std::string{bytes}; }
 
     void advance(Time time) {
@@ -108,14 +108,14 @@ class FakeHost : public Host {
     std::function<void(Time now)> on_advance;  // the simulated board follows the clock
     int pumps = 0;
     bool opens = true;
-    std::string write_problem;  // why no file can be written
+    std::string write_problem;  // what write_file() returns, "" to write
 
   private:
     Time now_{};
     std::optional<Abandoned::Reason> wish_;
 };
 
-// Answers box by box in the given order, then each box's default for "no" (Cancel, No, Ok).
+// Gives the answers in their order, one a box. Without an answer a box is refused (Cancel, No, Ok).
 class FakeDialogs : public Dialogs {
   public:
     BoxAnswer box(const MessageBox& asked) override {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The family modules whose operations the flow tests run, a row each: which device represents the
-// module, and what it is expected to send.
+// The family modules whose operations the flow tests run. A row names the device that represents
+// the module and what the program is expected to send for it.
 //
-// The letters and modes are written here a second time on purpose; nothing is taken from the
-// program's own tables.
+// The letters and modes are written a second time here on purpose: a test that took them from the
+// program's tables would repeat their mistakes.
 #pragma once
 
 #include <array>
@@ -15,12 +15,12 @@
 
 namespace quillon::test {
 
-// One erase of a whole erase, in order.
+// One step of a whole erase.
 struct ExpectedErase {
     std::string_view command;  // letters and mode as the wire log shows them
     std::string_view status;
     std::string_view failure;
-    int pause = 100;  // milliseconds behind the status, before the command
+    int pause = 100;  // milliseconds between the status and the command
     bool of_eeprom = false;
 };
 
@@ -33,7 +33,7 @@ struct FamilyCase {
     std::string_view erase_title;  // shown before the erases, "" for none
     std::span<const ExpectedErase> erases;
 
-    // Stands for its device wherever a test names one.
+    // So that a case can be passed wherever a device's name is expected.
     operator std::string_view() const { return device; }
 };
 

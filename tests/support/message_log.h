@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every message in its order, as one line: "[red] text | extra", "[+] text" where it was appended.
+// Records every message in order, one line each: "[red] text | extra", "[+] text" if appended.
 #pragma once
 
 #include <string>

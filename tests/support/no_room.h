@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A full disk, as far as a test can have one: no file of this process grows beyond a size while
-// this lives. A write across it is cut off there, as on a real one.
+// Imitates a full disk: while an object lives, no file of this process grows beyond a size. A write
+// across that size is cut off there, as on a full disk.
 #pragma once
 
 #include <gtest/gtest.h>

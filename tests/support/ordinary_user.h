@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A user with no rights beyond his own: the superuser, whom no permission stops, steps down.
+// Gives up the superuser's rights, because no permission stops the superuser.
 #pragma once
 
 #include <unistd.h>
@@ -8,7 +8,7 @@
 
 namespace quillon::test {
 
-// For as long as it lives.
+// The rights come back when it is destroyed. Does nothing for any other user.
 class OrdinaryUser {
   public:
     OrdinaryUser() : stepped_down_{::geteuid() == 0 && ::seteuid(65534) == 0} {}

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A port that answers by a script, and a journal of all that was done to it, in virtual time.
 //
-// A script is a row of steps: once the host has sent exactly these bytes, those come back, each
-// piece so much later than the one before. The journal holds sends, flushes, opens, sleeps and
-// turns of the interface in their order; turns in a row count as one, since a wait takes any
-// number.
+// A script is a row of steps. Once the host has sent exactly the bytes of a step, its answer comes
+// in pieces, each with a delay after the one before. The journal holds sends, flushes, opens,
+// sleeps and turns of the interface in their order. Turns in a row are one entry, since the number
+// of turns in a wait means nothing.
 #pragma once
 
 #include <algorithm>
@@ -64,7 +64,7 @@ class JournalHost : public FakeHost {
     bool asleep_ = false;
 };
 
-// One byte alone as the letter that it is; items of several bytes in hexadecimal.
+// A single byte as its letter, several bytes in hexadecimal.
 inline std::string byte_names(std::span<const std::uint8_t> bytes) {
     if (bytes.size() == 1 && bytes[0] > ' ' && bytes[0] < 0x7F)
         return std::string{static_cast<char>(bytes[0])};
@@ -80,24 +80,24 @@ inline std::vector<std::uint8_t> bytes_of(std::string_view text) {
 class ScriptedPort : public SerialPort {
   public:
     struct Piece {
-        std::chrono::microseconds later{};  // than the piece before, or than the last byte sent
+        std::chrono::microseconds later{};  // after the piece before, or the last byte sent
         std::string bytes;
     };
 
     ScriptedPort(FakeHost& host, Journal& journal) : host_{host}, journal_{journal} {}
 
-    // One step of the script.
+    // Adds a step to the script.
     void when(std::string_view sent, std::vector<Piece> answer = {}) {
         script_.push_back({std::string{sent}, std::move(answer)});
     }
     void when(std::string_view sent, std::string_view answer) {
         when(sent, std::vector<Piece>{{1ms, std::string{answer}}});
     }
-    // Bytes that come whatever the host sends, so much later than now.
+    // Bytes that come after this delay, whatever the host sends.
     void arrives(std::chrono::microseconds later, std::string_view bytes) {
         incoming_.push_back({host_.now() + later, bytes_of(bytes)});
     }
-    // Empty while the host has sent exactly what the script says, to its end.
+    // "" if the host has sent exactly what the script says, to its end.
     std::string problem() const {
         if (!problem_.empty()) return problem_;
         return script_.empty() ? "" : "never sent: " + script_.front().sent;
