@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A row of the listing has the address in its first 7 columns, up to 15 characters of object code,
-// and the number of its source line. Object code that runs on has rows of its own behind it, with
-// nothing but the code; a page's head may come between them.
+// and the number of its source line. Longer object code continues on rows with nothing but code. A
+// page header may come between these rows.
 #include "programs/assembled.h"
 
 #include <cstdlib>
@@ -32,7 +32,7 @@ std::string trimmed(const std::string& text) {
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-// The words of the code columns; nothing for a row that has none, or bytes.
+// The words of the code columns. Empty for a row without code, or with single bytes.
 std::vector<std::uint32_t> words_of(const std::string& line) {
     std::vector<std::uint32_t> words;
     if (line.size() <= kCode) return words;

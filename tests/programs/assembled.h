@@ -13,7 +13,7 @@ namespace quillon::test {
 using FileBytes = std::map<std::uint32_t, std::uint8_t>;
 
 struct Assembled {
-    bool ok = false;  // false where gpasm isn't there, or reports an error
+    bool ok = false;  // false where gpasm is missing or reports an error
     std::filesystem::path hex;
     // The words of the listing, from its columns of addresses and object code. EEPROM is left out:
     // this assembler's listing counts its cells in bytes.
@@ -24,9 +24,8 @@ struct Assembled {
 // addresses.
 Assembled assemble(std::string_view name, const std::filesystem::path& folder, bool pic18);
 
-// The data records of a HEX file, whose check sums must be right: read by the records alone, with
-// nothing of the programs under test. Empty where one of them is no sound record, or where a byte
-// is written twice.
+// The data of a HEX file. It is read without any code of the program under test. Empty where a
+// record is damaged or has a wrong check sum, or where a byte is written twice.
 FileBytes bytes_of_hex(const std::filesystem::path& path);
 
 }  // namespace quillon::test

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Programs of the enhanced mid-range parts, whose assembler puts ID, configuration and EEPROM above
-// 64 K and, for the large ones, program behind the first 8 K words: with HexUpperAddress all is at
-// its place; without it the file folds, and the check says so.
+// Programs of the enhanced mid-range parts. Their assembler puts ID, configuration and EEPROM above
+// 64 K. Large parts also have program memory beyond the first 8 K words. With HexUpperAddress all
+// of it is loaded to its place. Without it the addresses fold, and the file check reports that.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -51,7 +51,7 @@ struct EnhancedBench : ProgramBench {
     void by_full_address(bool asked) { form.HexUpperAddress.Checked.set(asked); }
 };
 
-// The check's line, which names the option that puts such a file right.
+// The file check's line. It names the option that helps.
 void expect_findings(const std::string& line, const std::vector<std::string>& findings) {
     EXPECT_TRUE(line.starts_with("red ファイル検査：")) << line;
     EXPECT_NE(line.find("HexUpperAddress"), std::string::npos) << line;
@@ -102,7 +102,7 @@ TEST_P(enhanced_program, comes_back_from_a_file_saved_by_full_address) {
     EXPECT_EQ(bench.told().size(), 2U) << testing::PrintToString(bench.shown);
 }
 
-// The assembler writes bits that mean nothing; the reader drops them.
+// The assembler also writes bits that mean nothing. The reader drops them.
 TEST_P(enhanced_program, is_saved_where_its_assembler_put_it) {
     const auto saved = bench.folder / "saved.hex";
     ASSERT_EQ(bench.files.mnuFileSave_Click(saved), Outcome::Success);
@@ -130,7 +130,7 @@ TEST(folded_program, of_an_enhanced_part_lands_on_low_addresses_and_the_check_sa
     EXPECT_EQ(told[1], "ファイルロード完了");
     expect_findings(told[2], {"異なる値で二重に書かれたデータが6バイト（最初は11行目）",
                               "上位アドレスのレコードが4件（最初は11行目"});
-    // The four ID words lie on the reset vector, the configuration on words 7 and 8.
+    // The four ID words have overwritten the reset vector, the configuration words 7 and 8.
     EXPECT_EQ(hex_bytes(std::span{bench.session.PgmMem}.first(8)), "000C0000000D000E");
     EXPECT_EQ(bench.program_word(14), "CF84");
     EXPECT_EQ(bench.program_word(16), "DEFD");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// An assembled program, opened for its device of the shipped catalogue.
+// Assembles a program and opens it for its device, with the shipped catalogue.
 #pragma once
 
 #include <algorithm>
@@ -29,12 +29,13 @@ struct ProgramBench : FilesBench {
         shown.clear();
         return files.mnuFileOpen_Click(assembled.hex);
     }
-    // The messages from the start of the load on.
+    // The messages since the load began.
     std::vector<std::string> told() const {
         return {std::ranges::find(shown, "ファイルロード中.........."), shown.end()};
     }
     std::size_t program_bytes() const { return program_span(session); }
-    // By file byte address: the image holds a word's high byte first.
+    // Takes the byte address in a file, which has a word's low byte first. The image has the high
+    // byte first.
     std::uint8_t program_byte(std::size_t address) const { return session.PgmMem[address ^ 1U]; }
     std::string blank_word() const {
         if (is_pic18_flash(session.PgmType)) return "FFFF";
@@ -48,7 +49,7 @@ struct ProgramBench : FilesBench {
     Assembled assembled;
 };
 
-// Each program word must be the listing's, and blank where the listing has none.
+// Each program word must be the listing's, or blank where the listing has none.
 inline void expect_program_of_listing(const ProgramBench& bench) {
     const auto& listing = bench.assembled.listing;
     std::size_t words = 0;
@@ -66,7 +67,7 @@ inline void expect_program_of_listing(const ProgramBench& bench) {
     EXPECT_GT(words, 20U) << "the listing was not read";
 }
 
-// What a file holds of an image, as text.
+// The parts of an image that a file holds, as text.
 struct Content {
     explicit Content(const ProgramBench& bench)
         : program{hex_bytes(std::span{bench.session.PgmMem}.first(bench.program_bytes()))},

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Small real programs of each architecture, as their assembler writes them: all that they hold
-// comes into the image, and a saved file holds it again.
+// Small real programs of each architecture, as their assembler writes them. Everything in the file
+// must reach the image, and a saved file must hold it again.
 //
-// The program is held against the assembler's listing. ID, configuration and EEPROM are in the
-// tables here, worked out by hand from the sources and the data sheets.
+// Program memory is compared with the assembler's listing. The expected ID, configuration and
+// EEPROM are in the tables here, worked out by hand from the sources and the data sheets.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -22,14 +22,14 @@ namespace {
 struct Program {
     std::string name;
     std::string device;
-    // EEPROM from cell 0 on; what lies behind is blank.
+    // EEPROM from cell 0 on. The rest is blank.
     std::string eeprom = {};
     // CfgIdMem[0] to [7], of a PIC18 IdBytes18
     std::string id;
     std::string IdText;
     // Configuration words, of a PIC18 all seven.
     std::vector<std::uint32_t> config;
-    // The messages behind "ファイルロード中..........".
+    // The messages after "ファイルロード中..........".
     std::vector<std::string> told = {"ファイルロード完了"};
     std::int32_t used_words = 0;  // PIC18
     std::int32_t used_cells = 0;
@@ -47,7 +47,7 @@ std::string hex_of(std::string_view text) {
 }
 
 const std::vector<Program> kPrograms{
-    // The assembler puts this part's ID at word 100, right behind its program, and not at word 200.
+    // The assembler puts this part's ID at word 100, right after its program, not at word 200.
     {.name = "night_light",
      .device = "PIC10F200",
      .id = "0FF10FFA0FF20FFB",
@@ -107,7 +107,7 @@ const std::vector<Program> kPrograms{
      .used_cells = 2},
 };
 
-// EEPROM as the image holds it: a cell takes two bytes of EepMem, of a PIC18 one.
+// EEPROM as the image holds it. A cell takes two bytes of EepMem, a PIC18's one.
 std::string cells_of(const Program& program, std::int32_t count) {
     std::string cells;
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
@@ -171,7 +171,7 @@ TEST_P(program, comes_back_from_a_saved_file_without_a_finding) {
     EXPECT_EQ(bench.told().size(), 2U) << testing::PrintToString(bench.shown);
 }
 
-// Read by the records alone. A 12-bit part's ID has another place in a saved file.
+// The saved file is read by its records alone. The ID of a 12-bit part has another place in it.
 TEST_P(program, stands_in_the_saved_file_where_its_assembler_put_it) {
     ASSERT_EQ(bench.open_program(), Token::OK);
     const auto saved = bench.folder / "saved.hex";
