@@ -22,7 +22,7 @@ const std::set<std::string> kPgmTypes{
 
 // The high byte of every erase word: the core instruction that writes a table.
 constexpr std::string_view kTableWrite = "0x0C";
-// CALIB of one-time parts whose middle value isn't published: the middle of the register.
+// CALIB of one-time parts, the middle of the register: the makers publish no value for them.
 constexpr std::uint32_t kCalibUnknown = 0x80;
 constexpr double kBoardVpp = 12.0;  // volts
 constexpr double kBoardVdd = 5.0;   // volts
@@ -82,7 +82,7 @@ bool is_mask(const Row& row) {
 
 bool is_comment(const Row& row) { return row.tokens.size() >= 2 && row.tokens.size() <= 6; }
 
-// Every key that may stand once in a block, and the form of its value.
+// Every key that may be in a block once, with the check of its value.
 const std::map<std::string, Check>& single_keys() {
     static const std::map<std::string, Check> keys = [] {
         std::map<std::string, Check> table{
@@ -234,7 +234,7 @@ std::string erase_word(std::uint32_t payload) {
     return text;
 }
 
-// A part of the older kind has no word at 3C0005: zero is sent there.
+// A part of the older kind has no word at 3C0005. Zero is sent for it.
 TEST(device_block, sends_the_erase_words_of_every_area_that_the_part_can_erase_alone) {
     for_each_device([](const Block& block, const DeviceFacts& device) {
         if (!device.pic18) return;
@@ -274,7 +274,7 @@ TEST(device_block, chooses_the_power_delay_by_the_order_of_the_supplies) {
     });
 }
 
-// The firmware that learned the part's generation, as CATALOGUE.md has it.
+// The first firmware that knows the part's generation, by the rule in CATALOGUE.md.
 std::string firmware_for(const DeviceFacts& device) {
     static const std::set<std::string> factory_words{
         "PIC16F88X", "PIC16F91X", "PIC16F785", "PIC16F716", "PIC16F6XX",

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The configuration words of each block: sound in themselves, and the device's own.
+// The configuration words of each block: free of contradictions, and those of the device.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -47,7 +47,7 @@ const Field* find_field(const Word& word, std::string_view name) {
 
 std::uint32_t mask_of(const Field& field) { return field.options.front().mask; }
 
-// The option that holds those bits of the word, or null.
+// The option whose bits the word has, or null.
 const Option* option_for(const Field& field, std::uint32_t word) {
     const auto found = std::ranges::find_if(
         field.options, [&](const Option& each) { return (word & each.mask) == each.value; });
@@ -105,9 +105,9 @@ TEST(configuration_field, has_options_that_differ_in_name_and_value) {
     });
 }
 
-// A word from a file or a device is shown by its options, and a choice in one field keeps the
-// others by theirs: a code without an option would turn into another one. Protection is looked at
-// below.
+// A word from a file or a device is shown by its options, and a choice in one field sets the others
+// from the options that they show. So a code without an option would turn into another code. The
+// protection field has a test of its own below.
 TEST(configuration_field, has_an_option_for_every_code_of_its_bits) {
     for_each_field([](const Block& block, const Word& word, const Field& field) {
         if (field.name == "CP") return;
@@ -139,8 +139,8 @@ TEST(configuration_field, lies_inside_the_word_and_off_its_fixed_bits) {
     });
 }
 
-// A field's first row makes its grid row, so all its rows stand together, and a second field of
-// that name in the same word would take the first one's options.
+// A field's first row makes its row in the grid, so all its rows must be in one run. A second field
+// of that name in the same word would get the first one's options.
 TEST(configuration_field, stands_in_one_run_of_rows_and_once_in_a_block) {
     for (const Block& block : catalogue().blocks) {
         std::map<std::string, int> seen;
@@ -176,7 +176,7 @@ TEST(configuration_word, has_no_bit_that_is_always_0_and_always_1) {
     });
 }
 
-// Starts as the grid does, from all bits that may be 1, and takes one option of each field.
+// Starts from all bits that may be 1, as the grid does, and applies one option of each field.
 TEST(configuration_word, reaches_its_default_by_a_choice_of_options) {
     for_each_word([](const Block& block, const Word& word) {
         std::uint32_t reached = (word.width & ~word.always_zero) | word.always_one;
@@ -263,8 +263,8 @@ TEST(code_protection, is_a_field_named_CP_on_every_12_bit_and_14_bit_part) {
     EXPECT_EQ(parts, 179U);
 }
 
-// The protection bits of a word are copies of one or two bits. A mix of them is no choice of a
-// user: such a word is reported as mixed, which needs a code that is no option.
+// The protection bits of a word are copies of one or two bits. Copies that disagree are no user's
+// choice. Such a word is reported as mixed, so its code must not have an option.
 TEST(code_protection, has_an_option_for_every_code_whose_copied_bits_agree) {
     for_each_field([](const Block& block, const Word& word, const Field& field) {
         if (field.name != "CP") return;

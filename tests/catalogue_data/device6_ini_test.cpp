@@ -58,7 +58,7 @@ std::vector<const Row*> outside_rows(std::string_view key) {
     return found;
 }
 
-// The group a user looks in: the family and the kind of memory, whatever the supply variant.
+// The group in which a user looks for a device: family and kind of memory, not the supply variant.
 int group_of(std::string_view name) {
     struct Group {
         std::string_view prefix;
@@ -74,7 +74,7 @@ int group_of(std::string_view name) {
     return found == kGroups.end() ? -1 : found->place;
 }
 
-// Group, number, suffix, then the letters: PIC16F1823 and PIC16LF1823 stand side by side.
+// The order is by group, number, suffix, then letters. So PIC16LF1823 follows PIC16F1823.
 std::tuple<int, int, std::string, std::string> place_of(const std::string& name) {
     const auto is_digit = [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; };
     const auto letters_from = name.begin() + (name.starts_with("PIC") ? 5 : 3);
@@ -180,7 +180,7 @@ TEST(device6_ini, lists_every_known_device_once_and_no_other) {
     }
 }
 
-// Settings and history keep a device by its position in the list.
+// Settings and history store a device as its position in the list.
 TEST(device6_ini, keeps_every_device_at_its_position) {
     ASSERT_EQ(catalogue().blocks.size(), all_facts().size());
     for (std::size_t i = 0; i < all_facts().size(); ++i) {

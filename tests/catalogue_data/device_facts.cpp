@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reads device_facts.json. A damaged file throws and so fails every test that needs it.
+// Reads device_facts.json. Throws on a damaged file, which fails every test that needs it.
 #include "device_facts.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What is known of each device, from device_facts.json, to hold the catalogue against.
+// The facts of each device, from device_facts.json. The catalogue is compared with them.
 //
-// The file lists distinct configuration words once; a device names its words by index. Its devices
-// stand in the order of the selection list, which saved list positions rely on.
+// The file lists each distinct configuration word once, and a device names its words by index. Its
+// devices are in the order of the selection list, because saved settings hold positions in it.
 #pragma once
 
 #include <array>

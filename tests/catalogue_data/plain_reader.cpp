@@ -35,7 +35,7 @@ bool is_half(const Row& row, std::size_t at, std::size_t length) {
     return at < row.tokens.size() && row.tokens[at].size() == length;
 }
 
-// The number of a key such as "CFG3", 0 if it isn't 1 to 7 behind exactly that prefix.
+// The number of a key such as "CFG3", 0 unless the key is the prefix and a digit from 1 to 7.
 unsigned word_number(std::string_view key, std::string_view prefix) {
     if (!key.starts_with(prefix) || key.size() != prefix.size() + 1) {
         return 0;
@@ -75,7 +75,7 @@ class WordReader {
         if (!preset || !zero || !one || !width || at != row.tokens.size()) {
             return problem(row, "CONFIG row doesn't convert");
         }
-        // Either all three masks stand as halves or none does: a mixed row is not joined.
+        // Either all three masks are written in halves or none is. A mixed row isn't joined.
         if (row.tokens.size() != 5 && row.tokens.size() != 8) {
             return problem(row, "CONFIG row mixes halves and single numbers");
         }

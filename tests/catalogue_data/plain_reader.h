@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A plain reader of the device catalogue, for the tests of data/device6.ini.
 //
-// It is strict where the product is lenient: what the product would skip, guess or read as -1 is a
-// problem here. It shares no code with the product's parser, so that a mistake in that one can't
+// It is strict where the product is lenient: what the product skips, guesses or reads as -1 is a
+// problem here. It shares no code with the product's parser, so that a mistake in the parser can't
 // hide a mistake in the file.
 #pragma once
 
@@ -60,11 +60,10 @@ struct Catalogue {
     std::vector<std::string> problems;  // "line 12 PIC16F84: reason"
 };
 
-// "0B" and "0X" prefixes or decimal digits; nothing else converts.
+// Takes decimal digits and the prefixes "0B" and "0X". Nothing else converts.
 [[nodiscard]] std::optional<std::uint32_t> number(std::string_view text);
 
-// The two binary halves at `at` as one number, or the single token there.
-// `at` is left behind what was taken.
+// The two binary halves at `at` as one number, or the single token there. Moves `at` past them.
 [[nodiscard]] std::optional<std::uint32_t> take_number(const Row& row, std::size_t& at);
 
 [[nodiscard]] Catalogue read_catalogue(const std::string& path);
