@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The arrows between the folders of src/: what a folder includes, it links, and no arrow runs up.
+// The arrows between the folders of src/: a folder includes only what it links, and none runs up.
 #include "structure/includes.h"
 
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ const std::vector<Include>& all_includes() {
     return includes;
 }
 
-// The includes for which the rule holds, as "hex/hex_check.cpp:12 includes forms/binders.h".
+// The includes for which `rule` is true, as "hex/hex_check.cpp:12 includes forms/binders.h".
 template <class Rule>
 Places those(Rule&& rule) {
     Places found;
