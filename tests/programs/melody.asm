@@ -1,6 +1,6 @@
 ; SPDX-License-Identifier: MIT
 ; Melody player on a PIC16F1938: the tune is a table in the upper half of its 16 K words, which it
-; reads as data; the buzzer hangs at RC2. Transposition and speed stand in EEPROM.
+; reads as data; the buzzer is at RC2. Transposition and speed are in EEPROM.
 
         LIST    P=PIC16F1938
         INCLUDE "p16f1938.inc"

@@ -15,7 +15,7 @@ lit                                     ; bit 1: what the LED shows
         ENDC
 
         ORG     H'0000'
-        movwf   OSCCAL                  ; the factory's trim stands in W after reset
+        movwf   OSCCAL                  ; W holds the factory's trim after reset
         movlw   B'10000111'             ; wake-up off, pull-ups off, timer 1:256
         option
         movlw   B'00001101'

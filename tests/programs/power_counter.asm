@@ -1,7 +1,7 @@
 ; SPDX-License-Identifier: MIT
 ; Counts on a PIC16F84A how often it was switched on, in two bytes of EEPROM, and shows the low
-; byte at port B. The counter's bytes begin at 0 and stand behind a mark that tells them from an
-; erased part's.
+; byte at port B. The counter begins at 0. Its bytes follow a mark, which is missing in an erased
+; part.
 
         LIST    P=PIC16F84A
         INCLUDE "p16f84a.inc"

@@ -1,6 +1,6 @@
 ; SPDX-License-Identifier: MIT
 ; Servo driver on a PIC18F14K50: a pulse of 1 to 2 ms every 20 ms at RC0, its length from the knob
-; at AN10. Where the knob's wire is broken the position in EEPROM is taken.
+; at AN10. If the knob's wire is broken, the position in EEPROM is used.
 
         LIST    P=PIC18F14K50
         INCLUDE "p18f14k50.inc"

@@ -1,6 +1,6 @@
 ; SPDX-License-Identifier: MIT
 ; Bar voltmeter on a PIC16F877A: the voltage at AN0 as a bar of eight LEDs at port B. The eight
-; thresholds stand in EEPROM, so that they can be trimmed without a new program.
+; thresholds are in EEPROM, so that they can be trimmed without a new program.
 
         LIST    P=PIC16F877A
         INCLUDE "p16f877a.inc"
