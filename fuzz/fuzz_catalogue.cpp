@@ -2,7 +2,7 @@
 // Fuzz target of the catalogue: the start-up pass over any bytes, then the selection of the first
 // devices that it has found.
 //
-// What must hold whatever the file says is checked here; the sanitizers see to the rest.
+// The checks here hold for any file. The sanitizers find the rest.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     bench.session.CatError = false;
 
     constexpr std::size_t kLoaded = 3;
-    // A large part's views take milliseconds, and say nothing of the catalogue.
+    // The views of a large part take milliseconds and don't depend on the catalogue.
     constexpr std::int32_t kSelectedWords = 0x800;
     const auto& names = bench.form.Combo_device.Items.get();
     for (std::size_t i = 0; i < std::min(names.size(), kLoaded); ++i) {

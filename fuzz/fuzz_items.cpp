@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Fuzz target of the item reader, the record's fields and the file check on any bytes.
+// Fuzz target of the item reader, the fields of a record and the file check, with any bytes.
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -11,7 +11,7 @@ namespace {
 using namespace quillon;
 using fuzz::require;
 
-// Every item lies inside the text and behind the one before: the reader always moves on.
+// Every item lies inside the text and after the one before, so the reader always comes to an end.
 void check_items(std::string_view text) {
     HexItems items{text};
     const char* behind = text.data();

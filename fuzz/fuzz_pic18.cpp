@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Fuzz target of the PIC18 loader: the first byte chooses the device, the rest is the file.
 //
-// What loads must save and load back equal; the sanitizers see to the rest.
+// An image that loads must be equal after a save and another load. The sanitizers find the rest.
 #include <cstddef>
 #include <cstdint>
 #include <iterator>

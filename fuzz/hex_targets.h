@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the targets of the HEX reader share: devices to load for, and what must hold of an image.
+// Shared by the fuzz targets of the HEX reader: the choice of a device and the checks of a load.
 #pragma once
 
 #include <algorithm>
@@ -43,7 +43,7 @@ inline void choose(Session& session, const Device& device) {
     FillIdOnes(session);
 }
 
-// The file check counts no more than there is.
+// The file check must not count more than the text can hold, nor name a line after its end.
 inline void check_findings(std::string_view text, const Session& session, HexAddresses addresses) {
     const auto found = check_hex(text, session, addresses);
     const auto lines = 1 + static_cast<std::size_t>(std::ranges::count(text, '\n') +
@@ -60,14 +60,14 @@ inline void check_findings(std::string_view text, const Session& session, HexAdd
     require(describe(found).empty() == (count == 0 && !found.no_end));
 }
 
-// Program and EEPROM data as a saved file holds them: a PIC18's cell is one byte, any other's the
-// second of two.
+// Program and EEPROM data as a saved file holds them. A PIC18's cell is one byte. Other parts have
+// two bytes a cell, of which the second holds the data.
 struct Content {
     explicit Content(const Session& session) {
         const std::size_t step = is_pic18_flash(session.PgmType) ? 1 : 2;
         const auto program_bytes = static_cast<std::ptrdiff_t>(program_span(session));
         program.assign(session.PgmMem.begin(), session.PgmMem.begin() + program_bytes);
-        // A record at an odd address leaves parity bits that no word has.
+        // A record at an odd address may set parity bits that a saved word doesn't have.
         if (session.PgmType == ProgrammingType::EPROM2)
             for (std::size_t i = 0; i < program.size(); i += 2) program[i] &= 0x3F;
         for (std::int32_t cell = 1; cell <= session.EepBytes; ++cell)

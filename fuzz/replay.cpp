@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Runs a fuzz target with no fuzzer at hand, as part of the test suite: over the kept corpus, then
-// over changed copies of it for a few seconds. The changes are the same in every run.
+// Runs a fuzz target without a fuzzer, as part of the test suite: on the kept corpus, then on
+// changed copies of it for a few seconds. The changes are the same in every run.
 //
 //     fuzz_items_replay CORPUS [SECONDS]
 #include <algorithm>
@@ -39,7 +39,7 @@ Corpus read(const char* folder) {
     return corpus;
 }
 
-// Like a fuzzer's own: bytes altered, taken out, put in, pieces of two files joined.
+// Makes changes like a fuzzer's: alters, removes and inserts bytes, and joins pieces of two files.
 class Changes {
   public:
     explicit Changes(const Corpus& corpus) : corpus_{corpus} {}
@@ -96,7 +96,7 @@ int main(int argc, char** argv) {
         LLVMFuzzerTestOneInput(corpus.files[i].data(), corpus.files[i].size());
     }
     std::printf("%zu files\n", corpus.files.size());
-    // A corpus that isn't there must not pass for one that holds.
+    // A missing corpus must not pass.
     if (corpus.files.empty()) return 1;
 
     using Clock = std::chrono::steady_clock;
@@ -105,7 +105,7 @@ int main(int argc, char** argv) {
     std::size_t runs = 0;
     for (; Clock::now() < end; ++runs) {
         const auto bytes = changes.next();
-        // What fails is found in the folder of the run.
+        // After a crash the input that caused it is in this file, in the working folder.
         std::ofstream{"last_input", std::ios::binary}.write(
             reinterpret_cast<const char*>(bytes.data()),
             static_cast<std::streamsize>(bytes.size()));
