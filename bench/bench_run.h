@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A run for the benchmarks: the real catalogue, a work folder of its own, no questions asked.
+// A run for the benchmarks, with the real catalogue, its own work folder and no questions.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How long the user waits for a device, a file and a view.
+// Measures how long the user waits for a device, a file and a view.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -18,7 +18,7 @@ namespace quillon::bench {
 
 namespace {
 
-// A port that nobody speaks to.
+// A port without a board. The measured commands don't use it.
 class NoPort : public SerialPort {
   public:
     void CommPort(int) override {}
@@ -79,7 +79,7 @@ void select_slowest_of_all(benchmark::State& state) {
 }
 BENCHMARK(select_slowest_of_all)->Unit(benchmark::kMillisecond)->Iterations(5);
 
-// The whole Open sequence: device selected anew, comment scan, load, file check, views, history.
+// The whole Open sequence: device selection, comment scan, load, file check, views, history.
 void open_full(benchmark::State& state, const std::string& device) {
     Core core;
     auto& run = core.bench.run;
@@ -130,7 +130,7 @@ void make_text_of_full_128_KB(benchmark::State& state) {
 }
 BENCHMARK(make_text_of_full_128_KB)->Unit(benchmark::kMillisecond);
 
-// For comparison: another program, its start included, that reads the same file and no more.
+// For comparison: another program that only reads the same file, its start included.
 void srec_cat_reads_full_128_KB(benchmark::State& state) {
     Core core;
     const auto command = "srec_cat --disable-sequence-warnings '" +

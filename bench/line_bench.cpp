@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Whole operations over a pseudo-terminal at true 57600 baud, with a board that needs no
-// programming time, against the time that their bytes and required sleeps alone would take.
+// Compares whole operations with the time that their bytes and required sleeps alone would take.
+// They run over a pseudo-terminal at true 57600 baud, with a board that needs no programming time.
 //
-// That time isn't added up by hand: the same operation runs once in virtual time, where nothing
-// costs anything but the line and the sleeps, and the virtual clock shows it.
+// The time to compare with isn't added up by hand. The same operation runs once in virtual time,
+// where only the line and the sleeps take time.
 #include <fmt/format.h>
 #include <sys/resource.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What the user waits for in the window: its start, and the selection of each device.
+// Measures what the user waits for in the window: its start, and the selection of each device.
 //
-// The real forms and the real settings file, offscreen; the board and its pauses are in virtual
-// time, so that start-up's own sleeps don't count.
+// Forms and settings file are real, and drawn offscreen. The board and its pauses run in virtual
+// time, so that the sleeps of the start-up don't count.
 #include <fmt/format.h>
 
 #include <QApplication>
@@ -32,7 +32,7 @@ double milliseconds_since(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>{Clock::now() - start}.count();
 }
 
-// Resident memory of this process in megabytes; 0 where the system doesn't say.
+// The resident memory of this process in megabytes, 0 where the system doesn't report it.
 double memory() {
     std::ifstream status{"/proc/self/status"};
     for (std::string word; status >> word;)
@@ -72,7 +72,7 @@ struct Times {
     std::string slowest_device;
 };
 
-// The choice itself, and the window drawn anew.
+// Measures the selection itself and the drawing of the window after it.
 Times select_each(Window& window) {
     Times times;
     for (const auto& name : window.run.session.DeviceList) {
