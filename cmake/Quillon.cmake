@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# How every target of the project is compiled, and how tests are declared.
+# How every library of the project is declared and compiled.
 
 # lld links the programs in a fraction of the default linker's time.
 find_program(QUILLON_LLD ld.lld)
@@ -9,21 +9,21 @@ endif()
 
 add_library(quillon_options INTERFACE)
 target_compile_options(quillon_options INTERFACE -Wall -Wextra -Wconversion -Wshadow=local -Werror)
-# Qt's targets ask for it; with it everywhere they can share the core's precompiled headers.
+# Qt's targets require it. With it everywhere, they can share the core's precompiled headers.
 target_compile_options(quillon_options INTERFACE -fPIC)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # GCC 12 takes std::string's own memcpy for an overlapping one (its bug 105651).
+    # GCC 12 warns that std::string's own memcpy overlaps, which is wrong (GCC bug 105651).
     target_compile_options(quillon_options INTERFACE -Wno-restrict)
 endif()
 target_include_directories(quillon_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 
-# {fmt} checks its format strings when compiled; its run-time part is the shared library.
+# {fmt} as the shared library. Its format strings are checked at compile time all the same.
 add_library(quillon_fmt INTERFACE)
 target_link_libraries(quillon_fmt INTERFACE fmt::fmt)
 
 # quillon_precompiled(NAME LINK target ... HEADERS header ...): headers that are compiled once and
-# shared by all targets with the same options. Only headers of others belong here: an edit of one of
-# ours must rebuild what includes it and nothing else.
+# shared by all targets with the same options. Only headers of other projects belong here. An edit
+# of a header of ours must rebuild what includes it and nothing else.
 file(WRITE ${CMAKE_BINARY_DIR}/precompiled.cpp "// Gives a target of precompiled headers a source.\n")
 function(quillon_precompiled name)
     cmake_parse_arguments(ARG "" "" "LINK;HEADERS" ${ARGN})
@@ -38,8 +38,9 @@ set(QUILLON_STANDARD_HEADERS
     <vector> <fmt/format.h>)
 quillon_precompiled(quillon_core_headers HEADERS ${QUILLON_STANDARD_HEADERS})
 
-# quillon_library(NAME SOURCES a.cpp ... LINK target ... PRECOMPILED target): one static library, its
-# arrows in LINK. PRECOMPILED: the headers that it shares, the core's where none are named.
+# quillon_library(NAME SOURCES a.cpp ... LINK target ... PRECOMPILED target): one static library. LINK
+# names the libraries that it may include. PRECOMPILED names its precompiled headers (default: the
+# core's).
 function(quillon_library name)
     cmake_parse_arguments(ARG "" "PRECOMPILED" "SOURCES;LINK" ${ARGN})
     if(NOT ARG_PRECOMPILED)

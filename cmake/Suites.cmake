@@ -1,19 +1,20 @@
 # SPDX-License-Identifier: MIT
-# Read by ctest when it starts: makes one test of each suite of a GoogleTest program.
+# Makes one test of each suite of a GoogleTest program. ctest reads this file when it starts.
 #
-# In: program, the path of the program.
+# `program` holds the path of the program.
 get_filename_component(name ${program} NAME)
 execute_process(COMMAND ${program} --gtest_list_tests
     OUTPUT_VARIABLE listed ERROR_VARIABLE trouble RESULT_VARIABLE result TIMEOUT 60)
 if(NOT result EQUAL 0)
-    # A program that was not built, or can't run, is a test that fails.
+    # A program that was not built or can't run becomes a test that fails.
     message(STATUS "${name}: ${result} ${trouble}")
     add_test(${name} ${program} --gtest_list_tests)
     return()
 endif()
 
-# A suite is a line such as "read_stream." or "all/end_code.  # TypeParam = ...", followed by its
-# tests, each behind two blanks. "[" and ";" would change how CMake splits the text into a list.
+# A suite is a line such as "read_stream." or "all/end_code.  # TypeParam = ...". Its tests follow,
+# each indented by two blanks. Comments are removed first, because a "[" or ";" in them would change
+# how CMake splits the text into a list.
 string(REGEX REPLACE "#[^\n]*" "" listed "${listed}")
 string(REGEX MATCHALL "(^|\n)[A-Za-z0-9_/]+\\.[ ]*(\n  [^\n]*)+" suites "${listed}")
 foreach(suite IN LISTS suites)
@@ -21,6 +22,6 @@ foreach(suite IN LISTS suites)
     string(REGEX MATCHALL "\n  " tests "${suite}")
     list(LENGTH tests count)
     add_test("${name}.${suite_name}" ${program} --gtest_brief=1 "--gtest_filter=${suite_name}.*")
-    # The suites with most tests start first, so that the last ones are short.
+    # The suites with the most tests start first, so that no long one runs alone at the end.
     set_tests_properties("${name}.${suite_name}" PROPERTIES TIMEOUT 300 COST ${count})
 endforeach()

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# How tests are compiled, joined into programs, and made known to ctest.
+# How tests are compiled, joined into programs, and registered with ctest.
 
 add_library(quillon_test_support INTERFACE)
 target_include_directories(quillon_test_support INTERFACE ${CMAKE_SOURCE_DIR}/tests)
@@ -7,7 +7,8 @@ target_compile_definitions(quillon_test_support INTERFACE
     QUILLON_CATALOGUE="${CMAKE_SOURCE_DIR}/data/device6.ini"
     QUILLON_EXAMPLES="${CMAKE_SOURCE_DIR}/examples")
 
-# Checking the tests' own arithmetic for undefined behaviour costs more than it shows.
+# The tests' own code isn't checked for undefined behaviour: that finds little and takes time to
+# compile.
 add_library(quillon_test_options INTERFACE)
 target_compile_options(quillon_test_options INTERFACE -O0 -fno-sanitize=undefined)
 target_link_libraries(quillon_test_options INTERFACE
@@ -16,9 +17,9 @@ target_link_libraries(quillon_test_options INTERFACE
 quillon_precompiled(quillon_test_headers LINK quillon_test_options
     HEADERS ${QUILLON_STANDARD_HEADERS} <gtest/gtest.h>)
 
-# quillon_test_program(NAME PRECOMPILED target): a GoogleTest program, to be filled by
-# quillon_add_tests. ctest runs each of its suites in a process: one process for each test would
-# spend most of its time on starting.
+# quillon_test_program(NAME PRECOMPILED target): a GoogleTest program without tests;
+# quillon_add_tests adds them. ctest starts one process for each suite, because a process for each
+# test would spend most of its time starting.
 function(quillon_test_program name)
     cmake_parse_arguments(ARG "" "PRECOMPILED" "" ${ARGN})
     if(NOT ARG_PRECOMPILED)
@@ -35,8 +36,8 @@ include([==[${CMAKE_SOURCE_DIR}/cmake/Suites.cmake]==])
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${suites})
 endfunction()
 
-# quillon_add_tests(PROGRAM SOURCES a.cpp ... LINK target ...): the tests of one folder, as a part of
-# that program.
+# quillon_add_tests(PROGRAM SOURCES a.cpp ... LINK target ...): adds the tests of one folder to a
+# program.
 function(quillon_add_tests program)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
     target_sources(${program} PRIVATE ${ARG_SOURCES})
