@@ -142,7 +142,7 @@ Routine<void> BoardProgram::write_blocks18() {
     send_end();
 }
 
-// Address, then the number of panels plus one. Panels are written side by side.
+// Address, then the number of panels plus one. Each panel gets one item in turn.
 Routine<void> BoardProgram::write_panels18() {
     co_await long_word();
     const std::uint32_t field = co_await long_word();

@@ -105,6 +105,7 @@ Routine<std::uint8_t> BoardProgram::letter() {
     co_return in.value;
 }
 
+// A parameter may have any value, so "*" doesn't restart here.
 Routine<std::uint8_t> BoardProgram::parameter() {
     const Received in = co_await machine_.byte();
     if (too_soon(in)) co_await deaf();
@@ -128,6 +129,7 @@ Routine<Item> BoardProgram::item(std::size_t size) {
     const Received first = co_await machine_.byte();
     taken.bytes[0] = first.value;
     taken.size = 1;
+    // A "*" may also be the host's call to the command loop, see BoardTimes::item_gap.
     if (first.value == '*' && size > 1) {
         const Time limit = first.at + bench_.times.item_gap;
         const std::optional<Received> second = co_await machine_.byte_until(limit);
@@ -164,7 +166,7 @@ Routine<void> BoardProgram::deaf() {
 }
 
 void BoardProgram::send(std::uint8_t byte, bool end_code, bool more) {
-    last_letter_.reset();
+    last_letter_.reset();  // after an answer the host may send at once
     bench_.out.send(byte, machine_.now(), end_code, more);
 }
 

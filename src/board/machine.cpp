@@ -38,6 +38,7 @@ bool Machine::byte_has_come(Time until) {
     if (!input_.empty() && (!limit_ || input_.front().at <= *limit_)) {
         taken_ = input_.front();
         input_.pop_front();
+        // A byte that came while the board was busy is taken at the present time.
         now_ = std::max(now_, taken_->at);
         return true;
     }

@@ -50,7 +50,7 @@ class PtyServer {
     PtyServer(const PtyServer&) = delete;
     PtyServer& operator=(const PtyServer&) = delete;
 
-    // "/dev/pts/7". The host may open and close it as often as it likes, and be killed.
+    // "/dev/pts/7". A host may open and close it any number of times, and may be killed.
     const std::string& path() const { return path_; }
 
     // Serves until a stop is requested or the board's cable is pulled out (a fault), then closes

@@ -7,8 +7,8 @@ namespace quillon {
 namespace {
 
 constexpr std::uint16_t kBlankAreaWord = 0x3FFF;
-constexpr std::size_t kIdentityWord = 6;
-constexpr std::size_t kConfigStart = 7;
+constexpr std::size_t kIdentityWord = 6;   // of the "c" area
+constexpr std::size_t kConfigStart = 7;    // of the "c" area
 constexpr std::size_t kProtectWord18 = 4;  // configuration word 5
 constexpr std::uint16_t kEepromProtect18 = 0x8000;
 
@@ -100,6 +100,7 @@ std::uint16_t SimulatedTarget::protection_of(std::size_t index) const {
 
 void SimulatedTarget::write_config(std::size_t index, std::uint16_t value) {
     auto fits = static_cast<std::uint16_t>((value & config_mask[index]) | config_force[index]);
+    // Bits that a write can clear and never set again.
     const std::uint16_t keeps_zero =
         memory == ProgramMemory::OneTime ? config_mask[index] : protection_of(index);
     fits = static_cast<std::uint16_t>(fits & ~(keeps_zero & ~config[index]));

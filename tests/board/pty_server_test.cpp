@@ -151,7 +151,7 @@ TEST(PtyServer, is_free_again_after_its_user_was_killed_and_not_before) {
     const Service service;
     const pid_t other = exclusive_user(service.server.path());
     EXPECT_TRUE(becomes(false, service.server.path()));
-    std::this_thread::sleep_for(700ms);
+    std::this_thread::sleep_for(700ms);  // the server checks several times
     EXPECT_FALSE(Terminal{service.server.path()}.is_open()) << "the user still has it";
     ::kill(other, SIGKILL);
     ::waitpid(other, nullptr, 0);
