@@ -53,7 +53,12 @@ void Exchange::acknowledge() {
 bool Exchange::wait(std::size_t bytes, Limit limit, std::chrono::milliseconds expected) {
     if (limit) return wait_for(host_, port_, bytes, limit);
     SilenceWatch silence{host_, messages_, expected};
-    return wait_for(host_, port_, bytes, limit, [&](std::size_t count) {
+    return wait_watched(bytes, silence);
+}
+
+bool Exchange::wait_watched(std::size_t bytes, SilenceWatch& silence) {
+    silence.restart();
+    return wait_for(host_, port_, bytes, kNoLimit, [&](std::size_t count) {
         silence.poll(count);
         return bytes;
     });
@@ -114,10 +119,14 @@ std::vector<std::uint8_t> Exchange::take_ready(std::uint8_t abort) {
 }
 
 WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, const WriteRules& rules) {
+    SilenceWatch silence{host_, messages_, kUsualReply};
+    const auto wait_for_reply = [&] {
+        return rules.limit ? wait(1, rules.limit) : wait_watched(1, silence);
+    };
     WriteResult result;
     for (auto& i = result.index; i < image.size(); i += rules.item_bytes) {
         host_.pump();  // a board that is ready at once would leave the interface unpumped
-        if (!wait(1, rules.limit)) {
+        if (!wait_for_reply()) {
             result.end = WriteEnd::NoReady;
             break;
         }
@@ -132,7 +141,7 @@ WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, const Wr
     }
     messages_.ShowProgress(Messages::Progress::Off);
     if (result.end != WriteEnd::Done) return result;
-    if (!wait(1, rules.limit)) {
+    if (!wait_for_reply()) {
         result.end = WriteEnd::NoReply;
         return result;
     }
@@ -142,10 +151,11 @@ WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, const Wr
 }
 
 WriteResult Exchange::write_config(std::span<const std::uint8_t> image) {
+    SilenceWatch silence{host_, messages_, kUsualReply};
     WriteResult result;
     for (auto& i = result.index; i < image.size(); i += 2) {
         host_.pump();
-        wait(1, kNoLimit);
+        wait_watched(1, silence);
         result.reply = take_report(kConfigReport);
         if (result.reply.size() >= kConfigReport) {
             result.end = WriteEnd::Interrupted;
@@ -153,7 +163,7 @@ WriteResult Exchange::write_config(std::span<const std::uint8_t> image) {
         }
         port_.write(image.subspan(i, 2));
     }
-    wait(1, kNoLimit);
+    wait_watched(1, silence);
     result.reply = take_report(kConfigReport);
     if (result.reply.front() == kEndCode) return result;
     result.end = WriteEnd::NoEndCode;

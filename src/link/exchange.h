@@ -18,6 +18,7 @@
 #include "app/messages.h"
 #include "link/dialect.h"
 #include "link/serial_port.h"
+#include "link/silence_watch.h"
 #include "link/wait.h"
 
 namespace quillon {
@@ -87,6 +88,7 @@ class Exchange {
     WriteResult write_config(std::span<const std::uint8_t> image);
 
   private:
+    bool wait_watched(std::size_t bytes, SilenceWatch& silence);
     std::vector<std::uint8_t> take_report(std::size_t most);
     std::vector<std::uint8_t> take_ready(std::uint8_t abort);
     void show_progress(std::size_t from, std::size_t to, std::size_t total);

@@ -19,6 +19,8 @@ class SilenceWatch {
     SilenceWatch(const Host& host, Messages& messages, std::chrono::milliseconds expected)
         : host_{host}, messages_{messages}, longest_{3 * expected}, since_{host.now()} {}
 
+    // The next wait of the same stream begins.
+    void restart() { since_ = host_.now(); }
     // At each poll, with the count of bytes that are waiting. Reports once.
     void poll(std::size_t count);
 

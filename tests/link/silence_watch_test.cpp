@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What is shown when the board goes silent in a wait that has no limit.
-#include <algorithm>
+#include <array>
 
 #include "link_bench.h"
 
@@ -47,6 +47,31 @@ TEST(silent_board, is_reported_in_a_read_from_its_last_byte_on) {
     ASSERT_EQ(reported.size(), 1U);
     EXPECT_GE(reported[0] - start, 7s);
     EXPECT_LT(reported[0] - start, 7100ms);
+}
+
+TEST(silent_board, is_reported_once_in_a_write_of_many_slow_items) {
+    LinkBench bench;
+    bench.open_port();
+    constexpr std::array<std::uint8_t, 6> kImage{1, 2, 3, 4, 5, 6};
+    bench.port.arrives(5s, "r");
+    bench.port.when("\x01\x02", {{5s, "r"}});
+    bench.port.when("\x03\x04", {{2s, "r"}});
+    bench.port.when("\x05\x06", {{5s, "@"}});
+    EXPECT_EQ(bench.wire.write_stream(kImage, {.abort = '*'}).end, WriteEnd::Done);
+
+    EXPECT_EQ(bench.shown.lines.size(), 1U);
+}
+
+TEST(silent_board, is_not_reported_where_each_item_of_a_write_comes_in_time) {
+    LinkBench bench;
+    bench.open_port();
+    constexpr std::array<std::uint8_t, 4> kImage{1, 2, 3, 4};
+    bench.port.arrives(2s, "r");
+    bench.port.when("\x01\x02", {{2s, "r"}});
+    bench.port.when("\x03\x04", {{2s, "@"}});
+    EXPECT_EQ(bench.wire.write_stream(kImage, {.abort = '*'}).end, WriteEnd::Done);
+
+    EXPECT_EQ(bench.shown.lines, Lines{});
 }
 
 TEST(silent_board, is_reported_by_the_time_out_alone_where_the_wait_has_a_limit) {
