@@ -109,7 +109,7 @@ bool MakeFolder(std::string& path, Ask ask, Dialogs& dialogs) {
     if (fs::is_directory(path, error)) return true;
     if (path.starts_with('A')) return false;  // the letter of a diskette drive
     if (ask == Ask::Yes && dialogs.box({.title = std::string{folders_text::kMakeTitle},
-                                        .text = fmt::format(folders_text::kMake, path),
+                                        .text = fmt::format(folders_text::kMake, printable(path)),
                                         .icon = BoxIcon::Question,
                                         .buttons = BoxButtons::YesNo,
                                         .default_answer = BoxAnswer::Yes}) != BoxAnswer::Yes)
@@ -121,7 +121,7 @@ bool MakeFolder(std::string& path, Ask ask, Dialogs& dialogs) {
     if (fs::is_directory(path, error)) return true;
     if (ask == Ask::Yes)
         dialogs.box({.title = std::string{folders_text::kFailedTitle},
-                     .text = fmt::format(folders_text::kFailed, path),
+                     .text = fmt::format(folders_text::kFailed, printable(path)),
                      .icon = BoxIcon::Warning});
     return false;
 }

@@ -124,7 +124,7 @@ bool StartUp::make_work_folder() {
     path = with_separator(run_.host.documents_folder().string()) + "QUILLON4_TEMP" + kSeparator;
     if (MakeFolder(path, Ask::No, run_.dialogs)) return true;
     run_.dialogs.box({.title = std::string{start_up_text::kFolderTitle},
-                      .text = fmt::format(start_up_text::kFolderFailed, path),
+                      .text = fmt::format(start_up_text::kFolderFailed, printable(path)),
                       .icon = BoxIcon::Critical});
     return false;
 }
@@ -134,7 +134,7 @@ bool StartUp::work_files_writable() {
     owns_work_files_ = std::ranges::none_of(
         kTestedFiles, [&](std::string_view name) { return is_read_only(fs::path{folder} / name); });
     if (!owns_work_files_)
-        run_.dialogs.box({.text = fmt::format(start_up_text::kWorkFileReadOnly, folder),
+        run_.dialogs.box({.text = fmt::format(start_up_text::kWorkFileReadOnly, printable(folder)),
                           .icon = BoxIcon::Critical});
     return owns_work_files_;
 }
@@ -255,11 +255,11 @@ void StartUp::report_troubles() {
         if (!run_.settings.converts(key))
             run_.messages.AddMessage(fmt::format(start_up_text::kBadSetting, key));
     if (run_.session.DeviceList.empty())
-        run_.messages.AddMessage(start_up_text::kNoDevices, run_.session.CatalogueFile);
+        run_.messages.AddMessage(start_up_text::kNoDevices, printable(run_.session.CatalogueFile));
     if (const auto problem = run_.settings.problem(); !problem.empty())
         run_.messages.AddMessage(problem);
     if (!takes_files(run_.session.TempDir))
-        run_.messages.AddMessage(start_up_text::kFolderNotWritten, run_.session.TempDir);
+        run_.messages.AddMessage(start_up_text::kFolderNotWritten, printable(run_.session.TempDir));
 }
 
 }  // namespace quillon
