@@ -33,27 +33,37 @@ std::string erase_name(std::span<const Step> steps) {
     return "?";
 }
 
+std::string counts_of(const ConfigCounts& counts) {
+    return fmt::format("{} {} {} {} {}", counts.blank, counts.read, counts.verify, counts.check,
+                       counts.write);
+}
+
 std::string line_of(const Module14& row) {
     const auto& wire = row.areas.letters;
     const auto& erase = row.areas.erase;
-    return fmt::format("{:<10} | w {} | w {} | w {} | {} | {} | {:>2}, {:>2}, {:>2} | {}\n",
-                       name_of(row.module), letters(wire.write_pgm), letters(wire.write_eep),
-                       letters(wire.write_cfg), wire.read, letters(wire.erase), erase.chip,
-                       erase.pgm, erase.eep, erase_name(row.operation.erase));
+    return fmt::format(
+        "{:<10} | w {}     | w {}     | w {}     | {}    | {}   | {:>2}, {:>2}, {:>2}"
+        "     | {:<10} | {} | {:04X} | {}\n",
+        name_of(row.module), letters(wire.write_pgm), letters(wire.write_eep),
+        letters(wire.write_cfg), wire.read, letters(wire.erase), erase.chip, erase.pgm, erase.eep,
+        erase_name(row.operation.erase), counts_of(row.areas.config), row.areas.blank_word,
+        row.areas.texts == &kAreas14Texts ? "template" : "own");
 }
 
 }  // namespace
 
 TEST(modules14, set_their_rows_apart_as_in_this_table) {
-    std::string table =
-        "module     | Write_Pgm | Write_Eep | Write_Cfg | read | erase | chip, pgm, eep | Erase_All\n";
+    std::string table;
     for (const auto& row : modules14()) table += line_of(row);
 
-    EXPECT_EQ(
-        table,
-        "module     | Write_Pgm | Write_Eep | Write_Cfg | read | erase | chip, pgm, eep | Erase_All\n"
-        "PIC16F877  | w e 8 | w e d | w e c | s | b d |  1,  1,  3 | two-step\n"
-        "PIC16F877A | w G e | w e d | w F c | s | b d | 10, 11, 12 | three-step\n");
+    // Module, Write_Pgm, Write_Eep, Write_Cfg, second letter of reads, erase letters, modes of
+    // chip, program and EEPROM erase, Erase_All, words of the "c" area (blank, read, verify, check,
+    // write), blank word, texts.
+    EXPECT_EQ(table,
+              "PIC16F877  | w e 8     | w e d     | w e c     | s    | b d   |  1,  1,  3     | "
+              "two-step   | 8 8 8 8 8 | 3FFF | template\n"
+              "PIC16F877A | w G e     | w e d     | w F c     | s    | b d   | 10, 11, 12     | "
+              "three-step | 8 8 8 8 8 | 3FFF | template\n");
 }
 
 TEST(modules14, know_every_device_of_their_module_by_the_identity_that_the_part_has) {
