@@ -53,8 +53,8 @@ void Finish::miss(std::string text) {
     result.error = result.error.empty() ? std::move(text) : result.error + "; " + text;
 }
 
-Commands::Commands(const Options& options, Run& run, QtHost& host, Ports& ports, Events& events)
-    : options_{options}, run_{run}, host_{host}, ports_{ports}, events_{events} {}
+Commands::Commands(const Options& options, Run& run, Ports& ports, Events& events)
+    : options_{options}, run_{run}, ports_{ports}, events_{events} {}
 
 Finish Commands::execute() {
     auto finish = carry_out();
@@ -77,8 +77,10 @@ Finish Commands::carry_out() {
     run_.port.RTSEnable(!run_.form.mnuComMode1.Checked.get());
     if (options_.command == Command::Simulate) return simulate();
     if (auto ending = operate()) {
-        // A failed read leaves data in the image, also of a protected part. The dump shows it.
-        if (ending->result.exit != kFailed) return with_words(*ending);
+        // The dump of a read shows what there is, whatever became of the read: an older file in its
+        // place would be taken for it.
+        const bool was_read = options_.command == Command::Read;
+        if (!was_read && ending->result.exit != kFailed) return with_words(*ending);
         const auto unwritten = write_dump();
         if (unwritten && ending->result.error.empty())
             ending->result.error = unwritten->result.error;

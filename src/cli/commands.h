@@ -32,7 +32,7 @@ struct Finish {
 
 class Commands {
   public:
-    Commands(const Options& options, Run& run, QtHost& host, Ports& ports, Events& events);
+    Commands(const Options& options, Run& run, Ports& ports, Events& events);
 
     Finish execute();
 
@@ -57,7 +57,6 @@ class Commands {
 
     const Options& options_;
     Run& run_;
-    QtHost& host_;
     Ports& ports_;
     Events& events_;
     std::optional<QTemporaryDir> display_files_;  // deleted at the end of the run

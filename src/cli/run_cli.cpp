@@ -55,7 +55,7 @@ Finish run_on(const Options& options, QtHost& host, TimeSource& time, Events& ev
     std::optional<TracingPort> traced;
     if (trace != nullptr) traced.emplace(ports.port(), host, *trace);
     const auto run = std::make_unique<Run>(store, host, traced ? *traced : ports.port(), dialogs);
-    return Commands{options, *run, host, ports, events}.execute();
+    return Commands{options, *run, ports, events}.execute();
 }
 
 Finish guarded(const Options& options, QtHost& host, TimeSource& time, Events& events,
