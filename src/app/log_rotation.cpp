@@ -5,7 +5,6 @@
 // move can be undone. A crash on the way leaves one gap in the chain and a file kAside. With that
 // file there, the next start undoes the moves and rotates again. Without it, the user made the gap,
 // and it is filled with an empty file.
-#include <ranges>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -31,7 +30,8 @@ class Moves {
         return true;
     }
     void undo() {
-        for (const auto& [from, to] : done_ | std::views::reverse) move_file(to, from);
+        for (auto move = done_.rbegin(); move != done_.rend(); ++move)
+            move_file(move->second, move->first);
     }
 
   private:

@@ -51,7 +51,7 @@ Areas14::Bytes Areas14::read_area(char area, std::int32_t count, Limit limit) {
 
 Areas14::Bytes Areas14::read_config_area(std::uint8_t words, Limit limit) {
     start_read('c', words);
-    return wire_.read_config(2U * words, limit);
+    return wire_.read_config(bytes_of(words), limit);
 }
 
 void Areas14::judge_protection(std::span<const std::uint8_t> area, std::string_view message) {
@@ -100,7 +100,7 @@ Token Areas14::Blank_Eep() {
 Token Areas14::Blank_Cfg() {
     messages_.ShowMessage(texts_.blank_cfg);
     const auto reply = read_config_area(record_.config.blank, kNoLimit);
-    if (reply[2U * record_.config.blank] != kEndCode)
+    if (reply[bytes_of(record_.config.blank)] != kEndCode)
         return report(Token::ER, texts_.blank_cfg_no_end_code);
     judge_protection(reply, texts_.is_protected);
     return is_blank_config(config_sum(reply).value()) ? Token::YB : Token::NB;

@@ -30,7 +30,7 @@ SocketVerdict Areas14::Socket_Check() {
     check.begin();
     const auto reply = read_config_area(record_.config.check, kReadLimit);
     if (reply.empty()) return check.no_data();
-    if (reply[2U * record_.config.check] != kEndCode) return check.no_end_code();
+    if (reply[bytes_of(record_.config.check)] != kEndCode) return check.no_end_code();
     const auto id = identity_of(reply);
     const auto known =
         std::ranges::find(record_.devices, context_.form.Combo_device.Text.get(), &Device14::name);
@@ -76,7 +76,7 @@ Token Areas14::Read_Cfg() {
     messages_.ShowMessage(texts_.reading_cfg);
     const auto reply = read_config_area(record_.config.read, kReadLimit);
     if (reply.empty()) return report(Token::NG, texts_.read_cfg_timeout);
-    const std::size_t data = 2U * record_.config.read;
+    const std::size_t data = bytes_of(record_.config.read);
     if (reply[data] != kEndCode) return report(Token::NG, texts_.read_cfg_no_end_code);
     show_identity(reply);
     std::copy_n(reply.begin(), data, session_.CfgIdMem.begin());

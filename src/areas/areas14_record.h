@@ -33,6 +33,9 @@ struct ConfigCounts {
     std::uint8_t blank = 8, read = 8, verify = 8, check = 8, write = 8;
 };
 
+// On the wire and in the image.
+constexpr std::size_t bytes_of(std::uint8_t words) { return std::size_t{2} * words; }
+
 struct Areas14Record {
     std::span<const Device14> devices;
     Letters14 letters{};

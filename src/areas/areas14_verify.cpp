@@ -69,7 +69,7 @@ Token Areas14::Verify_Cfg() {
     config_found_ = {};
     const auto device = read_config_area(record_.config.verify, kNoLimit);
     judge_protection(device, texts_.is_protected);
-    if (device[2U * record_.config.verify] != kEndCode)
+    if (device[bytes_of(record_.config.verify)] != kEndCode)
         return report(Token::NG, texts_.verify_cfg_no_end_code);
     if (same_config(device, session_.CfgIdMem)) {
         config_found_ = {.config = "OK", .id = "OK"};

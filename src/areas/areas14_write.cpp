@@ -83,7 +83,7 @@ Token Areas14::Write_Cfg() {
     wire_.send("w");
     wire_.send(record_.letters.write_cfg);
     wire_.send_number(record_.config.write);
-    const auto area = std::span{session_.CfgIdMem}.first(2U * record_.config.write);
+    const auto area = std::span{session_.CfgIdMem}.first(bytes_of(record_.config.write));
     Bytes image{area.begin(), area.end()};
     for (const auto i : kUntouchedWords) image[i] |= kDontWrite;
     const auto written = wire_.write_config(image);

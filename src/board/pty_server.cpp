@@ -220,7 +220,7 @@ void PtyServer::measure() {
     ::tcflush(master_, TCIOFLUSH);
 }
 
-void PtyServer::run(std::stop_token stop) {
+void PtyServer::run(const std::stop_token& stop) {
     // Linux may end a sleep 50 us late by default, a third of a byte's time at 57600 baud.
     ::prctl(PR_SET_TIMERSLACK, 1, 0, 0, 0);
     serve(stop);

@@ -55,7 +55,7 @@ class PtyServer {
 
     // Serves until a stop is requested or the board's cable is pulled out (a fault), then closes
     // the terminal. Call it once, best in a thread of its own, which keeps the times most exact.
-    void run(std::stop_token stop);
+    void run(const std::stop_token& stop);
 
     // The measured delays, up to one byte time each.
     std::chrono::nanoseconds delay_to_board() const { return delay_in_; }

@@ -20,7 +20,7 @@ constexpr std::size_t kRow = 16;
 constexpr std::size_t kMostWords = 0x100000;
 constexpr std::size_t kMostCells = 0x10000;
 // The largest target takes a third of it.
-constexpr std::uintmax_t kMostBytes = 16 * 1024 * 1024;
+constexpr std::uintmax_t kMostBytes{16U << 20U};
 
 constexpr std::array<std::pair<Core, std::string_view>, 3> kCores{
     {{Core::Bits12, "12-bit"}, {Core::Bits14, "14-bit"}, {Core::Pic18, "pic18"}}};

@@ -256,7 +256,7 @@ void ConfigModel::TxtInit_Done() {
     std::string value = form_.TxtInit.Text.get();
     if (!value.empty() && n >= 1 && n <= kConfigWords &&
         has_field(n, form_.HFGrid(n).CursorRow.get())) {
-        if (value.size() == 1) value.insert(0, "0");
+        if (value.size() == 1) value = "0" + value;
         const Grid& grid = form_.HFGrid(n);
         const std::string& cell = grid.cell(index_of(grid.CursorRow.get()), 1);
         enter(n, first_characters(cell, kKeptCharacters) + value);

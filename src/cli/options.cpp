@@ -50,7 +50,7 @@ NamedValue named_value(const std::string& option, const std::string& text) {
 }
 
 NamedValue sound_answer(const std::string& text) {
-    const auto given = named_value("--answer", text);
+    auto given = named_value("--answer", text);
     const auto question = std::ranges::find(kQuestions, given.name, &Question::name);
     if (question == kQuestions.end())
         throw CLI::ValidationError{"--answer", fmt::format("no question named '{}'", given.name)};

@@ -33,7 +33,7 @@ std::string trimmed(std::string_view line) {
 class TextEvents : public Events {
   public:
     TextEvents(std::ostream& out, TextStyle style) : out_{out}, style_{style} {}
-    ~TextEvents() override { progress_off(); }
+    ~TextEvents() override { TextEvents::progress_off(); }
 
     void message(const ShownMessage& message) override {
         print(fmt::format("{} {}", message.text, message.extra), message.colour == Colour::Red);

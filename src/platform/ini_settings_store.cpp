@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 // Far more than any settings need. A larger file is something else and would fill the memory.
-constexpr std::uintmax_t kMostBytes = 4 * 1024 * 1024;
+constexpr std::uintmax_t kMostBytes{4U << 20U};
 
 std::string reason(std::errc code) { return std::make_error_code(code).message(); }
 

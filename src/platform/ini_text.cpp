@@ -6,7 +6,6 @@
 #include <QString>
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <utility>
 
 #include "app/text.h"
@@ -133,7 +132,7 @@ std::string encoded_value(std::string_view value) {
             text += has_letter ? std::string{'\\', escape->first} : std::string(1, c);
         after_number = number;
     }
-    if (value.starts_with('@')) text.insert(0, "@");
+    if (value.starts_with('@')) text = "@" + text;
     return value.find_first_of(kQuoted) == std::string_view::npos ? text : '"' + text + '"';
 }
 
@@ -169,15 +168,16 @@ void IniText::read_line(std::string_view line) {
 }
 
 std::optional<std::string> IniText::value(std::string_view section, std::string_view key) const {
-    for (const auto& line : lines_ | std::views::reverse)
-        if (line.section == section && line.key == key)
-            return decoded_value(std::string_view{line.text}.substr(line.text.find('=') + 1));
-    return std::nullopt;
+    const auto line = std::find_if(lines_.rbegin(), lines_.rend(), [&](const Line& there) {
+        return there.section == section && there.key == key;
+    });
+    if (line == lines_.rend()) return std::nullopt;
+    return decoded_value(std::string_view{line->text}.substr(line->text.find('=') + 1));
 }
 
 std::vector<IniText::Line>::iterator IniText::end_of(std::string_view section) {
     const auto of_section = [&](const Line& line) { return line.section == section; };
-    return std::ranges::find_if(lines_ | std::views::reverse, of_section).base();
+    return std::find_if(lines_.rbegin(), lines_.rend(), of_section).base();
 }
 
 void IniText::set(std::string_view section, std::string_view key, std::string_view value) {
@@ -186,7 +186,7 @@ void IniText::set(std::string_view section, std::string_view key, std::string_vi
     const auto same = [&](const Line& there) {
         return there.section == section && there.key == key;
     };
-    const auto found = std::ranges::find_if(lines_ | std::views::reverse, same).base();
+    const auto found = std::find_if(lines_.rbegin(), lines_.rend(), same).base();
     if (found != lines_.begin()) {
         *std::prev(found) = std::move(line);
         return;

@@ -53,7 +53,7 @@ fs::path find_data_folder(const fs::path& program_folder) {
         return fs::is_regular_file(folder / "device6.ini", error);
     };
     if (holds_catalogue(program_folder)) return program_folder;
-    const fs::path installed = program_folder.parent_path() / "share" / "quillon";
+    fs::path installed = program_folder.parent_path() / "share" / "quillon";
     if (holds_catalogue(installed)) return installed;
     fs::path above = program_folder;
     for (int level = 0; level <= kLevelsUp; ++level, above = above.parent_path())

@@ -39,7 +39,7 @@ PortOpen reason_of_failure(const QSerialPort& port, [[maybe_unused]] const std::
 
 QtSerialPort::QtSerialPort(NameOf name_of) : name_of_{std::move(name_of)} {}
 
-QtSerialPort::~QtSerialPort() { close(); }
+QtSerialPort::~QtSerialPort() { QtSerialPort::close(); }
 
 PortOpen QtSerialPort::open() {
     close();
