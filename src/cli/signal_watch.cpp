@@ -4,11 +4,18 @@
 #include <pthread.h>
 
 #include <array>
+#include <chrono>
+#include <optional>
 #include <utility>
 
 namespace quillon::cli {
 
 namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// timeout(1) signals its child and then the whole process group: that is one wish, not two.
+constexpr auto kSameWish = std::chrono::milliseconds{200};
 
 constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
 
@@ -47,12 +54,14 @@ int SignalWatch::take() const {
 }
 
 void SignalWatch::watch() {
-    bool given_up = false;
+    std::optional<Clock::time_point> given_up;
     while (const int signal = take()) {
-        if (!std::exchange(given_up, true)) {
+        if (!given_up) {
+            given_up = Clock::now();
             first_();
             continue;
         }
+        if (Clock::now() - *given_up < kSameWish) continue;
         std::signal(signal, SIG_DFL);
         pthread_sigmask(SIG_UNBLOCK, &watched_, nullptr);
         std::raise(signal);

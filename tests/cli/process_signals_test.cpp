@@ -82,6 +82,15 @@ TEST_F(a_signal, that_means_nothing_to_the_program_leaves_ctrl_c_working) {
     EXPECT_TRUE(status == 4 || status == -SIGUSR1) << status;
 }
 
+// timeout(1) signals the program and then its process group.
+TEST_F(a_signal, given_twice_in_one_moment_is_one_signal) {
+    Program program{hanging_read()};
+    ASSERT_TRUE(hangs(program)) << program.out;
+    program.send(SIGTERM);
+    program.send(SIGTERM);
+    EXPECT_EQ(program.wait(), 4);
+}
+
 TEST_F(a_signal, given_twice_ends_the_program_at_once) {
     Program program{hanging_read()};
     ASSERT_TRUE(hangs(program)) << program.out;
