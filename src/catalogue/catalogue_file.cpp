@@ -11,13 +11,16 @@ namespace quillon {
 
 namespace {
 
+// The shipped file has half a MB. A far larger one is something else and would fill the memory.
+constexpr std::uintmax_t kMostBytes{16U << 20U};
+
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::optional<std::string> read_bytes(const std::filesystem::path& path) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
     const auto size = std::filesystem::file_size(path, error);
-    if (error) return std::nullopt;
+    if (error || size > kMostBytes) return std::nullopt;
     std::ifstream file{path, std::ios::binary};
     if (!file) return std::nullopt;
     std::string bytes(static_cast<std::size_t>(size), '\0');
