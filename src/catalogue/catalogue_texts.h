@@ -67,6 +67,9 @@ inline constexpr std::string_view kPowerQuestion =
 inline constexpr std::string_view kZerosKept =
     "redコンフィギュレーションワードの表示は元のままですが、このまま書込むと０が書込まれます。";
 
+// A field whose text is no option leaves its bits as the word's mask has them.
+inline constexpr std::string_view kNoSuchOption =
+    "red「{}」という設定はありません。この項目のビットは消去時の値で書き込まれます。";
 inline constexpr std::string_view kConfigRadix =
     "コンフィギュレーションデータ表示。クリックでの１６ or "
     "２進数表示を切り替えます。変更は左側のデバイス設定で行います。";

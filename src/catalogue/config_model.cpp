@@ -266,8 +266,15 @@ void ConfigModel::TxtInit_Done() {
 
 void ConfigModel::enter(int n, std::string value) {
     Grid& grid = form_.HFGrid(n);
-    grid.set_cell(index_of(grid.CursorRow.get()), 1, std::move(value));
+    const std::size_t row = index_of(grid.CursorRow.get());
+    const std::string field = grid.cell(row, 0);
+    const bool known = std::ranges::any_of(catalogue_.options(), [&](const FieldOption& option) {
+        return option.word == n && option.name == field && option.option == value;
+    });
+    const auto unknown = known ? std::string{} : fmt::format(catalogue_text::kNoSuchOption, value);
+    grid.set_cell(row, 1, std::move(value));
     ConfigGridChanged(n);
+    if (!known) messages_.AddMessage(unknown);
 }
 
 void ConfigModel::Text_Config_Click() {

@@ -141,6 +141,16 @@ TEST(TxtInit_Done, pads_a_digit_and_writes_behind_the_first_eight_characters) {
     EXPECT_FALSE(bench.form.TxtInit.Visible.get());
 }
 
+TEST(TxtInit_Done, says_in_red_that_what_was_entered_is_no_option) {
+    Grids bench;
+    bench.form.HFGrid(1).CursorRow.set(1);
+    bench.form.TxtInit.Text.set("7");
+    bench.config.TxtInit_Done();
+    EXPECT_NE(bench.form.LabelCmt.Caption.get().find("という設定はありません。"),
+              std::string::npos);
+    EXPECT_EQ(bench.form.LabelCmt.ForeColor.get(), Colour::Red);
+}
+
 TEST(TxtInit_Done, writes_two_digits_as_they_are_behind_a_short_text) {
     Grids bench;
     bench.form.HFGrid(1).CursorRow.set(1);
