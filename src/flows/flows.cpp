@@ -89,6 +89,8 @@ Outcome Flows::abandon(Abandoned::Reason reason) {
     // The run as a whole has no result, even if an area has one.
     session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
     session.ResultAll.clear();
+    // A read may have changed a part of the image: the check sum is the present image's.
+    context_.views.ShowConfigSummary();
     give_controls_back();
     if (reason == Abandoned::Reason::PortLost) {
         context_.link.show_no_board();
