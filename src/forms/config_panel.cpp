@@ -252,6 +252,8 @@ void ConfigPanel::make_texts(Bindings& bindings) {
     const auto add_word = [&](TextBox& control, std::string_view title) {
         auto* edit = new WordText{this};
         edit->setReadOnly(true);
+        // The widest word in binary: a zero is wider than a one in some fonts.
+        edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("00 0000 0000 0000") + 12);
         edit->setToolTip(q(form_text::kConfigTextTip));
         edit->on_click = [this] { bindings_.act([this] { config_.Text_Config_Click(); }); };
         add(control, title, edit, kWordShare);

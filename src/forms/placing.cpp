@@ -57,7 +57,7 @@ QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screen
     const int left = form.x() - kGap - wished.width();
     const int below = form.y() + form.height() + kGap;
     const int above = form.y() - kGap - wished.height();
-    // Takes the first of the best places. If no side has room, a corner covers the least.
+    // Takes the first of the best places.
     const std::array sides{
         QPoint{right, form.y()}, QPoint{left, form.y()}, QPoint{form.x(), below},
         QPoint{form.x(), above}, QPoint{right, below},   QPoint{left, below},
@@ -66,8 +66,10 @@ QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screen
     const auto covered_from = [&](const QPoint& side) {
         return covered(form, {kept_on(screens.front(), side, wished.size()), wished.size()});
     };
-    return kept_on(screens.front(), *std::ranges::min_element(sides, {}, covered_from),
-                   wished.size());
+    const QPoint best = *std::ranges::min_element(sides, {}, covered_from);
+    // No side has room. The upper right corner has memory views; buttons and messages are below.
+    const QPoint corner{screens.front().x() + screens.front().width(), screens.front().y()};
+    return kept_on(screens.front(), covered_from(best) == 0 ? best : corner, wished.size());
 }
 
 QPoint beside(const QWidget& form, const QWidget& window, const QPoint& wished) {

@@ -43,10 +43,10 @@ TEST(beside, goes_to_the_left_below_or_above_where_there_is_no_room_on_the_right
     EXPECT_EQ(placed({300, 400, 1400, 600}, {300, 400}).topLeft(), QPoint(300, 92));
 }
 
-TEST(beside, covers_as_little_of_the_form_as_a_small_screen_lets_it) {
+TEST(beside, covers_the_views_and_no_button_where_a_small_screen_has_no_room) {
     const QList<QRect> small{{0, 0, 1280, 800}};
-    EXPECT_EQ(placed({6, 6, 900, 540}, {0, 0}, small), QRect(QPoint(880, 500), kBoard));
-    EXPECT_EQ(placed({374, 254, 900, 540}, {0, 0}, small), QRect(QPoint(0, 0), kBoard));
+    EXPECT_EQ(placed({6, 6, 900, 540}, {0, 0}, small), QRect(QPoint(880, 0), kBoard));
+    EXPECT_EQ(placed({374, 254, 900, 540}, {0, 0}, small), QRect(QPoint(880, 0), kBoard));
 }
 
 TEST(beside, goes_by_the_frames_of_the_windows) {
