@@ -44,6 +44,11 @@ inline constexpr std::string_view kNoWorkFolder = "can't work in {}";
 inline constexpr std::string_view kInterrupted = "interrupted before the operation began";
 inline constexpr std::string_view kOutOfTime = "the deadline passed before the operation began";
 inline constexpr std::string_view kStandardOutput = "standard output";
+inline constexpr std::string_view kNoData = "{} holds no data record";
+inline constexpr std::string_view kSameFile = "{} and {} name the same file: {}";
+// Shown among the flow's messages, so in its language. "red" colours it.
+inline constexpr std::string_view kOtherDevice =
+    "redファイルの指定により、デバイスは {} になりました（--device {} ではありません）。";
 inline constexpr std::string_view kCantWrite = "can't write {}: {}";
 
 inline constexpr std::string_view kNoControl = "--set: no control named '{}'";

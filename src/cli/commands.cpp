@@ -183,8 +183,17 @@ Commands::Ending Commands::choose_device() {
 }
 
 Commands::Ending Commands::open_file() {
-    if (!options_.hex || run_.files.mnuFileOpen_Click(options_.hex) == Token::OK) return {};
-    return Finish::of(Outcome::Failed);
+    if (!options_.hex) return {};
+    if (run_.files.mnuFileOpen_Click(options_.hex) != Token::OK) return Finish::of(Outcome::Failed);
+    if (options_.device && run_.session.DeviceName != *options_.device)
+        run_.messages.AddMessage(
+            fmt::format(text::kOtherDevice, run_.session.DeviceName, printable(*options_.device)));
+    const bool goes_to_part =
+        options_.command == Command::Program || options_.command == Command::Verify;
+    if (goes_to_part && !run_.files.file_had_data())
+        return Finish::complain(kFailed,
+                                fmt::format(text::kNoData, printable(options_.hex->string())));
+    return {};
 }
 
 Commands::Ending Commands::operate() {

@@ -4,8 +4,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <exception>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include "app/text.h"
 #include "cli/cli_dialogs.h"
@@ -74,9 +77,44 @@ Finish guarded(const Options& options, QtHost& host, TimeSource& time, Events& e
     }
 }
 
+// Devices and pipes may have several uses. A file that isn't there yet is known by its name.
+bool is_same_file(const std::filesystem::path& one, const std::filesystem::path& other) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    if (one.empty() || other.empty()) return false;
+    if (fs::exists(one, error) && fs::exists(other, error))
+        return fs::equivalent(one, other, error) && fs::is_regular_file(one, error);
+    return fs::absolute(one).lexically_normal() == fs::absolute(other).lexically_normal();
+}
+
+// A file that the run reads and another that it writes must not be one: the trace would empty the
+// HEX file before it is loaded. A HEX file may be saved over itself, which is asked about.
+std::optional<std::string> same_file_twice(const Options& options) {
+    struct Use {
+        std::string_view name;
+        const std::optional<std::filesystem::path>& path;
+        bool written;
+    };
+    const std::array uses{
+        Use{"the HEX file", options.hex, false}, Use{"--catalogue", options.catalogue, false},
+        Use{"--socket", options.socket, true},   Use{"--save or -o", options.save, true},
+        Use{"--dump", options.dump, true},       Use{"--trace", options.trace, true},
+    };
+    for (const auto& one : uses)
+        for (const auto& other : uses) {
+            const bool saved_over = &one == &uses[0] && &other == &uses[3];
+            if (&one >= &other || !other.written || saved_over) continue;
+            if (one.path && other.path && is_same_file(*one.path, *other.path))
+                return fmt::format(text::kSameFile, one.name, other.name,
+                                   printable(other.path->string()));
+        }
+    return std::nullopt;
+}
+
 // A trace that fails doesn't stop the operation. The missing trace is reported at the end.
 Finish traced(const Options& options, QtHost& host, TimeSource& time, Events& events,
               Console& console) {
+    if (const auto problem = same_file_twice(options)) return Finish::complain(kUsage, *problem);
     if (!options.trace) return guarded(options, host, time, events, console, nullptr);
     DescriptorStream trace{*options.trace};
     const auto problem = [&] {

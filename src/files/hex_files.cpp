@@ -48,6 +48,15 @@ fs::path whole_path(const fs::path& name) {
     return fs::equivalent(found, plain, error) ? plain : found;
 }
 
+bool has_data_record(std::string_view text) {
+    HexItems items{text};
+    while (const auto item = items.next()) {
+        const auto record = HexRecord::parse(*item);
+        if (record && record->is_data()) return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 HexFiles::HexFiles(Session& session, MainForm& form, AboutForm& about, Settings& settings,
@@ -235,6 +244,7 @@ Token HexFiles::load(std::string_view text) {
     // The load shows the words as options. Words are computed from options only after a user's
     // choice: a code that no option has must be saved unchanged.
     loader_.load(text);
+    had_data_ = has_data_record(text);
     session_.ConfigFromFile = false;
     if (is_pic18_flash(session_.PgmType)) {
         loader_.show_pic18_id();

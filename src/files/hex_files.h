@@ -58,6 +58,9 @@ class HexFiles {
     // Whether the image is what the file at hand holds: nothing was changed, read, cleared or
     // selected since it was loaded or saved.
     bool buffer_is_file() const { return file_.is_of(session_); }
+    // Whether the file of the last load held a single data record. An empty one, or a page that a
+    // server sent in its place, loads as well as any.
+    bool file_had_data() const { return had_data_; }
 
   private:
     void clear_entry_fields();
@@ -86,7 +89,8 @@ class HexFiles {
     DeviceSelection& selection_;
     FileHistory history_;
     HexLoader loader_;
-    ImageMark file_;    // what the file at hand holds
+    ImageMark file_;  // what the file at hand holds
+    bool had_data_ = false;
     ImageMark former_;  // the image before the command that runs
 };
 

@@ -217,6 +217,64 @@ TEST(name_that_is_no_UTF_8, is_refused_for_the_home) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator{cli.home.path()}, {}), 0);
 }
 
+TEST(one_file_under_two_names, is_refused_before_anything_is_written) {
+    CliBench cli;
+    cli.home.write("x.hex", ":020000000000FE\n:00000001FF\n");
+    const auto file = cli.home.read("x.hex");
+    std::filesystem::create_symlink(cli.path("x.hex"), cli.path("link.hex"));
+    for (const auto* option : {"--dump", "--trace"}) {
+        EXPECT_EQ(cli.json({"--device", "PIC16F877A", "load", cli.path("x.hex"), option,
+                            cli.path("link.hex")}),
+                  2)
+            << option;
+        EXPECT_NE(cli.err.find("the HEX file and " + std::string{option}), std::string::npos)
+            << cli.err;
+        EXPECT_EQ(cli.home.read("x.hex"), file) << option;
+    }
+    EXPECT_EQ(cli.json({"--device", "PIC16F877A", "load", cli.path("x.hex"), "--save",
+                        cli.path("new"), "--dump", cli.path("./new")}),
+              2);
+    EXPECT_FALSE(std::filesystem::exists(cli.path("new")));
+}
+
+TEST(one_file_under_two_names, may_be_saved_over_and_a_device_may_have_two_uses) {
+    CliBench cli;
+    cli.home.write("x.hex", ":020000000000FE\n:00000001FF\n");
+    EXPECT_EQ(
+        cli.json({"--device", "PIC16F877A", "--answer", "replace=ok", "--trace", "/dev/null",
+                  "load", cli.path("x.hex"), "--save", cli.path("x.hex"), "--dump", "/dev/null"}),
+        0)
+        << cli.err;
+}
+
+TEST(file_without_data, is_not_programmed_nor_verified) {
+    CliBench cli;
+    const auto on_part = [&](const char* command, const std::string& file) {
+        return cli.on_board(
+            {"--device", "PIC16F877A", "--socket", cli.path("socket.json"), command, file});
+    };
+    ASSERT_EQ(on_part("program", kBlinker), 0);
+    const auto part = cli.home.read("socket.json");
+    for (const auto* content : {"", "<html>404 Not Found</html>\n", ":00000001FF\n"}) {
+        cli.home.write("empty.hex", content);
+        for (const auto* command : {"program", "verify"}) {
+            EXPECT_EQ(on_part(command, cli.path("empty.hex")), 1) << content;
+            EXPECT_NE(cli.err.find("holds no data record"), std::string::npos) << cli.err;
+        }
+    }
+    EXPECT_EQ(cli.home.read("socket.json"), part);
+}
+
+TEST(load, says_that_the_file_has_chosen_another_device_than_the_option) {
+    CliBench cli;
+    cli.home.write("x.hex", ":020000000000FE\n:00000001FF\n;PIC16F873\n");
+    ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", cli.path("x.hex")}), 0);
+    EXPECT_TRUE(
+        holds(cli.messages(),
+              "ファイルの指定により、デバイスは PIC16F873 になりました（--device PIC16F877A "
+              "ではありません）。"));
+}
+
 TEST(run_cli, remembers_the_device_for_the_next_call) {
     CliBench cli;
     ASSERT_EQ(cli.json({"--device", "PIC16F877A", "load", kBlinker}), 0);
