@@ -13,7 +13,7 @@
 
 namespace quillon {
 
-// Every TAB becomes eight blanks, wherever it stands.
+// Every TAB becomes eight blanks, wherever it is.
 std::string ExpandTabs(std::string_view text);
 
 // The blank-separated tokens of a line, views into it. Reading beyond the last gives "".

@@ -13,7 +13,7 @@ namespace quillon::cli {
 namespace {
 
 constexpr std::size_t kCfgIdBytes = 34;
-constexpr std::size_t kCfgBytes18{2 * kConfigWords};
+constexpr auto kCfgBytes18 = std::size_t{2} * kConfigWords;
 
 // The first bytes of a memory. A size from the catalogue may be too large and is limited.
 std::string head(std::span<const std::uint8_t> memory, std::int64_t bytes) {

@@ -102,13 +102,13 @@ double BoardDrawing::socket_pitch() const {
 QRect BoardDrawing::socket_area(std::size_t socket) const {
     const double left = kMargin + (names_ == Names::Pins ? kGapWithNames / 2 - 1 : 0) +
                         socket_pitch() * static_cast<double>(socket);
-    return QRectF{left * step(), kTop * step(), kSocketWidth * step(),
-                  (kSockets[socket].pins / 2 + 1) * step()}
+    const int rows = kSockets[socket].pins / 2 + 1;
+    return QRectF{left * step(), kTop * step(), kSocketWidth * step(), rows * step()}
         .toAlignedRect();
 }
 
 QRect BoardDrawing::jumper_area(int first_pin) const {
-    const double y = kTop + 20 / 2 + 5.5;  // below the shortest sockets
+    const double y = kTop + 10 + 5.5;  // below the shortest sockets, of ten rows
     return QRectF{(kMargin + (first_pin - 1) * kJumperStep) * step(), y * step(),
                   2 * kJumperStep * step(), kJumperStep * step()}
         .toAlignedRect();
@@ -186,8 +186,9 @@ void BoardDrawing::paint_pin_names(QPainter& painter, std::size_t socket) const 
                                   : QRectF{area.right() + 0.1 * step(), y, 4.9 * step(), step()};
         const QString name = q(pin_name(used.function));
         const QString number = QString::number(used.number);
+        const Qt::Alignment side = left ? Qt::AlignRight : Qt::AlignLeft;
         painter.setPen(pin_colour(used.function));
-        painter.drawText(place, (left ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter,
+        painter.drawText(place, static_cast<int>(side | Qt::AlignVCenter),
                          left ? name + ' ' + number : number + ' ' + name);
     }
 }

@@ -15,7 +15,6 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTabWidget>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "forms/frmMain_texts.h"
@@ -37,9 +36,10 @@ class OptionList : public QComboBox {
         QComboBox::hidePopup();
         // The choice is reported only after the popup is gone, and may have opened the list
         // elsewhere.
-        QTimer::singleShot(0, this, [this] {
+        const auto leave = [this] {
             if (isVisible() && !view()->isVisible() && on_left) on_left();
-        });
+        };
+        QMetaObject::invokeMethod(this, leave, Qt::QueuedConnection);
     }
 
   protected:
