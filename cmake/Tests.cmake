@@ -10,7 +10,8 @@ target_compile_definitions(quillon_test_support INTERFACE
 # The tests' own code isn't checked for undefined behaviour: that finds little and takes time to
 # compile.
 add_library(quillon_test_options INTERFACE)
-target_compile_options(quillon_test_options INTERFACE -O0 -fno-sanitize=undefined)
+# Nor do their lines need debug information: a failing test names file and line itself.
+target_compile_options(quillon_test_options INTERFACE -O0 -g0 -fno-sanitize=undefined)
 target_link_libraries(quillon_test_options INTERFACE
     quillon_options quillon_fmt quillon_test_support GTest::gtest)
 

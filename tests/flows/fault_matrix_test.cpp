@@ -15,8 +15,8 @@ namespace {
 constexpr std::array<std::string_view, 5> kFaults{"drop", "alter", "add", "silent-after",
                                                   "unplug-after"};
 
-// Every third byte is tried. Items have two bytes, so first and second bytes take turns.
-constexpr std::size_t kStride = 3;
+// Every fifth byte is tried. Items have two bytes, so first and second bytes take turns.
+constexpr std::size_t kStride = 5;
 
 class SmallBench : public Bench {
   public:
@@ -124,7 +124,7 @@ TEST_P(fault_matrix, holds_no_success_that_is_none) {
     }
     RecordProperty("runs", runs);
     RecordProperty("true_successes", successes);
-    EXPECT_GT(runs, 1000);
+    EXPECT_GT(runs, 600);
 }
 
 }  // namespace quillon::test
