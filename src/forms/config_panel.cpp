@@ -252,14 +252,13 @@ void ConfigPanel::make_texts(Bindings& bindings) {
     const auto add_word = [&](TextBox& control, std::string_view title) {
         auto* edit = new WordText{this};
         edit->setReadOnly(true);
-        // The widest word in binary: a zero is wider than a one in some fonts.
-        edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("00 0000 0000 0000") + 12);
         edit->setToolTip(q(form_text::kConfigTextTip));
         edit->on_click = [this] { bindings_.act([this] { config_.Text_Config_Click(); }); };
         add(control, title, edit, kWordShare);
     };
     auto* id = new QLineEdit{this};
     id->setValidator(new HexValidator{id});
+    id->setMinimumWidth(id->fontMetrics().horizontalAdvance("DDDD") + 14);
     add(form_.Text_ID, form_text::kId, id, kIdShare);
     add_word(form_.Text_Config1, form_text::kConfig1);
     add_word(form_.Text_Config2, form_text::kConfig2);
