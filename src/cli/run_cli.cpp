@@ -10,6 +10,7 @@
 #include <optional>
 #include <system_error>
 
+#include "app/folders.h"
 #include "app/text.h"
 #include "cli/cli_dialogs.h"
 #include "cli/cli_texts.h"
@@ -84,7 +85,8 @@ bool is_same_file(const std::filesystem::path& one, const std::filesystem::path&
     if (one.empty() || other.empty()) return false;
     if (fs::exists(one, error) && fs::exists(other, error))
         return fs::equivalent(one, other, error) && fs::is_regular_file(one, error);
-    return fs::absolute(one).lexically_normal() == fs::absolute(other).lexically_normal();
+    return fs::absolute(one, error).lexically_normal() ==
+           fs::absolute(other, error).lexically_normal();
 }
 
 // A file that the run reads and another that it writes must not be one: the trace would empty the
@@ -95,10 +97,13 @@ std::optional<std::string> same_file_twice(const Options& options) {
         const std::optional<std::filesystem::path>& path;
         bool written;
     };
+    // A HEX file is found without regard to case.
+    std::optional<std::filesystem::path> hex;
+    if (options.hex) hex = on_disk(options.hex->string());
     const std::array uses{
-        Use{"the HEX file", options.hex, false}, Use{"--catalogue", options.catalogue, false},
-        Use{"--socket", options.socket, true},   Use{"--save or -o", options.save, true},
-        Use{"--dump", options.dump, true},       Use{"--trace", options.trace, true},
+        Use{"the HEX file", hex, false},       Use{"--catalogue", options.catalogue, false},
+        Use{"--socket", options.socket, true}, Use{"--save or -o", options.save, true},
+        Use{"--dump", options.dump, true},     Use{"--trace", options.trace, true},
     };
     for (const auto& one : uses)
         for (const auto& other : uses) {

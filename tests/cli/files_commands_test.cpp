@@ -231,6 +231,11 @@ TEST(one_file_under_two_names, is_refused_before_anything_is_written) {
             << cli.err;
         EXPECT_EQ(cli.home.read("x.hex"), file) << option;
     }
+    EXPECT_EQ(cli.json({"--device", "PIC16F877A", "load", cli.path("X.HEX"), "--dump",
+                        cli.path("x.hex")}),
+              2)
+        << "a HEX file is found in another case";
+    EXPECT_EQ(cli.home.read("x.hex"), file);
     EXPECT_EQ(cli.json({"--device", "PIC16F877A", "load", cli.path("x.hex"), "--save",
                         cli.path("new"), "--dump", cli.path("./new")}),
               2);
