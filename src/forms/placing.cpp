@@ -67,7 +67,8 @@ QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screen
         return covered(form, {kept_on(screens.front(), side, wished.size()), wished.size()});
     };
     const QPoint best = *std::ranges::min_element(sides, {}, covered_from);
-    // No side has room. The upper right corner has memory views; buttons and messages are below.
+    // No side has room. The upper right corner has mostly memory views; the buttons of the
+    // operations, the stop button and the messages are below.
     const QPoint corner{screens.front().x() + screens.front().width(), screens.front().y()};
     return kept_on(screens.front(), covered_from(best) == 0 ? best : corner, wished.size());
 }
