@@ -29,9 +29,12 @@ inline constexpr NumberSetting MainTop{"MainTop", 100, -kFarthest, kFarthest};
 inline constexpr NumberSetting MainHeight{"MainHeight", 7860, 0, kFarthest};
 inline constexpr NumberSetting BoardLeft{"BoardLeft", 0, -kFarthest, kFarthest};
 inline constexpr NumberSetting BoardTop{"BoardTop", 0, -kFarthest, kFarthest};
+inline constexpr NumberSetting ExtPgmLeft{"ExtPgmLeft", 100, -kFarthest, kFarthest};
+inline constexpr NumberSetting ExtPgmTop{"ExtPgmTop", 100, -kFarthest, kFarthest};
 inline constexpr NumberSetting ComNo{"ComNo", 0, 0, 32767};  // a 16-bit number, 0 for none
 
-inline constexpr std::array kAll{MainLeft, MainTop, MainHeight, BoardLeft, BoardTop, ComNo};
+inline constexpr std::array kAll{MainLeft, MainTop,    MainHeight, BoardLeft,
+                                 BoardTop, ExtPgmLeft, ExtPgmTop,  ComNo};
 
 }  // namespace number_setting
 

@@ -68,10 +68,19 @@ struct MemoryImage {
     // Bytes 0 to 7 the four ID words, 14 and 15 configuration word 1, 12+2n and 13+2n word n; all
     // high byte first. The order of the "c" area on the wire.
     std::array<std::uint8_t, 257> CfgIdMem{};
+    // CfgIdMem as it will be written: with the device's own words as they were read.
+    std::array<std::uint8_t, 257> CfgIdVerify{};
     PerConfigWord ConfigWord{};
     std::array<std::uint8_t, 8> IdBytes18{};
     std::array<std::uint8_t, 256> CfgBytes18{};  // word n low byte first, from 2(n-1)
     std::string IdText;                          // ID digits as in Text_ID
+};
+
+// The factory's calibration as it was last read from the device, or taken from the form.
+struct Calibration {
+    std::uint8_t CalibHi = 0;  // the instruction in the last word of program memory
+    std::uint8_t CalibLo = 0;
+    std::uint8_t CalibBg = 0;  // band gap, bits 13 and 12 of configuration word 1: 0 to 3
 };
 
 struct Counters {
@@ -136,6 +145,7 @@ struct CatalogueState {
 
 struct Session : DeviceRecord,
                  MemoryImage,
+                 Calibration,
                  Counters,
                  OperationResult,
                  LinkValues,

@@ -42,9 +42,13 @@ struct AreaTokens {
 // The three words in one, program first: "OK--OK". The form in which logs and dumps show them.
 std::string text(const AreaTokens& tokens);
 
+// Some families say YB and NB of a blank check, others OK and NG.
+constexpr bool is_blank(Token token) { return token == Token::YB || token == Token::OK; }
+
+// A device without EEPROM is as blank as one with a blank EEPROM.
 constexpr bool all_blank(const AreaTokens& result) {
-    using enum Token;
-    return result == AreaTokens{YB, YB, YB} || result == AreaTokens{YB, Absent, YB};
+    return is_blank(result.pgm) && is_blank(result.cfg) &&
+           (is_blank(result.eep) || result.eep == Token::Absent);
 }
 
 // "OK----" is the result of a run for program memory alone.

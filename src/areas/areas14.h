@@ -7,17 +7,15 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
-#include <vector>
 
-#include "areas/areas.h"
 #include "areas/areas14_record.h"
 #include "areas/context.h"
-#include "link/exchange.h"
+#include "areas/wired_areas.h"
 #include "link/words.h"
 
 namespace quillon {
 
-class Areas14 : public Areas {
+class Areas14 : public WiredAreas {
   public:
     Areas14(RunContext& context, const Areas14Record& record);
 
@@ -32,38 +30,52 @@ class Areas14 : public Areas {
     Token Read_Pgm() override;
     Token Read_Eep() override;
     Token Verify_Cfg() override;
+    Token Verify_Cfg_Id() override;
     Token Verify_Pgm() override;
     Token Verify_Eep() override;
     Token Chip_Erase() override;
     Token Pgm_Erase() override;
     Token Eep_Erase() override;
+    Token Cfg_Patch_Read() override;
+    Token Calibration_Entry() override;
+    Token Word_Read() override;
+    Token Word_Write() override;
+    Token Cfg_Read_12F6() override;
+    Token Cfg_Write_12F6() override;
+    Token Take_Calibration() override;
+    Token Take_Erase_Calibration() override;
+    Token Show_Calibration() override;
     bool read_was_blank() const override;
+    std::string verify_note() const override;
 
   private:
-    using Bytes = std::vector<std::uint8_t>;
+    enum class IdWords : std::uint8_t { Compared, LeftOut };
 
     Token erase(std::uint8_t mode);
-    void start_read(char area, std::int32_t count);
-    // Words with the end code behind them; empty where the limit has passed.
     Bytes read_area(char area, std::int32_t count, Limit limit);
-    Bytes read_config_area(std::uint8_t words, Limit limit);
-    // Sets CodeProtect from configuration word 1, with a message where it is protected.
-    void judge_protection(std::span<const std::uint8_t> area, std::string_view message);
+    // ID words and configuration with the end code behind them; empty where the limit has passed.
+    // An area of several blocks has a limit of its own.
+    Bytes read_config_area(std::uint8_t words, Limit limit, ConfigAck ack = ConfigAck::BehindData);
+    std::string_view write_pgm_letters() const;
+    Token blank_verdict(bool is_blank) const {
+        return is_blank ? record_.words.blank : record_.words.used;
+    }
+    bool has_bandgap() const { return record_.osccal == Osccal14::WordAndBandgap; }
+    // What a blank check and a protection test see: the band gap isn't content.
+    std::uint16_t judged_config(std::span<const std::uint8_t> area) const;
     AndWord config_sum(std::span<const std::uint8_t> area) const;
     bool is_blank_config(std::uint16_t value) const;
     void show_identity(std::span<const std::uint8_t> area);
-    Token report(Token token, std::string_view message, std::string_view extra = "");
-    Token list_mismatches(const std::string& list, std::string_view message);
+    Token verify_config(IdWords id_words);
+    bool same_config(std::span<const std::uint8_t> device, IdWords id_words) const;
 
-    RunContext& context_;
-    Session& session_;
-    Messages& messages_;
     const Areas14Record& record_;
     const Areas14Texts& texts_;
-    Exchange wire_;
     AndWord pgm_and_;
     AndWord eep_and_;
     AndWord cfg_and_;
+    std::uint16_t last_word_ = 0;      // of the last program verify
+    std::uint8_t device_bandgap_ = 0;  // of the last config verify
 };
 
 }  // namespace quillon

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The messages of the 14-bit parts' area routines. The defaults are the template's; a family
-// replaces those that it words differently. A message with a value in it is a format string of its
-// own.
+// replaces those that it words differently. One that is empty isn't shown. A message with a value
+// in it is a format string, checked when it is compiled.
 #pragma once
 
+#include <fmt/format.h>
+
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace quillon {
@@ -32,6 +36,9 @@ struct Areas14Texts {
         "終了コードを受信できませんでした。";
     std::string_view is_protected = "このデバイスはコードプロテクトされています。";
     // Writes
+    // The shown number is that of the awaited word less two, as the product's text has it.
+    fmt::format_string<std::uint16_t> write_pgm_timeout_at =
+        "0x{:X}アドレスでタイムアウトが発生しました。";
     std::string_view write_pgm_failed =
         "プログラムメモリのプログラミングに失敗しました。"
         " ";
@@ -48,10 +55,17 @@ struct Areas14Texts {
     std::string_view write_eep_no_end_code =
         "ＥＥＰＲＯＭデータメモリのプログラミングに失敗しました。  終了コードを受信できませんでした。";
     std::string_view write_eep_done = "ＥＥＰＲＯＭデータメモリのプログラミングに成功しました。";
+    // The value to write is never shown.
+    fmt::format_string<int, std::string> write_cfg_detail =
+        "( Address = {}  Read = {}  Write = ???? )";
     std::string_view write_cfg_failed =
         "コンフィギュレーションワードのプログラミングに失敗しました。";
     std::string_view write_cfg_done =
         "コンフィギュレーションワードのプログラミングに成功しました。";
+    std::string_view patch_cfg_no_end_code =
+        "コンフィギュレーションワード修正失敗。"
+        "　　"
+        "終了コードを受信できませんでした。";
     // Reads
     std::string_view reading_pgm = "Ｆｌａｓｈプログラムメモリ読み出し中.....";
     std::string_view read_pgm_no_end_code =
@@ -88,12 +102,21 @@ struct Areas14Texts {
         "プログラムメモリ ベリファイ失敗。"
         "　　"
         "終了コードを受信できませんでした。";
+    std::string_view no_eep_to_verify = "";
     std::string_view verify_eep_failed = "ＥＥＰＲＯＭデータメモリの ベリファイエラー。";
     std::string_view verify_eep_no_end_code =
         "ＥＥＰＲＯＭデータメモリの ベリファイエラー。  終了コードを受信できませんでした。";
     std::string_view verify_cfg_no_end_code =
         "コンフィギュレーションワードのベリファイに失敗しました。  終了コードを受信できませんでした。";
     std::string_view verify_cfg_failed = "コンフィギュレーションワードのベリファイエラー";
+
+    // The calibration word
+    std::string_view reading_word = "指定プログラムメモリのデータリード中..........";
+    std::string_view read_word_done = "指定プログラムメモリのデータリード成功。";
+    std::string_view read_word_failed = "指定プログラムメモリのデータリード失敗。";
+    std::string_view writing_word = "指定プログラムメモリのデータライト中..........";
+    std::string_view write_word_done = "指定プログラムメモリのデータライト成功。";
+    std::string_view write_word_failed = "指定プログラムメモリのデータライト失敗。";
 
     // Erases
     std::string_view erase_good = "成功。";
@@ -104,14 +127,12 @@ inline constexpr Areas14Texts kAreas14Texts{};
 
 namespace areas14_text {
 
-inline constexpr std::string_view kWritePgmTimeoutAt =
-    "0x{:X}アドレスでタイムアウトが発生しました。";
 inline constexpr std::string_view kWriteEepDetail = "( Address = {}  Write = {}  Read = {} )";
-// The value to write is never shown: "????" is in its place.
-inline constexpr std::string_view kWriteCfgDetail = "( Address = {}  Read = {}  Write = ???? )";
 inline constexpr std::string_view kVerifyCfgData =
     "\r\n"
     "デバイスにプログラミングされているデータ。ＣＯＮＦＩＧ：{}ＩＤ：{}";
+inline constexpr std::string_view kVerifyCalibration =
+    "マイコン内部のＢＧ(コンフィグ内)データ:0x{:X} ,キャリブレーションデータ:0x{:04X}";
 
 }  // namespace areas14_text
 

@@ -2,6 +2,7 @@
 // Verifies of the 14-bit parts.
 #include <fmt/format.h>
 
+#include <chrono>
 #include <span>
 #include <string>
 
@@ -14,6 +15,8 @@ namespace quillon {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 // The device's ID digits as Text_ID shows them.
 std::string id_digits(std::span<const std::uint8_t> area) {
     std::string digits;
@@ -21,27 +24,16 @@ std::string id_digits(std::span<const std::uint8_t> area) {
     return digits;
 }
 
-// The upper digits of the ID words are unused; the words behind them are the device's own.
-bool same_config(std::span<const std::uint8_t> device, std::span<const std::uint8_t> image) {
-    for (std::size_t i = 1; i < config_area::kIdEnd; i += 2)
-        if ((device[i] & 0x0F) != (image[i] & 0x0F)) return false;
-    return device[config_area::kConfig1] == image[config_area::kConfig1] &&
-           device[config_area::kConfig1 + 1] == image[config_area::kConfig1 + 1];
-}
+constexpr auto kReadLimit = 10s;
+constexpr std::uint16_t kWord14 = 0x3FFF;
 
 }  // namespace
-
-// Appends the list to the program view's text, from which the next verify or view removes it.
-Token Areas14::list_mismatches(const std::string& list, std::string_view message) {
-    auto& view = context_.form.RichTxtPgmMem.Text;
-    view.set(view.get() + list);
-    return report(Token::NG, message);
-}
 
 Token Areas14::Verify_Pgm() {
     const auto device = read_area('p', session_.PgmWords, kNoLimit);
     const auto words = static_cast<std::size_t>(session_.PgmWords);
     const auto& image = session_.PgmMem;
+    last_word_ = word_high_first(device[2 * words - 2], device[2 * words - 1]);
     MismatchList list;
     for (std::size_t w = 0; w < words; ++w)
         if (!list.compare(w, word_high_first(image[2 * w], image[2 * w + 1]),
@@ -53,10 +45,12 @@ Token Areas14::Verify_Pgm() {
 }
 
 Token Areas14::Verify_Eep() {
-    if (session_.EepBytes == 0) return Token::Absent;
-    const auto device = read_area('d', session_.EepBytes, kNoLimit);
+    if (session_.EepBytes == 0) return report(Token::Absent, texts_.no_eep_to_verify);
+    const bool limited = record_.limits_eep_verify;
+    const auto device = read_area('d', session_.EepBytes, limited ? Limit{kReadLimit} : kNoLimit);
+    if (device.empty()) return report(Token::NG, texts_.read_eep_timeout);
     const auto cells = static_cast<std::size_t>(session_.EepBytes);
-    MismatchList list;
+    MismatchList list{limited ? MismatchList::Length::Full : MismatchList::Length::Limited};
     // A cell is the low byte; the high byte that the board sends has no meaning.
     for (std::size_t c = 0; c < cells; ++c)
         if (!list.compare(c, session_.EepMem[2 * c + 1], device[2 * c + 1])) break;
@@ -65,13 +59,45 @@ Token Areas14::Verify_Eep() {
     return Token::OK;
 }
 
+// The words between ID and configuration are the device's own.
+bool Areas14::same_config(std::span<const std::uint8_t> device, IdWords id_words) const {
+    const auto& image = session_.CfgIdMem;
+    if (record_.compare == ConfigCompare::Digits) {
+        for (std::size_t i = 1; i < config_area::kIdEnd; i += 2)
+            if ((device[i] & 0x0F) != (image[i] & 0x0F)) return false;
+        return device[config_area::kConfig1] == image[config_area::kConfig1] &&
+               device[config_area::kConfig1 + 1] == image[config_area::kConfig1 + 1];
+    }
+    const auto same_word = [&](std::size_t i) {
+        const auto differing =
+            word_high_first(device[i], device[i + 1]) ^ word_high_first(image[i], image[i + 1]);
+        return (differing & kWord14) == 0;
+    };
+    if (id_words == IdWords::Compared)
+        for (std::size_t i = 0; i < config_area::kIdEnd; i += 2)
+            if (!same_word(i)) return false;
+    const std::size_t end = bytes_of(record_.config.verify);
+    for (std::size_t n = 1; n <= kConfigWords && config_area::place_of_word(n) < end; ++n)
+        if (session_.ConfigPresent[n] && !same_word(config_area::place_of_word(n))) return false;
+    return true;
+}
+
 Token Areas14::Verify_Cfg() {
+    return verify_config(record_.compare == ConfigCompare::Words ? IdWords::LeftOut
+                                                                 : IdWords::Compared);
+}
+
+Token Areas14::Verify_Cfg_Id() { return verify_config(IdWords::Compared); }
+
+Token Areas14::verify_config(IdWords id_words) {
     config_found_ = {};
-    const auto device = read_config_area(record_.config.verify, kNoLimit);
-    judge_protection(device, texts_.is_protected);
+    const auto device = read_config_area(record_.config.verify, kNoLimit, record_.config_ack);
+    if (device.empty()) return report(Token::NG, texts_.verify_cfg_no_end_code);
+    judge_protection(judged_config(device), texts_.is_protected);
     if (device[bytes_of(record_.config.verify)] != kEndCode)
         return report(Token::NG, texts_.verify_cfg_no_end_code);
-    if (same_config(device, session_.CfgIdMem)) {
+    device_bandgap_ = device[config_area::kConfig1] >> 4 & 0x03;
+    if (same_config(device, id_words)) {
         config_found_ = {.config = "OK", .id = "OK"};
         return Token::OK;
     }
@@ -82,6 +108,11 @@ Token Areas14::Verify_Cfg() {
     return report(Token::NG, std::string{texts_.verify_cfg_failed} +
                                  fmt::format(areas14_text::kVerifyCfgData, config_found_.config,
                                              config_found_.id));
+}
+
+std::string Areas14::verify_note() const {
+    if (!has_bandgap()) return {};
+    return fmt::format(areas14_text::kVerifyCalibration, device_bandgap_, last_word_);
 }
 
 }  // namespace quillon

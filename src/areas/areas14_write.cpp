@@ -2,6 +2,7 @@
 // Writes of the 14-bit parts.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <span>
@@ -9,6 +10,7 @@
 
 #include "app/text.h"
 #include "areas/areas14.h"
+#include "image/config_area.h"
 
 namespace quillon {
 
@@ -34,21 +36,25 @@ std::string word_read_back(std::span<const std::uint8_t> reply) {
 
 }  // namespace
 
+std::string_view Areas14::write_pgm_letters() const {
+    for (const auto& named : record_.letters.write_pgm_of)
+        if (session_.DeviceName.starts_with(named.prefix)) return named.letters;
+    return record_.letters.write_pgm;
+}
+
 Token Areas14::Write_Pgm() {
     wire_.begin();
     wire_.send("w");
-    wire_.send(record_.letters.write_pgm);
+    wire_.send(write_pgm_letters());
     wire_.send_number(session_.PgmWords);
-    const auto image =
-        std::span{session_.PgmMem}.first(2 * static_cast<std::size_t>(session_.PgmWords));
-    const auto written = wire_.write_stream(image, {.abort = kEndCode, .limit = kWriteLimit});
+    const auto written = wire_.write_stream(program_image(), {.abort = "@", .limit = kWriteLimit});
     switch (written.end) {
         case WriteEnd::Done:
             return report(Token::OK, texts_.write_pgm_done);
         case WriteEnd::NoReady:
             // The shown number is that of the awaited word less two, as the product's text has it.
             return report(Token::NG, texts_.write_pgm_failed,
-                          fmt::format(text::kWritePgmTimeoutAt,
+                          fmt::format(texts_.write_pgm_timeout_at,
                                       static_cast<std::uint16_t>(written.index / 2 - 2)));
         case WriteEnd::Interrupted:
             return report(Token::NG, texts_.write_pgm_interrupted);
@@ -62,13 +68,14 @@ Token Areas14::Write_Pgm() {
 
 Token Areas14::Write_Eep() {
     if (session_.EepBytes == 0) return report(Token::Absent, texts_.no_eep_to_write);
+    if (record_.letters.write_eep.empty()) return report(Token::NG, texts_.write_eep_failed);
     wire_.begin();
     wire_.send("w");
     wire_.send(record_.letters.write_eep);
     wire_.send_number(session_.EepBytes);
     const auto image =
         std::span{session_.EepMem}.first(2 * static_cast<std::size_t>(session_.EepBytes));
-    const auto written = wire_.write_stream(image, {.abort = kItemFailed});
+    const auto written = wire_.write_stream(image, {.abort = "*"});
     if (written.end == WriteEnd::Done) return report(Token::OK, texts_.write_eep_done);
     if (written.end != WriteEnd::Interrupted)
         return report(Token::NG, texts_.write_eep_no_end_code);
@@ -78,19 +85,35 @@ Token Areas14::Write_Eep() {
                               word_at(written.reply, 1)));
 }
 
+// The device's own words, the identity among them, are written as they were read.
+Token Areas14::Cfg_Patch_Read() {
+    const auto device = read_config_area(record_.config.check, kNoLimit);
+    if (device[bytes_of(record_.config.check)] != kEndCode)
+        return report(Token::NG, texts_.patch_cfg_no_end_code);
+    auto& copy = session_.CfgIdVerify;
+    copy = session_.CfgIdMem;
+    std::copy(device.begin() + config_area::kIdEnd, device.begin() + config_area::kConfig1,
+              copy.begin() + config_area::kIdEnd);
+    if (record_.swaps_id_bytes)
+        for (std::size_t i = 0; i < config_area::kIdEnd; i += 2) std::swap(copy[i], copy[i + 1]);
+    return Token::OK;
+}
+
 Token Areas14::Write_Cfg() {
+    auto& source = record_.patches_config ? session_.CfgIdVerify : session_.CfgIdMem;
     wire_.begin();
     wire_.send("w");
     wire_.send(record_.letters.write_cfg);
     wire_.send_number(record_.config.write);
-    const auto area = std::span{session_.CfgIdMem}.first(bytes_of(record_.config.write));
+    const auto area = std::span{source}.first(bytes_of(record_.config.write));
     Bytes image{area.begin(), area.end()};
-    for (const auto i : kUntouchedWords) image[i] |= kDontWrite;
+    if (record_.marks_own_words)
+        for (const auto i : kUntouchedWords) image[i] |= kDontWrite;
     const auto written = wire_.write_config(image);
-    for (const auto i : kUntouchedWords) session_.CfgIdMem[i] &= 0x3F;
+    for (const auto i : kUntouchedWords) source[i] &= 0x3F;
     if (written.end == WriteEnd::Done) return report(Token::OK, texts_.write_cfg_done);
     return report(Token::NG, texts_.write_cfg_failed,
-                  fmt::format(text::kWriteCfgDetail, static_cast<int>(written.index / 2) - 1,
+                  fmt::format(texts_.write_cfg_detail, static_cast<int>(written.index / 2) - 1,
                               word_read_back(written.reply)));
 }
 

@@ -23,7 +23,12 @@ SocketVerdict IdentityCheck::judge(bool same, bool empty) {
         return SocketVerdict::Same;
     }
     if (empty) {
-        messages_.ShowMessage(texts_.empty, texts_.empty_hint);
+        if (texts_.hint_first) {
+            messages_.ShowMessage(texts_.empty_hint);
+            messages_.AddMessage(texts_.empty);
+        } else {
+            messages_.ShowMessage(texts_.empty, texts_.empty_hint);
+        }
         return SocketVerdict::Empty;
     }
     messages_.ShowMessage(texts_.mismatch);

@@ -49,6 +49,7 @@ struct IdentityTexts {
     std::string_view empty = "redマイコンがソケットに正しくセットされていません。";
     std::string_view empty_hint =
         "キットの組立て直後の場合は、製作にミスがある可能性があります。メニューバー ⇒ ヘルプ ⇒ 製作確認資料をご覧になり確認を行ってください。";
+    bool hint_first = false;  // above the verdict on an empty socket
 };
 
 inline constexpr IdentityTexts kIdentityTexts{};

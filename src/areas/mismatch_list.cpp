@@ -22,7 +22,7 @@ constexpr int kMost = 100;
 bool MismatchList::compare(std::size_t address, std::uint16_t expected, std::uint16_t actual) {
     if (expected == actual) return true;
     text_ += fmt::format(kLine, address, expected, actual);
-    if (++count_ <= kMost) return true;
+    if (++count_ <= kMost || length_ == Length::Full) return true;
     text_ += kMore;
     return false;
 }

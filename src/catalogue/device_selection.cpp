@@ -42,12 +42,13 @@ std::string version_text(double version) {
 }  // namespace
 
 DeviceSelection::DeviceSelection(Session& session, MainForm& form, BoardForm& board,
-                                 Settings& settings, Dialogs& dialogs, Messages& messages,
-                                 DeviceCheck& device_check, Catalogue& catalogue,
-                                 ConfigModel& config, BufferCommands& buffer)
+                                 ExtendForm& extend, Settings& settings, Dialogs& dialogs,
+                                 Messages& messages, DeviceCheck& device_check,
+                                 Catalogue& catalogue, ConfigModel& config, BufferCommands& buffer)
     : session_{session},
       form_{form},
       board_{board},
+      extend_{extend},
       settings_{settings},
       dialogs_{dialogs},
       messages_{messages},
@@ -77,6 +78,7 @@ void DeviceSelection::Combo_device_Click() {
 
 void DeviceSelection::load_record() {
     if (session_.WriterFound) form_.LabelCmt.Caption.set("");
+    extend_.Visible.set(false);
     form_.CmbInit.Visible.set(false);
     form_.TxtInit.Visible.set(false);
     const std::string name = form_.Combo_device.Text.get();
@@ -142,6 +144,8 @@ void DeviceSelection::reset_information_tabs() {
     tabs.TabVisible.set({});
 
     form_.Chk_12F_CalibData_Select.Visible.set(false);
+    // Checked is the safe state, whatever the user did to the former device.
+    form_.Chk_12F_CalibData_Select.Checked.set(true);
     form_.Text_Calib_Data.Enabled.set(false);
     form_.Text_Calib_Data.Text.set("--");
     form_.Label_Calib.Visible.set(false);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "app/dialogs.h"
+#include "app/extend_form.h"
 #include "app/main_form.h"
 #include "app/messages.h"
 #include "app/session.h"
@@ -21,9 +22,10 @@ struct DeviceGroup;
 
 class DeviceSelection {
   public:
-    DeviceSelection(Session& session, MainForm& form, BoardForm& board, Settings& settings,
-                    Dialogs& dialogs, Messages& messages, DeviceCheck& device_check,
-                    Catalogue& catalogue, ConfigModel& config, BufferCommands& buffer);
+    DeviceSelection(Session& session, MainForm& form, BoardForm& board, ExtendForm& extend,
+                    Settings& settings, Dialogs& dialogs, Messages& messages,
+                    DeviceCheck& device_check, Catalogue& catalogue, ConfigModel& config,
+                    BufferCommands& buffer);
 
     // What happens when Combo_device's choice is made, by the user or by an assignment. The image
     // of the former device is lost, even where the same device is chosen again.
@@ -49,6 +51,7 @@ class DeviceSelection {
     Session& session_;
     MainForm& form_;
     BoardForm& board_;
+    ExtendForm& extend_;
     Settings& settings_;
     Dialogs& dialogs_;
     Messages& messages_;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Blank check and program; operation_read.cpp has read, verify and the single areas.
+// Blank check and program; operation_read.cpp has read and verify, operation_areas.cpp the single
+// areas.
 #include "families/operation.h"
 
 #include <fmt/format.h>
@@ -34,6 +35,7 @@ Operation::Operation(RunContext& context, std::unique_ptr<Areas> areas,
       texts_{*record.texts} {}
 
 void Operation::announce(std::string_view status) {
+    if (status.empty()) return;
     messages_.ShowMessage(status);
     host_.pump();
 }
@@ -56,10 +58,7 @@ Outcome Operation::Blank_All() {
     form_.WaitCursor.set(true);
     announce(texts_.blank_checking);
     context_.views.ShowProgramMemory();
-    AreaTokens tokens;
-    tokens.pgm = areas_->Blank_Pgm();
-    tokens.eep = areas_->Blank_Eep();
-    tokens.cfg = areas_->Blank_Cfg();
+    const AreaTokens tokens = blank_areas();
     set_results(tokens);
     const bool link_error =
         tokens.pgm == Token::ER || tokens.eep == Token::ER || tokens.cfg == Token::ER;
@@ -68,20 +67,35 @@ Outcome Operation::Blank_All() {
     else if (!all_blank(tokens))
         report_not_blank(tokens);
     else
-        messages_.ShowMessage(texts_.blank);
+        messages_.ShowMessage(texts_.blank, areas_->blank_notes().status);
     context_.log.note(texts_.blank_log);
     return all_blank(tokens) ? Outcome::Success : Outcome::Failed;
 }
 
+AreaTokens Operation::blank_areas() {
+    AreaTokens tokens;
+    if (record_.blank_config_first) tokens.cfg = areas_->Blank_Cfg();
+    tokens.pgm = areas_->Blank_Pgm();
+    tokens.eep = areas_->Blank_Eep();
+    if (!record_.blank_config_first) tokens.cfg = areas_->Blank_Cfg();
+    return tokens;
+}
+
 void Operation::report_not_blank(const AreaTokens& tokens) {
-    // An area that doesn't exist is reported as not erased: the report has only two verdicts.
+    const auto notes = areas_->blank_notes();
+    messages_.ShowMessage(texts_.not_blank, notes.status);
+    if (record_.blank_report == BlankReport::StatusOnly) return;
+    // The report has only two verdicts.
     const auto line = [this](std::string_view area, Token token) {
+        if (token == Token::Absent && record_.blank_report == BlankReport::OwnAreas)
+            return std::string{};
         return fmt::format("{}\t{}\r\n", area,
-                           token == Token::YB ? texts_.area_blank : texts_.area_not_blank);
+                           is_blank(token) ? texts_.area_blank : texts_.area_not_blank);
     };
-    messages_.ShowMessage(texts_.not_blank);
-    std::string report = line(texts_.pgm, tokens.pgm) + line(texts_.eep, tokens.eep) +
+    std::string report = line(texts_.pgm_checked, tokens.pgm) + line(texts_.eep, tokens.eep) +
                          line(texts_.cfg_and_id, tokens.cfg);
+    if (notes.oscillator) report += line(texts_.oscillator, *notes.oscillator);
+    if (!notes.report.empty()) report += notes.report + "\r\n";
     if (session_.CodeProtect.any()) report += texts_.is_protected;
     context_.dialogs.box(
         {.title = std::string{texts_.blank_title}, .text = report, .icon = BoxIcon::Warning});
@@ -95,13 +109,17 @@ Outcome Operation::Program_All() {
     context_.views.show_eeprom();
     if (const auto socket = check_socket(); socket != Outcome::Success) return socket;
     announce(texts_.programming);
+    if (run_steps(record_.before, *areas_, context_).stopped) return Outcome::Failed;
     const bool skip = form_.mnuBlankSkip.Enabled.get() && form_.mnuBlankSkip.Checked.get();
     if (const auto go = skip ? Go::On : check_blank(); go != Go::On)
         return go == Go::Cancel ? Outcome::Cancelled : Outcome::Failed;
+    if (!skip || record_.pauses_without_check) host_.sleep(200ms);
     if (!erase_all()) return Outcome::Failed;
     // From here on the device is changed: a run that stops counts as failed.
     ++session_.TryCount;
-    const auto written = run_steps(record_.write, *areas_, context_);
+    auto written = run_steps(record_.write, *areas_, context_);
+    if (record_.hides_config_of_side && session_.ExtendPgmOnly && written.tokens.cfg == Token::OK)
+        written.tokens.cfg = Token::Absent;
     set_results(written.tokens);
     return written.stopped ? Outcome::Failed : conclude(started);
 }
@@ -118,10 +136,7 @@ Operation::Go Operation::check_blank() {
         announce(texts_.blank_done);
     else
         go = ask_overwrite();
-    if (go == Go::On)
-        host_.sleep(200ms);
-    else
-        set_results(tokens);
+    if (go != Go::On) set_results(tokens);
     return go;
 }
 
@@ -138,13 +153,14 @@ Operation::Go Operation::ask_overwrite() {
 }
 
 bool Operation::erase_all() {
+    if (record_.erase.empty()) return true;
     announce(texts_.erasing);
     if (run_steps(record_.erase, *areas_, context_).stopped) {
         messages_.ShowMessage(texts_.erase_failed);
         context_.link.Writer_Close();
         return false;
     }
-    messages_.ShowMessage(texts_.erased);
+    if (!texts_.erased.empty()) messages_.ShowMessage(texts_.erased);
     return true;
 }
 
@@ -171,8 +187,8 @@ Outcome Operation::conclude(Host::Time started) {
 }
 
 void Operation::show_areas_box(const AreaTokens& tokens) {
-    const auto line = [](std::string_view area, Token token) {
-        return fmt::format("{}\t={}\r\n", area, text(token));
+    const auto line = [this](std::string_view area, Token token) {
+        return fmt::format("{}\t{}{}\r\n", area, texts_.result_is, text(token));
     };
     std::string report = line(texts_.pgm, tokens.pgm);
     if (tokens.eep != Token::Absent) report += line(texts_.eep, tokens.eep);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Read, verify and the operations on a single area.
+// Read and verify.
 #include <fmt/format.h>
 
 #include <chrono>
@@ -7,6 +7,7 @@
 
 #include "app/buttons.h"
 #include "families/operation.h"
+#include "families/reading_config.h"
 #include "image/config_area.h"
 
 namespace quillon {
@@ -15,22 +16,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The words are kept as the device gave them until the read is over, whichever way it ends.
-class FromFileUntilEnd {
-  public:
-    explicit FromFileUntilEnd(bool& flag) : flag_{flag} {}
-    ~FromFileUntilEnd() { flag_ = false; }
-    FromFileUntilEnd(const FromFileUntilEnd&) = delete;
-    FromFileUntilEnd& operator=(const FromFileUntilEnd&) = delete;
-
-  private:
-    bool& flag_;
-};
-
 }  // namespace
 
 Outcome Operation::Read_All() {
-    const FromFileUntilEnd guard{session_.ConfigFromFile};
+    const ReadingConfig reading{session_.ConfigFromFile};
     LockButtons(form_);
     form_.Lbl_ID_Rev.Caption.set("");
     form_.Lbl_ID_Dev.Caption.set("");
@@ -42,7 +31,7 @@ Outcome Operation::Read_All() {
         return Outcome::Failed;
     }
     refresh_after_read();
-    const bool is_protected = session_.CodeProtect.any();
+    const bool is_protected = shows_protection();
     if (areas_->read_was_blank())
         messages_.ShowMessage(texts_.read_blank);
     else
@@ -54,10 +43,18 @@ Outcome Operation::Read_All() {
 
 AreaTokens Operation::read_areas() {
     AreaTokens tokens{Token::Absent, Token::Absent, Token::Absent};
+    announce(texts_.reading_pgm);
     if ((tokens.pgm = areas_->Read_Pgm()) == Token::NG) return tokens;
+    announce(texts_.reading_eep);
     if ((tokens.eep = areas_->Read_Eep()) == Token::NG) return tokens;
+    announce(texts_.reading_cfg);
     tokens.cfg = areas_->Read_Cfg();
     return tokens;
+}
+
+// Protection bits that match no option of the catalogue are no open part either.
+bool Operation::shows_protection() const {
+    return session_.CodeProtect.any() || context_.config.ProtectMixed();
 }
 
 void Operation::refresh_after_read() {
@@ -73,7 +70,7 @@ Outcome Operation::Verify_All() {
     context_.views.ShowProgramMemory();  // removes the mismatches of an earlier run
     if (const auto socket = check_socket(); socket != Outcome::Success) return socket;
     announce(texts_.verify_cfg_now);
-    const AreaTokens tokens{Token::Absent, Token::Absent, areas_->Verify_Cfg()};
+    const AreaTokens tokens{Token::Absent, Token::Absent, areas_->Verify_Cfg_Id()};
     Outcome outcome = Outcome::Failed;
     if (session_.CodeProtect.any()) {
         set_results(tokens);
@@ -83,7 +80,7 @@ Outcome Operation::Verify_All() {
     } else {
         outcome = verify_memories(tokens);
     }
-    for (int i = 0; i < 2; ++i) {
+    for (int i = 0; record_.pauses_after_verify && i < 2; ++i) {
         host_.pump();
         host_.sleep(200ms);
     }
@@ -106,39 +103,24 @@ Outcome Operation::report_verify(const AreaTokens& tokens) {
         return Outcome::Success;
     }
     messages_.ShowMessage(texts_.verify_bad);
-    const auto line = [](std::string_view area, Token token) {
-        return fmt::format("{}\t：{}", area, text(token));
+    const auto line = [this](std::string_view area, Token token) {
+        if (token == Token::Absent && record_.blank_report != BlankReport::EveryArea)
+            return std::string{};
+        return fmt::format("{}\t：{}\r\n", area, text(token));
     };
-    const auto& found = areas_->config_found();
-    const std::string report = line(texts_.pgm, tokens.pgm) + "\r\n" +
-                               line(texts_.eep, tokens.eep) + "\r\n" +
-                               line(texts_.cfg_verified, tokens.cfg) +
-                               fmt::format(operation_text::kVerifyCfgData, found.config, found.id);
+    std::string report = line(texts_.pgm_checked, tokens.pgm) + line(texts_.eep, tokens.eep) +
+                         config_line(tokens.cfg);
+    if (const auto note = areas_->verify_note(); !note.empty()) report += "\r\n" + note;
     context_.dialogs.box({.title = std::string{texts_.verify_error_title},
                           .text = report,
                           .icon = BoxIcon::Critical});
     return Outcome::Failed;
 }
 
-Outcome Operation::reload(std::span<const Step> steps, std::string_view done) {
-    const bool stopped = run_steps(steps, *areas_, context_).stopped;
-    if (!stopped) messages_.ShowMessage(done);
-    context_.link.Writer_Close();
-    return stopped ? Outcome::Failed : Outcome::Success;
-}
-
-Outcome Operation::Pgm_Reload() {
-    context_.views.ShowProgramMemory();
-    return reload(record_.reload_pgm, texts_.reload_pgm_done);
-}
-
-Outcome Operation::Eep_Reload() {
-    if (session_.EepBytes == 0) {
-        messages_.ShowMessage(texts_.no_eeprom);
-        return Outcome::Failed;
-    }
-    context_.views.show_eeprom();
-    return reload(record_.reload_eep, texts_.reload_eep_done);
+std::string Operation::config_line(Token token) const {
+    const auto& found = areas_->config_found();
+    return fmt::format("{}\t：{}", texts_.cfg_verified, text(token)) +
+           fmt::format(texts_.cfg_found, found.config, found.id);
 }
 
 }  // namespace quillon

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The messages of whole operations. The defaults are the 14-bit template's; a family replaces those
-// that it words differently. A message with a value in it is a format string of its own.
+// that it words differently. One that is empty isn't shown. A message with a value in it is a
+// format string.
 #pragma once
 
+#include <fmt/format.h>
+
+#include <string>
 #include <string_view>
 
 namespace quillon {
@@ -10,6 +14,7 @@ namespace quillon {
 struct OperationTexts {
     // Areas, as the reports name them
     std::string_view pgm = "プログラムメモリ";
+    std::string_view pgm_checked = "プログラムメモリ";  // in blank check and verify
     std::string_view eep = "ＥＥＰＲＯＭデータメモリ";
     std::string_view cfg_and_id = "ＣＯＮＦＩＧ　，　ＩＤ";
     // 3 full-width blanks at the end
@@ -17,6 +22,15 @@ struct OperationTexts {
         "ＣＯＮＦＩＧ. ワード"
         "　　　";
     std::string_view cfg_verified = "Ｃｏｎｆｉｇワード ";
+    // 2 full-width blanks at the end
+    fmt::format_string<const std::string&, const std::string&> cfg_found =
+        "　（Ｃｏｎｆｉｇ：{}，ＩＤ：{}）"
+        "　　";
+    // 4 full-width blanks at the end
+    std::string_view oscillator =
+        "オシレータタイプ"
+        "　　　　";
+    std::string_view result_is = "=";
 
     // Blank check
     std::string_view blank_checking = "ブランクチェック中..........";
@@ -51,6 +65,9 @@ struct OperationTexts {
     std::string_view verify_title = "ベリファイ";
 
     // Read
+    std::string_view reading_pgm = "";
+    std::string_view reading_eep = "";
+    std::string_view reading_cfg = "";
     std::string_view read_blank = "読み出し完了。　デバイスは消去されています。";
     std::string_view read_done = "読み出し完了。";
     std::string_view read_protected =
@@ -77,6 +94,7 @@ struct OperationTexts {
         "Ｆｌａｓｈプログラムメモリ＆コンフィグレーションワード プログラム終了";
     std::string_view reload_eep_done =
         "プログラムデータメモリー..........ＥＥＰＲＯＭデータメモリーのプログラミングに成功しました。";
+    std::string_view reload_eep_failed = "";
     std::string_view no_eeprom = "このデバイスにはデータメモリがありません。";
 };
 
@@ -91,10 +109,6 @@ inline constexpr std::string_view kSuccess =
     "{}sec　終了時刻：{}  Pass = {}    Fail = {}";
 inline constexpr std::string_view kFailure =
     "プログラミング失敗。　終了時刻：{}  Pass = {}    Fail = {}";
-// 2 full-width blanks at the end
-inline constexpr std::string_view kVerifyCfgData =
-    "　（Ｃｏｎｆｉｇ：{}，ＩＤ：{}）"
-    "　　";
 
 }  // namespace operation_text
 

@@ -9,7 +9,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-bool applies(Only only, const Session& session) {
+bool applies(Only only, const RunContext& context) {
+    const auto& session = context.session;
     switch (only) {
         case Only::Always:
             return true;
@@ -19,6 +20,8 @@ bool applies(Only only, const Session& session) {
             return !session.ExtendPgmOnly;
         case Only::WithConfig:
             return !session.ExtendPgmOnly || session.ExtendCfgToo;
+        case Only::KeepingCalibration:
+            return context.form.Chk_12F_CalibData_Select.Checked.get();
     }
     return true;
 }
@@ -30,8 +33,10 @@ void set(AreaTokens& tokens, Slot slot, Token token) {
 }
 
 void tell_failure(const Step& step, RunContext& context) {
+    if (step.on_bad == OnBad::StopIfRefused) return;
     if (step.on_bad == OnBad::Tell) {
-        context.messages.ShowMessage(step.failure);
+        // Without a text of its own the routine's line stays.
+        if (!step.failure.empty()) context.messages.ShowMessage(step.failure);
         return;
     }
     if (step.on_bad == OnBad::CloseBoxAndStop) context.link.Writer_Close();
@@ -45,15 +50,20 @@ void tell_failure(const Step& step, RunContext& context) {
 StepsDone run_steps(std::span<const Step> steps, Areas& areas, RunContext& context) {
     StepsDone done;
     for (const auto& step : steps) {
-        if (!applies(step.only, context.session)) continue;
-        context.messages.ShowMessage(step.status);
-        context.host.pump();
+        if (!applies(step.only, context)) continue;
+        if (!step.status.empty()) {
+            context.messages.ShowMessage(step.status);
+            context.host.pump();
+        }
         if (step.pause > 0ms) context.host.sleep(step.pause);
         if (step.routine == nullptr) continue;
         const Token token = (areas.*step.routine)();
         const bool bad = token == Token::NG || token == Token::ER;
-        if (bad || step.on_bad == OnBad::Keep) set(done.tokens, step.slot, token);
-        if (!bad || step.on_bad == OnBad::Keep) continue;
+        const bool goes_on = step.on_bad == OnBad::Keep ||
+                             (step.on_bad == OnBad::StopIfRefused && token == Token::ER);
+        if (bad || goes_on) set(done.tokens, step.slot, token);
+        done.failed = done.failed || bad;
+        if (!bad || goes_on) continue;
         tell_failure(step, context);
         done.stopped = true;
         break;

@@ -20,6 +20,7 @@ enum class Slot : std::uint8_t { None, Pgm, Eep, Cfg };
 // What a token that isn't OK (NG, ER) does.
 enum class OnBad : std::uint8_t {
     Keep,             // it is a result, and the run goes on
+    StopIfRefused,    // the same for ER; NG ends the run
     Tell,             // the failure's line, and the run ends
     BoxAndStop,       // a box
     CloseBoxAndStop,  // the port is closed first, so that the board isn't held while the user reads
@@ -27,13 +28,14 @@ enum class OnBad : std::uint8_t {
 
 enum class Only : std::uint8_t {
     Always,
-    WithEeprom,  // the device has one
-    WholePart,   // unless the program area alone is in the run
-    WithConfig,  // unless the program area alone is, without its configuration
+    WithEeprom,          // the device has one
+    WholePart,           // unless the program area alone is in the run
+    WithConfig,          // unless the program area alone is, without its configuration
+    KeepingCalibration,  // the user wants the device's calibration kept
 };
 
 struct Step {
-    std::string_view status;
+    std::string_view status = "";  // "": nothing is shown
     std::chrono::milliseconds pause{};
     Token (Areas::*routine)() = nullptr;  // none: the status line alone
     Slot slot = Slot::None;
@@ -45,6 +47,7 @@ struct Step {
 
 struct StepsDone {
     bool stopped = false;
+    bool failed = false;  // one of the steps, whether it stopped the run or not
     AreaTokens tokens{Token::Absent, Token::Absent, Token::Absent};
 };
 

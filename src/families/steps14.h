@@ -53,6 +53,10 @@ inline constexpr std::array kCfgPgmEep{
     kEraseEep,
 };
 
+// One area alone. The routine shows what became of it.
+inline constexpr std::array kErasePgm{Step{.routine = &Areas::Pgm_Erase}};
+inline constexpr std::array kEraseEepAlone{Step{.routine = &Areas::Eep_Erase}};
+
 // A mismatch doesn't stop the run: it is reported at the end with the other areas'.
 inline constexpr std::array kWriteStage{
     Step{

@@ -12,6 +12,20 @@ inline constexpr std::string_view kNotServed =
 inline constexpr std::string_view kBadSize =
     "redデバイス情報設定ファイルのプログラムメモリサイズが正しくありません。";
 inline constexpr std::string_view kChipErasing = "チップイレース.....";
+// A calibration word that an erase would lose
+inline constexpr std::string_view kCalibrationTitle = "キャリブレーションデータの消去";
+inline constexpr std::string_view kCalibrationLost =
+    "この消去では、工場出荷時のキャリブレーションデータとＢＧデータも失われます。"
+    "\r\n"
+    "データを保持して消去する時は、［拡張］の画面の消去を使用してください。"
+    "\r\n"
+    "消去しますか？";
+inline constexpr std::string_view kEraseCancelled = "消去操作をキャンセルしました。";
+inline constexpr std::string_view kNoCalibrationWord =
+    "redこのデバイスには、単独で読み書きできるキャリブレーションデータがありません。";
+// An erase for which the device has no command
+inline constexpr std::string_view kUseAreaDialog =
+    "redこのデバイスは、［拡張］の画面から消去してください。";
 inline constexpr std::string_view kGivenUp = "red操作を中止しました。";
 // A search while the board is known from the last one
 inline constexpr std::string_view kAlreadyFound = "ライターは、COM{}に検出済みです。";

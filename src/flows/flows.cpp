@@ -3,128 +3,17 @@
 
 #include <fmt/format.h>
 
-#include "app/buttons.h"
+#include <string>
+
 #include "flows/flow_texts.h"
-#include "image/fill.h"
+#include "parts/device_traits.h"
 
 namespace quillon {
 
-namespace {
-
-// True while an operation runs, whichever way it ends.
-class Running {
-  public:
-    explicit Running(bool& flag) : flag_{flag} { flag_ = true; }
-    ~Running() { flag_ = false; }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-
-  private:
-    bool& flag_;
-};
-
-}  // namespace
-
-template <typename Operation>
-Outcome Flows::run(Operation operation) {
-    if (running_) return Outcome::Failed;
-    const Running running{running_};
-    Outcome outcome = Outcome::Failed;
-    try {
-        open();
-        outcome = operation();
-        close();
-    } catch (const Abandoned& abandoned) {
-        outcome = abandon(abandoned.reason);
-    } catch (...) {
-        context_.port.close();
-        give_controls_back();
-        throw;
-    }
-    context_.session.Status = outcome == Outcome::Success ? Token::OK : Token::NG;
-    failed_runs_ = context_.session.TryCount - context_.session.PassCount;
-    return outcome;
-}
-
-void Flows::open() {
-    auto& session = context_.session;
-    auto& form = context_.form;
-    LockButtons(form);
-    form.mnuComPort.Enabled.set(false);
-    form.Command_stop.Enabled.set(true);
-    form.Lbl_Calib_ReadWrite_Data.Caption.set("--");
-    form.CmbInit.Visible.set(false);
-    form.TxtInit.Visible.set(false);
-    session.CodeProtect = {};
-    session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
-    session.ResultAll.clear();
-    session.FailDetail.clear();
-}
-
-// The operation's verdict is known by now: giving up here only cuts the pauses short.
-void Flows::close() {
-    try {
-        context_.link.Writer_Close();
-    } catch (const Abandoned& abandoned) {
-        context_.port.close();
-        if (abandoned.reason == Abandoned::Reason::PortLost) context_.link.show_no_board();
-    }
-    give_controls_back();
-}
-
-void Flows::give_controls_back() {
-    context_.form.Command_stop.Enabled.set(false);
-    context_.form.mnuComPort.Enabled.set(true);
-    release_buttons(context_.session.PgmType.text(), context_.form);
-    context_.form.WaitCursor.set(false);
-    context_.messages.ShowProgress(Messages::Progress::Off);
-    context_.form.Focus.set("frmMain");
-}
-
-// Doesn't wait and sends nothing, so that giving up takes effect at once. The next operation's
-// check brings the board back to its command loop.
-Outcome Flows::abandon(Abandoned::Reason reason) {
-    auto& session = context_.session;
-    context_.port.close();
-    // The run as a whole has no result, even if an area has one.
-    session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
-    session.ResultAll.clear();
-    // A read may have changed a part of the image: the check sum is the present image's.
-    context_.views.ShowConfigSummary();
-    give_controls_back();
-    if (reason == Abandoned::Reason::PortLost) {
-        context_.link.show_no_board();
-        context_.messages.ShowMessage(flow_text::kPortLost, flow_text::kPortLostHint);
-        return Outcome::PortLost;
-    }
-    context_.messages.ShowMessage(flow_text::kGivenUp);
-    return Outcome::GivenUp;
-}
-
-// A count of words is sent in two bytes. A count of 0 would be written and verified at once, as a
-// success.
-bool Flows::size_fits_wire() const {
-    const auto& session = context_.session;
-    return session.PgmWords > 0 && (session.PgmWords <= 0xFFFF || is_pic18(session.PgmType));
-}
-
 Outcome Flows::main_button(Chain chain, Outcome (Family::*entry)()) {
-    return run([&] {
-        if (context_.selection.Mcu_Selected_Check() == Token::NG) return Outcome::NoDevice;
-        if (!size_fits_wire()) {
-            context_.messages.ShowMessage(flow_text::kBadSize);
-            return Outcome::Failed;
-        }
-        context_.messages.ShowMessage(flow_text::kChecking);
-        context_.host.pump();
-        if (context_.link.Writer_Check() == Token::NG) return Outcome::NoBoard;
-        const auto family =
-            make_family(module_of(context_.form.Combo_device.Text.get(), chain), context_);
-        if (!family) {
-            context_.messages.ShowMessage(flow_text::kNotServed);
-            return Outcome::NotServed;
-        }
-        return ((*family).*entry)();
+    return frame_.run([&] {
+        return frame_.with_family(frame_.module(chain), flow_text::kChecking,
+                                  [&](Family& family) { return (family.*entry)(); });
     });
 }
 
@@ -133,37 +22,76 @@ Outcome Flows::Command_read() { return main_button(Chain::Read, &Family::Read_Al
 Outcome Flows::Command_Verify() { return main_button(Chain::Verify, &Family::Verify_All); }
 Outcome Flows::Command_program() { return main_button(Chain::Program, &Family::Program_All); }
 
-Outcome Flows::erase_command(std::string_view status, Token (GenericEngine::*erase)()) {
-    return run([&] {
+// The per-area dialog keeps what these commands don't.
+bool Flows::may_lose_calibration() {
+    if (context_.session.PgmType != ProgrammingType::T12F6) return true;
+    const auto answer = context_.dialogs.box({
+        .title = std::string{flow_text::kCalibrationTitle},
+        .text = std::string{flow_text::kCalibrationLost},
+        .icon = BoxIcon::Warning,
+        .buttons = BoxButtons::OkCancel,
+        .default_answer = BoxAnswer::Cancel,
+        .name = "calibration",
+    });
+    if (answer == BoxAnswer::Ok) return true;
+    context_.messages.ShowMessage(flow_text::kEraseCancelled);
+    return false;
+}
+
+void Flows::advise_other_erase(bool known) {
+    if (!known && has_flash_name(context_.session.DeviceName))
+        context_.messages.AddMessage(flow_text::kUseAreaDialog);
+}
+
+Outcome Flows::erase_command(std::string_view status, Token (NamedErase::*erase)()) {
+    return frame_.run([&] {
         if (context_.selection.Mcu_Selected_Check() == Token::NG) return Outcome::NoDevice;
+        if (!may_lose_calibration()) return Outcome::Cancelled;
         if (context_.link.Writer_Check() == Token::NG) return Outcome::NoBoard;
         context_.link.Writer_Find();
         if (!context_.session.WriterFound) return Outcome::NoBoard;
         if (!status.empty()) context_.messages.ShowMessage(status);
-        const Token erased = (engine_.*erase)();
+        const Token erased = (erases_.*erase)();
         if (erased == Token::NG) return Outcome::NoBoard;  // its own check found no board
         return erased == Token::OK ? Outcome::Success : Outcome::Failed;
     });
 }
 
-Outcome Flows::mnuPgmErase_Click() { return erase_command("", &GenericEngine::Pgm_Erase); }
-Outcome Flows::mnuChipErase_Click() {
-    return erase_command(flow_text::kChipErasing, &GenericEngine::Chip_Erase);
+Outcome Flows::mnuPgmErase_Click() {
+    const auto outcome = erase_command("", &NamedErase::Pgm_Erase);
+    if (outcome == Outcome::Failed) advise_other_erase(erases_.knows_Pgm_Erase());
+    return outcome;
 }
 
-void Flows::Command_stop_Click() {
-    if (!running_) return;
-    context_.form.Command_stop.Enabled.set(false);
-    context_.host.give_up(Abandoned::Reason::Stopped);
+Outcome Flows::mnuChipErase_Click() {
+    const auto outcome = erase_command(flow_text::kChipErasing, &NamedErase::Chip_Erase);
+    if (outcome == Outcome::Failed) advise_other_erase(erases_.knows_Chip_Erase());
+    return outcome;
 }
+
+// On other parts the write would overwrite the last word of the program.
+Outcome Flows::word_command(Outcome (Family::*entry)()) {
+    return frame_.run([&] {
+        if (context_.selection.Mcu_Selected_Check() == Token::NG) return Outcome::NoDevice;
+        if (!has_single_calibration_word(context_.session.PgmType)) {
+            context_.messages.ShowMessage(flow_text::kNoCalibrationWord);
+            return Outcome::NotServed;
+        }
+        return frame_.with_family(frame_.module(), "",
+                                  [&](Family& family) { return (family.*entry)(); });
+    });
+}
+
+Outcome Flows::Command1_Click() { return word_command(&Family::Word_Read); }
+Outcome Flows::Command2_Click() { return word_command(&Family::Word_Write); }
 
 Outcome Flows::Label_FirmwareVersion_Click() {
-    if (context_.session.WriterFound && !running_) {
+    if (context_.session.WriterFound && !running()) {
         context_.messages.ShowMessage(
             fmt::format(flow_text::kAlreadyFound, context_.session.ComNo));
         return Outcome::Success;
     }
-    return run([&] {
+    return frame_.run([&] {
         context_.link.Writer_Find();
         return context_.session.WriterFound ? Outcome::Success : Outcome::NoBoard;
     });

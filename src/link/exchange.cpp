@@ -19,6 +19,10 @@ constexpr auto kReportTime = 20000us;
 constexpr std::size_t kConfigReport = 4;
 constexpr std::size_t kItemReport = 3;  // the abort byte and a word
 
+bool is_one_of(std::uint8_t byte, std::string_view letters) {
+    return letters.find(static_cast<char>(byte)) != std::string_view::npos;
+}
+
 }  // namespace
 
 void Exchange::begin() {
@@ -89,6 +93,12 @@ std::vector<std::uint8_t> Exchange::read_config(std::size_t bytes, Limit limit) 
     return take();
 }
 
+std::vector<std::uint8_t> Exchange::read_config_at_once(std::size_t bytes) {
+    acknowledge();
+    wait(bytes + 1, kNoLimit);
+    return take();
+}
+
 // The bar is drawn at each hundredth part only, and a poll may find the count beyond one.
 void Exchange::show_progress(std::size_t from, std::size_t to, std::size_t total) {
     const std::size_t step = total / 100;
@@ -109,9 +119,9 @@ std::vector<std::uint8_t> Exchange::take_report(std::size_t most) {
     return reply;
 }
 
-std::vector<std::uint8_t> Exchange::take_ready(std::uint8_t abort) {
+std::vector<std::uint8_t> Exchange::take_ready(std::string_view abort) {
     auto reply = take();
-    if (reply.size() == 1 && reply.front() == abort) {
+    if (reply.size() == 1 && is_one_of(reply.front(), abort)) {
         const auto rest = take_report(kItemReport - 1);
         reply.insert(reply.end(), rest.begin(), rest.end());
     }
@@ -131,7 +141,7 @@ WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, const Wr
             break;
         }
         result.reply = take_ready(rules.abort);
-        if (result.reply.size() > 1 && result.reply.front() == rules.abort) {
+        if (result.reply.size() > 1 && is_one_of(result.reply.front(), rules.abort)) {
             result.end = WriteEnd::Interrupted;
             break;
         }
@@ -146,7 +156,10 @@ WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, const Wr
         return result;
     }
     result.reply = take();
-    if (result.reply.front() != kEndCode) result.end = WriteEnd::NoEndCode;
+    if (result.reply.front() == kEndCode) return result;
+    result.end = WriteEnd::NoEndCode;
+    const auto rest = take_report(kItemReport);
+    result.reply.insert(result.reply.end(), rest.begin(), rest.end());
     return result;
 }
 

@@ -28,6 +28,7 @@ inline constexpr std::uint8_t kEndCode = '@';
 inline constexpr std::chrono::milliseconds kUsualReply{1000};
 // In a write stream of EEPROM or configuration: the item just sent failed.
 inline constexpr std::uint8_t kItemFailed = '*';
+
 enum class WriteEnd : std::uint8_t {
     Done,
     NoReady,      // no ready byte came within the limit
@@ -44,8 +45,8 @@ struct WriteResult {
 
 // What bounds and ends a write stream.
 struct WriteRules {
-    std::uint8_t abort = kEndCode;  // interrupts where more bytes come behind it
-    Limit limit = kNoLimit;         // of each wait
+    std::string_view abort = "@";  // any of these interrupts where more bytes come behind it
+    Limit limit = kNoLimit;        // of each wait
     std::size_t item_bytes = 2;
 };
 
@@ -79,6 +80,8 @@ class Exchange {
     // The data of a configuration read, within the limit, then "@" and the end code. Empty where
     // the data didn't come; the wait for the end code has no limit.
     std::vector<std::uint8_t> read_config(std::size_t bytes, Limit limit);
+    // The same for a routine that sends its "@" at once, before the data has come. No limit.
+    std::vector<std::uint8_t> read_config_at_once(std::size_t bytes);
 
     // Sends the image item by item, each after a ready byte, and takes the end code. A lone abort
     // byte is a ready byte like any other; only one with more bytes behind it interrupts.
@@ -90,7 +93,7 @@ class Exchange {
   private:
     bool wait_watched(std::size_t bytes, SilenceWatch& silence);
     std::vector<std::uint8_t> take_report(std::size_t most);
-    std::vector<std::uint8_t> take_ready(std::uint8_t abort);
+    std::vector<std::uint8_t> take_ready(std::string_view abort);
     void show_progress(std::size_t from, std::size_t to, std::size_t total);
 
     Dialect dialect_;

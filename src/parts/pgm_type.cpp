@@ -46,4 +46,6 @@ bool has_word_eeprom(ProgrammingType type) {
 
 bool logs_calibration(ProgrammingType type) { return one_of(type, T12C5, T10F2, T12C6, T12F6); }
 
+bool has_single_calibration_word(ProgrammingType type) { return one_of(type, T12C6, T12F6); }
+
 }  // namespace quillon

@@ -72,5 +72,7 @@ bool is_pic18_flash(ProgrammingType type);
 bool has_word_eeprom(ProgrammingType type);
 // The last word of program memory is a calibration word, shown in the log.
 bool logs_calibration(ProgrammingType type);
+// 12F6, 12C6: that word can be read and written alone.
+bool has_single_calibration_word(ProgrammingType type);
 
 }  // namespace quillon

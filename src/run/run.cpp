@@ -21,12 +21,14 @@ Run::Run(SettingsStore& store, Host& host_, SerialPort& port_, Dialogs& dialogs_
       config{session, form, messages, views, catalogue},
       device_check{session, form, dialogs, messages},
       buffer{session, form, messages, views, config, device_check},
-      selection{session,  form,         board,     settings, dialogs,
-                messages, device_check, catalogue, config,   buffer},
+      selection{session,  form,         board,     extend_form, settings, dialogs,
+                messages, device_check, catalogue, config,      buffer},
       files{session,  form,  about,  settings, host,     dialogs,
             messages, views, config, buffer,   selection},
       context{session, form, host, port, dialogs, messages, log, views, config, selection, link},
-      flows{context},
+      frame{context},
+      flows{context, frame},
+      extend{context, frame, extend_form, settings},
       stop{stop_form, form, flows},
       menu{*this} {
     form.Combo_device.Click = [this] { selection.Combo_device_Click(); };

@@ -5,6 +5,7 @@
 
 #include "app/buttons.h"
 #include "app/dialogs.h"
+#include "app/extend_form.h"
 #include "app/host.h"
 #include "app/main_form.h"
 #include "app/messages.h"
@@ -18,7 +19,9 @@
 #include "catalogue/device_check.h"
 #include "catalogue/device_selection.h"
 #include "files/hex_files.h"
+#include "flows/extend_flows.h"
 #include "flows/flows.h"
+#include "flows/operation_frame.h"
 #include "hex/id_entry.h"
 #include "image/views.h"
 #include "link/link.h"
@@ -47,6 +50,7 @@ struct Run {
     BoardForm board;
     AboutForm about;
     OptionForm option_form;
+    ExtendForm extend_form;
     StopForm stop_form;
     DeviceSelectForm device_select_form;
     Settings settings;
@@ -64,7 +68,9 @@ struct Run {
     DeviceSelection selection;
     HexFiles files;
     RunContext context;
+    OperationFrame frame;
     Flows flows;
+    ExtendFlows extend;
     StopDialog stop;
     MenuCommands menu;
 };

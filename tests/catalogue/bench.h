@@ -53,14 +53,15 @@ struct Bench {
     Session& session = *heap;
     MainForm form;
     BoardForm board;
+    ExtendForm extend;
     Messages messages{form};
     MemoryViews views{session, form, host};
     Catalogue catalogue{session, form, board, host, dialogs};
     ConfigModel config{session, form, messages, views, catalogue};
     DeviceCheck device_check{session, form, dialogs, messages};
     BufferCommands buffer{session, form, messages, views, config, device_check};
-    DeviceSelection selection{session,  form,         board,     settings, dialogs,
-                              messages, device_check, catalogue, config,   buffer};
+    DeviceSelection selection{session,  form,         board,     extend, settings, dialogs,
+                              messages, device_check, catalogue, config, buffer};
 };
 
 // A block of that name with the given rows, each ending in a line end.

@@ -105,6 +105,7 @@ struct FilesBench {
     Session session;
     MainForm form;
     BoardForm board;
+    ExtendForm extend;
     AboutForm about;
     Settings settings{store};
     Messages messages{form};
@@ -113,8 +114,8 @@ struct FilesBench {
     ConfigModel config{session, form, messages, views, catalogue};
     DeviceCheck device_check{session, form, dialogs, messages};
     BufferCommands buffer{session, form, messages, views, config, device_check};
-    DeviceSelection selection{session,  form,         board,     settings, dialogs,
-                              messages, device_check, catalogue, config,   buffer};
+    DeviceSelection selection{session,  form,         board,     extend, settings, dialogs,
+                              messages, device_check, catalogue, config, buffer};
     HexFiles files{session,  form,  about,  settings, host,     dialogs,
                    messages, views, config, buffer,   selection};
     std::vector<std::string> shown;  // "red " before a red text, "|" between main and extra text

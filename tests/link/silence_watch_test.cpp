@@ -57,7 +57,7 @@ TEST(silent_board, is_reported_once_in_a_write_of_many_slow_items) {
     bench.port.when("\x01\x02", {{5s, "r"}});
     bench.port.when("\x03\x04", {{2s, "r"}});
     bench.port.when("\x05\x06", {{5s, "@"}});
-    EXPECT_EQ(bench.wire.write_stream(kImage, {.abort = '*'}).end, WriteEnd::Done);
+    EXPECT_EQ(bench.wire.write_stream(kImage, {.abort = "*"}).end, WriteEnd::Done);
 
     EXPECT_EQ(bench.shown.lines.size(), 1U);
 }
@@ -69,7 +69,7 @@ TEST(silent_board, is_not_reported_where_each_item_of_a_write_comes_in_time) {
     bench.port.arrives(2s, "r");
     bench.port.when("\x01\x02", {{2s, "r"}});
     bench.port.when("\x03\x04", {{2s, "@"}});
-    EXPECT_EQ(bench.wire.write_stream(kImage, {.abort = '*'}).end, WriteEnd::Done);
+    EXPECT_EQ(bench.wire.write_stream(kImage, {.abort = "*"}).end, WriteEnd::Done);
 
     EXPECT_EQ(bench.shown.lines, Lines{});
 }

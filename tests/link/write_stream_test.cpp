@@ -17,7 +17,7 @@ constexpr std::string_view kItem3 = "\x20\x7E";
 constexpr auto kByteTime = 174us;
 
 // The board asks at once for the first item; the test decides what it answers to each.
-WriteResult write(LinkBench& bench, std::uint8_t abort = '@', Limit limit = 10s) {
+WriteResult write(LinkBench& bench, std::string_view abort = "@", Limit limit = 10s) {
     bench.open_port();
     return bench.wire.write_stream(kImage, {.abort = abort, .limit = limit});
 }
@@ -69,7 +69,7 @@ TEST(write_stream, takes_a_lone_failure_mark_for_a_ready_byte_in_an_eeprom_write
     bench.port.when(kItem2, "@");
     bench.port.when(kItem3, "@");
 
-    EXPECT_EQ(write(bench, '*', kNoLimit).end, WriteEnd::Done);
+    EXPECT_EQ(write(bench, "*", kNoLimit).end, WriteEnd::Done);
 }
 
 TEST(write_stream, goes_on_after_several_bytes_that_do_not_begin_with_the_abort_byte) {
@@ -107,7 +107,7 @@ TEST(write_stream, waits_for_bytes_on_the_heels_of_an_abort_byte) {
     LinkBench bench;
     bench.port.arrives(1ms, "r");
     bench.port.when(kItem1, {{1ms, "*"}, {kByteTime, "\x3F"}, {kByteTime, "\x55"}});
-    const auto result = write(bench, '*', kNoLimit);
+    const auto result = write(bench, "*", kNoLimit);
 
     EXPECT_EQ(result.end, WriteEnd::Interrupted);
     EXPECT_EQ(result.index, 2U);
@@ -162,7 +162,7 @@ TEST(write_stream, waits_for_ever_without_a_limit) {
     bench.port.when(kItem2, {{5min, "r"}});
     bench.port.when(kItem3, {{5min, "@"}});
 
-    EXPECT_EQ(write(bench, '*', kNoLimit).end, WriteEnd::Done);
+    EXPECT_EQ(write(bench, "*", kNoLimit).end, WriteEnd::Done);
 }
 
 TEST(write_stream, hides_the_bar_whichever_way_it_ends) {
