@@ -81,6 +81,8 @@ class Areas {
     virtual BlankNotes blank_notes() const { return {}; }
     // A further line for the report of a verify.
     virtual std::string verify_note() const { return {}; }
+    // Shown behind the verdict on a programmed part whose calibration word can't be one.
+    virtual std::string calibration_warning() const { return {}; }
     // Of the last Verify_Cfg.
     const ConfigFound& config_found() const { return config_found_; }
 

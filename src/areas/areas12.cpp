@@ -166,6 +166,11 @@ Token Areas12::Take_Calibration() {
     return Token::OK;
 }
 
+std::string Areas12::calibration_warning() const {
+    if (!record_.osccal || word_back_ >> 8 == kMovlw12) return {};
+    return fmt::format(areas12_text::kNoCalibration, word_back_);
+}
+
 Token Areas12::Show_Calibration() {
     if (!record_.osccal) return Token::Absent;
     calibration_.show_written(word_back_);

@@ -45,6 +45,7 @@ class Areas12 : public WiredAreas {
     Token Show_Calibration() override;
     bool read_was_blank() const override;
     BlankNotes blank_notes() const override;
+    std::string calibration_warning() const override;
 
   private:
     // All of the stream, with the end code behind it.

@@ -47,6 +47,10 @@ class Areas14 : public WiredAreas {
     Token Show_Calibration() override;
     bool read_was_blank() const override;
     std::string verify_note() const override;
+    std::string calibration_warning() const override;
+
+  protected:
+    void note_calibration_at_risk() override;
 
   private:
     enum class IdWords : std::uint8_t { Compared, LeftOut };
@@ -74,6 +78,7 @@ class Areas14 : public WiredAreas {
     AndWord pgm_and_;
     AndWord eep_and_;
     AndWord cfg_and_;
+    bool word_read_ = false;           // in this operation
     std::uint16_t last_word_ = 0;      // of the last program verify
     std::uint8_t device_bandgap_ = 0;  // of the last config verify
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The calibration word of the 14-bit parts, read and written alone, and the band gap in the
 // configuration word.
+#include <fmt/format.h>
+
 #include <array>
 #include <chrono>
 
@@ -48,6 +50,7 @@ Token Areas14::Word_Read() {
     if (reply.empty() || reply[2] != kEndCode) return report(Token::ER, texts_.read_word_failed);
     session_.CalibHi = reply[0];
     session_.CalibLo = reply[1];
+    word_read_ = true;
     return report(Token::OK, texts_.read_word_done);
 }
 
@@ -59,6 +62,7 @@ Token Areas14::Word_Write() {
     wire_.send_byte(kRetlw14);
     wire_.send_byte(session_.CalibLo);
     const bool done = wire_.wait(1, kWordLimit) && wire_.take().front() == kEndCode;
+    if (done) session_.word_at_risk = false;
     return report(done ? Token::OK : Token::ER,
                   done ? texts_.write_word_done : texts_.write_word_failed);
 }
@@ -79,8 +83,9 @@ Token Areas14::Cfg_Write_12F6() {
     wire_.send("wec");
     wire_.send_number(kAreaWords);
     const auto written = wire_.write_config(bandgap_area(session_.CalibBg));
-    if (written.end == WriteEnd::Done) return Token::OK;
-    return report(Token::NG, texts_.write_cfg_failed);
+    if (written.end != WriteEnd::Done) return report(Token::NG, texts_.write_cfg_failed);
+    session_.bandgap_at_risk = false;
+    return Token::OK;
 }
 
 Token Areas14::Take_Calibration() {
@@ -114,6 +119,18 @@ Token Areas14::Take_Erase_Calibration() {
     calibration_.put_bandgap_into_image();
     context_.views.ShowConfigSummary();
     return Token::OK;
+}
+
+void Areas14::note_calibration_at_risk() {
+    session_.word_at_risk = word_read_;
+    session_.bandgap_at_risk = word_read_ && has_bandgap();
+}
+
+// The program of a part whose calibration was lost before calls a word that is no instruction of
+// the factory's.
+std::string Areas14::calibration_warning() const {
+    if (record_.osccal == Osccal14::None || last_word_ >> 8 == kRetlw14) return {};
+    return fmt::format(areas14_text::kNoCalibration, last_word_);
 }
 
 Token Areas14::Show_Calibration() {

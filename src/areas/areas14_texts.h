@@ -133,6 +133,11 @@ inline constexpr std::string_view kVerifyCfgData =
     "デバイスにプログラミングされているデータ。ＣＯＮＦＩＧ：{}ＩＤ：{}";
 inline constexpr std::string_view kVerifyCalibration =
     "マイコン内部のＢＧ(コンフィグ内)データ:0x{:X} ,キャリブレーションデータ:0x{:04X}";
+inline constexpr std::string_view kFileHasNoCalibration =
+    "\r\n"
+    "ファイルにキャリブレーションデータがないため、最後のワードは一致しません。";
+inline constexpr std::string_view kNoCalibration =
+    "redデバイスの最後のワード 0x{:04X} は、キャリブレーションデータではありません。";
 
 }  // namespace areas14_text
 

@@ -112,7 +112,11 @@ Token Areas14::verify_config(IdWords id_words) {
 
 std::string Areas14::verify_note() const {
     if (!has_bandgap()) return {};
-    return fmt::format(areas14_text::kVerifyCalibration, device_bandgap_, last_word_);
+    auto note = fmt::format(areas14_text::kVerifyCalibration, device_bandgap_, last_word_);
+    const auto last = 2 * static_cast<std::size_t>(session_.PgmWords) - 2;
+    const auto in_image = word_high_first(session_.PgmMem[last], session_.PgmMem[last + 1]);
+    if (in_image == kWord14 && last_word_ != in_image) note += areas14_text::kFileHasNoCalibration;
+    return note;
 }
 
 }  // namespace quillon

@@ -50,6 +50,7 @@ Token Areas14::Write_Pgm() {
     const auto written = wire_.write_stream(program_image(), {.abort = "@", .limit = kWriteLimit});
     switch (written.end) {
         case WriteEnd::Done:
+            session_.word_at_risk = false;
             return report(Token::OK, texts_.write_pgm_done);
         case WriteEnd::NoReady:
             // The shown number is that of the awaited word less two, as the product's text has it.
@@ -111,7 +112,10 @@ Token Areas14::Write_Cfg() {
         for (const auto i : kUntouchedWords) image[i] |= kDontWrite;
     const auto written = wire_.write_config(image);
     for (const auto i : kUntouchedWords) source[i] &= 0x3F;
-    if (written.end == WriteEnd::Done) return report(Token::OK, texts_.write_cfg_done);
+    if (written.end == WriteEnd::Done) {
+        session_.bandgap_at_risk = false;
+        return report(Token::OK, texts_.write_cfg_done);
+    }
     return report(Token::NG, texts_.write_cfg_failed,
                   fmt::format(texts_.write_cfg_detail, static_cast<int>(written.index / 2) - 1,
                               word_read_back(written.reply)));

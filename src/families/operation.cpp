@@ -174,6 +174,8 @@ Outcome Operation::conclude(Host::Time started) {
             fmt::format(operation_text::kSuccess, seconds.count(), clock, session_.PassCount,
                         session_.TryCount - session_.PassCount);
         messages_.ShowMessage(session_.FailDetail);
+        if (const auto warning = areas_->calibration_warning(); !warning.empty())
+            messages_.AddMessage(warning);
         context_.log.LOG_data_write();
         return Outcome::Success;
     }

@@ -40,7 +40,7 @@ bool is_board_module(std::string_view device) { return device.starts_with("ZQ-LD
 
 ExtendFlows::ExtendFlows(RunContext& context, OperationFrame& frame, ExtendForm& form,
                          Settings& settings)
-    : context_{context}, frame_{frame}, form_{form}, settings_{settings} {
+    : context_{context}, frame_{frame}, form_{form}, settings_{settings}, erases_{context} {
     // The dialog's buttons can be used whenever the button that opens it can.
     watches_.push_back(context.form.Cmd_Extend_Program.Enabled.observe(
         [this](bool enabled) { enable_buttons(enabled); }));
@@ -96,6 +96,8 @@ Outcome ExtendFlows::Cmd_PGM_Erase_Click() {
         return frame_.with_family(frame_.module(), "", [this](Family& family) {
             const auto outcome = family.Pgm_Erase();
             tell(outcome, extend_text::kPgmErased, extend_text::kPgmEraseFailed);
+            if (frame_.module() == Module::Generic)
+                advise_chip_erase(outcome, erases_.knows_Pgm_Erase());
             return outcome;
         });
     });
@@ -106,13 +108,14 @@ Outcome ExtendFlows::Cmd_DATA_Erase_Click() {
     const bool by_name = context_.session.DeviceName == "PIC16F690";
     return frame_.run([this, by_name] {
         const auto module = by_name ? Module::Generic : frame_.module();
-        return frame_.with_family(module, "", [this](Family& family) {
+        return frame_.with_family(module, "", [this, module](Family& family) {
             if (context_.session.EepBytes == 0) {
                 context_.messages.ShowMessage(extend_text::kNoEeprom);
                 return Outcome::Failed;
             }
             const auto outcome = family.Eep_Erase();
             tell(outcome, extend_text::kEepErased, extend_text::kEepEraseFailed);
+            if (module == Module::Generic) advise_chip_erase(outcome, erases_.knows_Eep_Erase());
             return outcome;
         });
     });
@@ -170,6 +173,11 @@ Outcome ExtendFlows::Cmd_DATA_Read_Click() {
 
 void ExtendFlows::tell(Outcome outcome, std::string_view done, std::string_view failed) {
     context_.messages.ShowMessage(outcome == Outcome::Success ? done : failed);
+}
+
+void ExtendFlows::advise_chip_erase(Outcome outcome, bool known) {
+    if (outcome != Outcome::Success && !known)
+        context_.messages.AddMessage(extend_text::kUseChipErase);
 }
 
 void ExtendFlows::Cmd_PGM_PcbufferClear_Click() {

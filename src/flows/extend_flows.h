@@ -12,6 +12,7 @@
 #include "app/property.h"
 #include "app/settings.h"
 #include "areas/context.h"
+#include "families/named_erase.h"
 #include "flows/operation_frame.h"
 
 namespace quillon {
@@ -39,6 +40,7 @@ class ExtendFlows {
 
   private:
     void tell(Outcome outcome, std::string_view done, std::string_view failed);
+    void advise_chip_erase(Outcome outcome, bool known);
     void enable_buttons(bool enabled);
     void save_place();
 
@@ -46,6 +48,7 @@ class ExtendFlows {
     OperationFrame& frame_;
     ExtendForm& form_;
     Settings& settings_;
+    NamedErase erases_;
     std::vector<Connection> watches_;
 };
 

@@ -23,6 +23,11 @@ inline constexpr std::string_view kCalibrationLost =
 inline constexpr std::string_view kEraseCancelled = "消去操作をキャンセルしました。";
 inline constexpr std::string_view kNoCalibrationWord =
     "redこのデバイスには、単独で読み書きできるキャリブレーションデータがありません。";
+// An operation that ended between the erase and the write of the calibration
+inline constexpr std::string_view kCalibrationAtRisk =
+    "デバイスのキャリブレーションデータが書き戻されていません。 0x{:02X}{:02X}  BG:{:X}";
+inline constexpr std::string_view kCalibrationAtRiskHint =
+    "「デバイス内部のデータを保持する」のチェックを外し、この値を入力してプログラムしてください。";
 // An erase for which the device has no command
 inline constexpr std::string_view kUseAreaDialog =
     "redこのデバイスは、［拡張］の画面から消去してください。";

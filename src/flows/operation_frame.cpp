@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "flows/operation_frame.h"
 
+#include <fmt/format.h>
+
+#include <string>
+
 #include "app/buttons.h"
 #include "families/make_family.h"
 #include "flows/flow_texts.h"
@@ -44,6 +48,7 @@ Outcome OperationFrame::run(const Operation& operation) {
 Outcome OperationFrame::run_within(const Operation& operation) {
     open();
     const Outcome outcome = operation();
+    report_lost_calibration();
     close();
     return outcome;
 }
@@ -61,6 +66,7 @@ void OperationFrame::open() {
     session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
     session.ResultAll.clear();
     session.FailDetail.clear();
+    session.word_at_risk = session.bandgap_at_risk = false;
 }
 
 // The operation's verdict is known by now: giving up here only cuts the pauses short.
@@ -83,6 +89,17 @@ void OperationFrame::give_controls_back() {
     context_.form.Focus.set("frmMain");
 }
 
+// No one can restore the factory's values but from here: the next read finds the part erased.
+void OperationFrame::report_lost_calibration() {
+    auto& session = context_.session;
+    if (!session.word_at_risk && !session.bandgap_at_risk) return;
+    session.word_at_risk = session.bandgap_at_risk = false;
+    const auto values = fmt::format(flow_text::kCalibrationAtRisk, session.CalibHi, session.CalibLo,
+                                    session.CalibBg);
+    context_.messages.AddMessage("red" + values, flow_text::kCalibrationAtRiskHint);
+    context_.log.note(fmt::format("{}  {}", values, session.DeviceName));
+}
+
 // Doesn't wait and sends nothing, so that giving up takes effect at once. The next operation's
 // check brings the board back to its command loop.
 Outcome OperationFrame::abandon(Abandoned::Reason reason) {
@@ -97,9 +114,11 @@ Outcome OperationFrame::abandon(Abandoned::Reason reason) {
     if (reason == Abandoned::Reason::PortLost) {
         context_.link.show_no_board();
         context_.messages.ShowMessage(flow_text::kPortLost, flow_text::kPortLostHint);
+        report_lost_calibration();
         return Outcome::PortLost;
     }
     context_.messages.ShowMessage(flow_text::kGivenUp);
+    report_lost_calibration();
     return Outcome::GivenUp;
 }
 

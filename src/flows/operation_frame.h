@@ -45,6 +45,7 @@ class OperationFrame {
     void open();
     void close();
     void give_controls_back();
+    void report_lost_calibration();
     bool size_fits_wire() const;
     Outcome abandon(Abandoned::Reason reason);
 

@@ -139,19 +139,21 @@ TEST(size_of_no_device, is_refused_before_the_port_is_touched) {
     }
 }
 
-TEST(not_served, is_told_clearly_of_a_device_whose_algorithm_is_not_there) {
-    for (const auto operation : {&Flows::Command_blank, &Flows::Command_read,
-                                 &Flows::Command_Verify, &Flows::Command_program}) {
-        Bench bench{"PIC16F84A"};
-        const auto part = bench.target();
-        EXPECT_EQ((bench.run->flows.*operation)(), Outcome::NotServed);
+// Types that only families serve, and one that nothing knows, on a device that no family claims.
+TEST(not_served, is_reported_before_anything_is_sent) {
+    for (const auto* type : {"18F_00", "18F_01", "5F18", "LDR412A", "LDR418", "FLASH7"})
+        for (const auto operation : {&Flows::Command_blank, &Flows::Command_read,
+                                     &Flows::Command_Verify, &Flows::Command_program}) {
+            Bench bench{"PIC16F84A", {CatalogueBlock{"PIC16F84A", {{"PGM_TYPE", type}}}}};
+            const auto part = bench.target();
+            EXPECT_EQ((bench.run->flows.*operation)(), Outcome::NotServed) << type;
 
-        EXPECT_EQ(bench.wire(), ExpectedWire::check());
-        EXPECT_TRUE(bench.shown->lines.back().starts_with("[red] "));
-        EXPECT_EQ(bench.target(), part);
-        EXPECT_EQ(bench.session().TryCount, 0);
-        EXPECT_EQ(bench.log(), "");
-    }
+            EXPECT_EQ(bench.wire(), "");
+            EXPECT_TRUE(bench.shown->lines.back().starts_with("[red] "));
+            EXPECT_EQ(bench.target(), part);
+            EXPECT_EQ(bench.session().TryCount, 0);
+            EXPECT_EQ(bench.log(), "");
+        }
 }
 
 TEST(Label_FirmwareVersion, searches_the_board_and_lets_it_go_again) {
