@@ -3,6 +3,9 @@
 //
 // The address of a single word counts from 1. Address 1 is word 0 of program memory. On 12-bit
 // parts it is the configuration word, the first word of their address range.
+//
+// The count of a blank check on a 12-bit part includes that leading word, but the check leaves it
+// out. So a count of P ends before the last program word, P + 1 includes it, P + 5 the ID words.
 #include <fmt/core.h>
 
 #include <algorithm>
@@ -82,7 +85,7 @@ std::uint16_t BoardProgram::and_of_words(std::size_t count) const {
     const Socket& socket = bench_.socket;
     const bool line = socket.target.core == Core::Bits12;
     std::uint16_t all = socket.target.blank_word;
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t i = line ? 1 : 0; i < count; ++i)
         all =
             static_cast<std::uint16_t>(all & (line ? socket.read_line(i) : socket.read_program(i)));
     return all;

@@ -38,6 +38,29 @@ TEST(baseline_exchange, the_blank_check_of_p_words_leaves_the_calibration_word_o
     EXPECT_EQ(host.reply(), "0C 74 40");
 }
 
+TEST(baseline_exchange, the_blank_check_counts_the_configuration_word_and_does_not_test_it) {
+    Driver host{facts_10f200()};
+    host.board.target().config[0] = 0x0FEB;
+    host.command("Nbs", {1, 0});
+    EXPECT_EQ(host.reply(), "0F FF 40");
+    host.board.target().program[254] = 0x0FFE;  // the last word that a count of P includes
+    host.command("Nbs", {1, 0});
+    EXPECT_EQ(host.reply(), "0F FE 40");
+    host.command("Nbs", {0, 255});
+    EXPECT_EQ(host.reply(), "0F FF 40");
+}
+
+TEST(baseline_exchange, the_blank_check_of_p_plus_five_words_reaches_the_last_id_word) {
+    Driver host{facts_10f200()};
+    auto& target = host.board.target();
+    target.program[255] = 0x0FFF;
+    target.id[3] = 0x0FF7;
+    host.command("Nbs", {1, 4});
+    EXPECT_EQ(host.reply(), "0F FF 40");
+    host.command("Nbs", {1, 5});
+    EXPECT_EQ(host.reply(), "0F F7 40");
+}
+
 TEST(baseline_exchange, single_words_are_reached_from_p_plus_one_on) {
     Driver host{facts_10f200()};
     host.board.target().id[0] = 0x0FF7;
@@ -127,7 +150,7 @@ TEST(baseline_exchange, parallel_parts_have_the_letter_p_and_a_reply_of_two_word
     host.board.target().config[0] = 0x0FFC;
     host.board.target().program[0] = 0x0FF1;
     host.command("Nbps", {1, 5});
-    EXPECT_EQ(host.reply(), "0F FC 0F F0 40");
+    EXPECT_EQ(host.reply(), "0F FC 0F F1 40");
     host.command("Nrps", {0, 2});
     EXPECT_EQ(host.reply(), "0F FC 0F F1 40");
     host.command("Nrpl", {0, 1});
