@@ -6,6 +6,8 @@
 //
 // The count of a blank check on a 12-bit part includes that leading word, but the check leaves it
 // out. So a count of P ends before the last program word, P + 1 includes it, P + 5 the ID words.
+// On a 14-bit part with a calibration word the check leaves that word out, so a fresh part is
+// blank.
 #include <fmt/core.h>
 
 #include <algorithm>
@@ -85,9 +87,11 @@ std::uint16_t BoardProgram::and_of_words(std::size_t count) const {
     const Socket& socket = bench_.socket;
     const bool line = socket.target.core == Core::Bits12;
     std::uint16_t all = socket.target.blank_word;
-    for (std::size_t i = line ? 1 : 0; i < count; ++i)
-        all =
-            static_cast<std::uint16_t>(all & (line ? socket.read_line(i) : socket.read_program(i)));
+    for (std::size_t i = line ? 1 : 0; i < count; ++i) {
+        if (socket.target.is_osccal(i)) continue;
+        const std::uint16_t word = line ? socket.read_line(i) : socket.read_program(i);
+        all = static_cast<std::uint16_t>(all & word);
+    }
     return all;
 }
 

@@ -18,6 +18,8 @@ struct PartFacts {
     std::size_t calibration_words = 0;
     std::uint16_t osccal_opcode = 0;  // 0: no calibration in the last program word
     bool backup_osccal = false;
+    // The band gap's calibration in bits 12 and 13 of configuration word 1. 0: no such bits.
+    std::uint16_t bandgap = 0;
 };
 
 // An unknown part has neither identification nor calibration.

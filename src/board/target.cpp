@@ -41,12 +41,12 @@ bool SimulatedTarget::eeprom_protected() const {
 }
 
 std::uint16_t SimulatedTarget::read_program(std::size_t word) const {
-    if (program_protected()) return 0;
+    if (program_protected() && !is_osccal(word)) return 0;
     return word < program.size() ? program[word] : blank_word;
 }
 
 void SimulatedTarget::write_program(std::size_t word, std::uint16_t value, WordWrite how) {
-    if (word >= program.size() || program_protected()) return;
+    if (word >= program.size() || (program_protected() && !is_osccal(word))) return;
     const auto fits = static_cast<std::uint16_t>(value & blank_word);
     const bool replaces = memory == ProgramMemory::Flash && how == WordWrite::ErasesFirst;
     program[word] = replaces ? fits : static_cast<std::uint16_t>(program[word] & fits);

@@ -2,9 +2,10 @@
 // The part in the simulated board's socket: its memories, and what a read, a write and an erase do.
 //
 // A protected part reads as zeros (program memory and EEPROM; ID and configuration stay readable)
-// and takes no program word. A one-time part only clears bits. A flash part clears bits too, unless
-// the write algorithm erases the word first. EEPROM cells are replaced; so are ID and configuration
-// words of a flash part, but a protection bit that is 0 stays 0 until an erase sets it.
+// and takes no program word, apart from the calibration word of a 14-bit part. A one-time part only
+// clears bits. A flash part clears bits too, unless the write algorithm erases the word first.
+// EEPROM cells are replaced; so are ID and configuration words of a flash part, but a protection
+// bit that is 0 stays 0 until an erase sets it.
 #pragma once
 
 #include <cstddef>
@@ -59,6 +60,9 @@ struct SimulatedTarget {
     std::vector<std::uint16_t> config_force;  // bits that are always 1
     std::vector<std::uint16_t> calibration;   // words behind the configuration words
     std::optional<std::uint16_t> backup_osccal;
+    // 14-bit parts whose last program word holds the oscillator's calibration. The word is never
+    // protected, and the board leaves it out of its blank test.
+    bool osccal_word = false;
     // With its revision bits. PIC18: DEVID2 in the high byte. 0x3FFF: the part has none.
     std::uint16_t identity = 0x3FFF;
     std::uint16_t protect_mask = 0;  // in word 1; PIC18: in word 5, bit 15 for the EEPROM
@@ -68,6 +72,7 @@ struct SimulatedTarget {
 
     bool program_protected() const;
     bool eeprom_protected() const;
+    bool is_osccal(std::size_t word) const { return osccal_word && word + 1 == program.size(); }
 
     // Beyond the memory's end a read returns the blank value and a write does nothing.
     std::uint16_t read_program(std::size_t word) const;

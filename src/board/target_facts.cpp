@@ -18,6 +18,7 @@ constexpr std::uint16_t kRevision = 2;
 constexpr std::uint16_t kNoIdentity = 0x3FFF;
 // The factory's calibration, the low byte of the OSCCAL instruction.
 constexpr std::uint16_t kOsccalValue = 0x74;
+constexpr std::uint16_t kBandgapMask = 0x3000;
 constexpr std::size_t kBootWords = 1024;
 
 template <std::size_t N>
@@ -93,6 +94,10 @@ void add_factory_words(SimulatedTarget& target, const TargetFacts& facts) {
         part.calibration.begin() + static_cast<std::ptrdiff_t>(part.calibration_words));
     const auto osccal = static_cast<std::uint16_t>(part.osccal_opcode | kOsccalValue);
     if (part.osccal_opcode != 0 && !target.program.empty()) target.program.back() = osccal;
+    target.osccal_word = part.osccal_opcode != 0 && target.core == Core::Bits14;
+    if (part.bandgap != 0 && !target.config.empty())
+        target.config[0] =
+            static_cast<std::uint16_t>((target.config[0] & ~kBandgapMask) | part.bandgap);
     if (part.backup_osccal) target.backup_osccal = osccal;
 }
 
