@@ -175,6 +175,13 @@ void BoardProgram::send_word(std::uint16_t value) {
     send(static_cast<std::uint8_t>(value));
 }
 
+// The ID words of parts with parity go low byte first, against all other words.
+std::uint16_t BoardProgram::area_order(std::size_t word, std::uint16_t value) const {
+    const SimulatedTarget& target = bench_.socket.target;
+    if (!target.wide() || word >= target.id.size()) return value;
+    return static_cast<std::uint16_t>(value << 8 | value >> 8);
+}
+
 void BoardProgram::send_report(std::span<const std::uint8_t> bytes) {
     for (std::size_t i = 0; i < bytes.size(); ++i) send(bytes[i], false, i + 1 < bytes.size());
 }

@@ -68,6 +68,8 @@ class BoardProgram {
     // Sending
     void send(std::uint8_t byte, bool end_code = false, bool more = false);
     void send_word(std::uint16_t value);
+    // A word of the configuration area in the byte order of the wire, and back.
+    std::uint16_t area_order(std::size_t word, std::uint16_t value) const;
     void send_ready() { send(bench_.ready_byte); }
     void send_end() { send('@', true); }
     // A report of more than one byte. The host must see all of it at once.

@@ -62,7 +62,8 @@ void BoardProgram::collect(Area area, std::size_t words) {
         else if (line)
             value = socket.read_line(i);
         else
-            value = area == Area::Config ? socket.read_area(i) : socket.read_program(i);
+            value =
+                area == Area::Config ? area_order(i, socket.read_area(i)) : socket.read_program(i);
         data_.push_back(static_cast<std::uint8_t>(value >> 8));
         data_.push_back(static_cast<std::uint8_t>(value));
     }

@@ -16,7 +16,9 @@ namespace quillon::firmware {
 
 namespace {
 
-constexpr std::uint8_t kLeaveOut = 0x80;  // in a configuration item's high byte: not to be written
+// In a configuration item's high byte: not to be written. On parts with words of 16 bits it is a
+// bit like any other.
+constexpr std::uint8_t kLeaveOut = 0x80;
 
 struct WriteLetters {
     std::string_view letters;
@@ -196,12 +198,13 @@ Routine<void> BoardProgram::write_config() {
         }
         send_ready();
         const Item taken = co_await item(2);
-        if ((taken.bytes[0] & kLeaveOut) != 0) continue;
-        socket.write_area(i, taken.word());
+        if ((taken.bytes[0] & kLeaveOut) != 0 && !socket.target.wide()) continue;
+        const std::uint16_t value = area_order(i, taken.word());
+        socket.write_area(i, value);
         co_await machine_.elapse(bench_.times.config_word);
         const std::uint16_t held = socket.read_area(i);
-        if (((held ^ taken.word()) & socket.target.area_mask(i)) != 0) {
-            report_failure(held);
+        if (((held ^ value) & socket.target.area_mask(i)) != 0) {
+            report_failure(area_order(i, held));
             co_return;
         }
     }

@@ -72,7 +72,7 @@ std::uint16_t SimulatedTarget::read_area(std::size_t word) const {
 }
 
 std::uint16_t SimulatedTarget::area_mask(std::size_t word) const {
-    if (word < id.size()) return kBlankAreaWord;
+    if (word < id.size()) return blank_word;
     if (word < kConfigStart) return 0;
     std::size_t index = word - kConfigStart;
     if (index < config.size())
@@ -82,16 +82,16 @@ std::uint16_t SimulatedTarget::area_mask(std::size_t word) const {
 }
 
 void SimulatedTarget::write_area(std::size_t word, std::uint16_t value) {
-    const auto fits = static_cast<std::uint16_t>(value & kBlankAreaWord);
-    const auto store = [&](std::uint16_t& cell) {
+    const auto store = [&](std::uint16_t& cell, std::uint16_t mask) {
+        const auto fits = static_cast<std::uint16_t>(value & mask);
         cell = memory == ProgramMemory::OneTime ? static_cast<std::uint16_t>(cell & fits) : fits;
     };
-    if (word < id.size()) return store(id[word]);
+    if (word < id.size()) return store(id[word], blank_word);
     if (word < kConfigStart) return;
     std::size_t index = word - kConfigStart;
     if (index < config.size()) return write_config(index, value);
     index -= config.size();
-    if (index < calibration.size()) store(calibration[index]);
+    if (index < calibration.size()) store(calibration[index], kBlankAreaWord);
 }
 
 std::uint16_t SimulatedTarget::protection_of(std::size_t index) const {

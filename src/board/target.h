@@ -53,7 +53,7 @@ struct SimulatedTarget {
 
     std::vector<std::uint16_t> program;
     std::vector<std::uint8_t> eeprom;
-    std::vector<std::uint16_t> id;  // four words; PIC18: eight bytes
+    std::vector<std::uint16_t> id;  // four words as wide as program words; PIC18: eight bytes
     std::vector<std::uint16_t> config;
     std::vector<std::uint16_t> config_blank;  // after an erase
     std::vector<std::uint16_t> config_mask;   // bits that may be 1
@@ -79,6 +79,9 @@ struct SimulatedTarget {
     void write_program(std::size_t word, std::uint16_t value, WordWrite how);
     std::uint8_t read_eeprom(std::size_t cell) const;
     void write_eeprom(std::size_t cell, std::uint8_t value);
+
+    // Words with parity, 16 bits wide: program memory and ID. Configuration words have 14 bits.
+    bool wide() const { return core == Core::Bits14 && blank_word == 0xFFFF; }
 
     // The "c" area of 14-bit parts: words 0 to 3 ID, 4 and 5 reserved, 6 identity, from 7 the
     // configuration words, behind them the calibration words.

@@ -115,7 +115,7 @@ SimulatedTarget blank_target(const TargetFacts& facts) {
     if (target.core == Core::Pic18)
         target.id.assign(8, 0xFF);
     else
-        target.id.assign(4, target.core == Core::Bits12 ? 0x0FFF : 0x3FFF);
+        target.id.assign(4, target.blank_word);
     target.protect_mask = facts.protect_mask;
     add_config(target, facts);
     add_erase_codes(target, facts);
