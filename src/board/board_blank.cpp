@@ -110,7 +110,7 @@ Routine<void> BoardProgram::blank_check_parallel() {
     if (size != 's' && size != 'l') co_await unknown();
     const std::size_t count = co_await word();
     begin_exchange();
-    const bool suitable = suits('p');
+    const bool suitable = suits(size == 'l' ? 'l' : 'p');
     const std::uint16_t config = suitable ? bench_.socket.read_line(0) : std::uint16_t{0};
     const std::uint16_t all = suitable ? and_of_words(count) : std::uint16_t{0};
     co_await machine_.elapse(bench_.times.check_word * static_cast<std::int64_t>(count));

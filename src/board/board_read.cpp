@@ -29,7 +29,7 @@ Routine<void> BoardProgram::read() {
     const std::size_t words = co_await word();
     begin_exchange();
     const Area place = area == 'd' ? Area::Eeprom : area == 'c' ? Area::Config : Area::Program;
-    if (suits(algorithm))
+    if (suits(area == 'l' ? 'l' : algorithm))
         collect(place, words);
     else
         data_.assign(2 * words, 0);

@@ -75,10 +75,14 @@ std::uint16_t SimulatedTarget::area_mask(std::size_t word) const {
     if (word < id.size()) return blank_word;
     if (word < kConfigStart) return 0;
     std::size_t index = word - kConfigStart;
-    if (index < config.size())
-        return static_cast<std::uint16_t>(config_mask[index] & ~config_force[index]);
+    if (index < config.size()) return config_bits(index);
     index -= config.size();
     return index < calibration.size() ? kBlankAreaWord : std::uint16_t{0};
+}
+
+std::uint16_t SimulatedTarget::config_bits(std::size_t index) const {
+    if (index >= config.size()) return 0;
+    return static_cast<std::uint16_t>(config_mask[index] & ~config_force[index]);
 }
 
 void SimulatedTarget::write_area(std::size_t word, std::uint16_t value) {

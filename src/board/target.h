@@ -47,7 +47,8 @@ struct SimulatedTarget {
     Core core = Core::Bits14;
     ProgramMemory memory = ProgramMemory::Flash;
     // The algorithm letter that reads this part: 's', '8' for the modules and PIC16F57, 'S' for
-    // words with parity, 'p' for parts that are read in parallel.
+    // words with parity. For parts that are read in parallel it is 'p' for those of 18 pins, whose
+    // letters are "p" "s", and 'l' for those of 28 pins, whose letters are "p" "l".
     char algorithm = 's';
     std::uint16_t blank_word = 0x3FFF;
 
@@ -89,6 +90,8 @@ struct SimulatedTarget {
     void write_area(std::size_t word, std::uint16_t value);
     // The bits of that word that a write can change. A check compares only these.
     std::uint16_t area_mask(std::size_t word) const;
+    // The same of a configuration word, counted from 0. 0 where the part has no such word.
+    std::uint16_t config_bits(std::size_t index) const;
 
     // The address range of 12-bit parts: the configuration word, program memory, four ID words, the
     // backup OSCCAL.

@@ -33,7 +33,8 @@ Core core_of(std::string_view type) {
 
 char algorithm_of(const TargetFacts& facts) {
     if (facts.type == "EPROM2") return 'S';
-    if (facts.type == "5X18" || facts.type == "5X28") return 'p';
+    if (facts.type == "5X18") return 'p';
+    if (facts.type == "5X28") return 'l';
     const std::string_view name = facts.name;
     const bool eight = name.starts_with("ZQ-LDR") || name == "PIC16F57" ||
                        std::string_view{facts.type}.starts_with("LDR");
