@@ -52,10 +52,11 @@ class BoardProgram {
     const Machine& machine() const { return machine_; }
 
   private:
-    // Receiving. An unknown letter, or one that comes too soon, ends in deaf(). A "*" restarts the
-    // program. Neither returns.
+    // Receiving. An unknown letter, or one that comes too soon, ends in deaf(). A "*" in place of a
+    // letter restarts the program, and so does a command that stalls. None of these returns.
     std::coroutine_handle<> start();
     bool too_soon(const Received& in);
+    Routine<Received> command_byte();
     Routine<std::uint8_t> letter();
     Routine<std::uint8_t> parameter();
     Routine<std::uint16_t> word();
