@@ -29,6 +29,7 @@ constexpr Erasure kProgramConfig{.program = true, .config = true};
 constexpr Erasure kChip{.program = true, .eeprom = true, .config = true};
 constexpr Erasure kChipCalibration{
     .program = true, .eeprom = true, .config = true, .calibration = true};
+constexpr std::uint8_t kChipErase = 0x0A;
 constexpr std::uint8_t kWithPlace = 0x11;  // two bytes follow: how far to count before the pulse
 
 constexpr std::array kModes{
@@ -37,7 +38,7 @@ constexpr std::array kModes{
     EraseMode{0x03, kEeprom},
     EraseMode{0x07, kChip},
     EraseMode{0x08, kProgram},
-    EraseMode{0x0A, kChip},
+    EraseMode{kChipErase, kChip},
     EraseMode{0x0B, kProgram},
     EraseMode{0x0C, kEeprom},
     EraseMode{0x0E, kProgramConfig},
@@ -153,6 +154,20 @@ Routine<void> BoardProgram::write_last_config() {
     send_end();
 }
 
+// Why the part doesn't react to the erase, "" where it does.
+std::string BoardProgram::erase_hindrance(char algorithm, std::uint8_t mode) const {
+    const SimulatedTarget& target = bench_.socket.target;
+    const char own = target.algorithm == '8' ? 'D' : 'd';
+    if (target.memory == ProgramMemory::OneTime)
+        return fmt::format("{} can't be erased by the board", target.name);
+    if (algorithm != own) return fmt::format("{} is erased by \"{}\"", target.name, own);
+    if (target.chip_erase_only && mode != kChipErase)
+        return fmt::format("{} has no erase but that of the whole chip, 0x{:02X}", target.name,
+                           kChipErase);
+    return {};
+}
+
+// The end code says that the pulse is over, not that the part is erased.
 Routine<void> BoardProgram::erase() {
     const char algorithm = letters_.back();
     const std::uint8_t mode = co_await parameter();
@@ -163,12 +178,11 @@ Routine<void> BoardProgram::erase() {
     }
     if (mode == kWithPlace) co_await word();
     begin_exchange();
-    const char own = bench_.socket.target.algorithm == '8' ? 'D' : 'd';
-    if (algorithm == own)
+    const std::string hindrance = erase_hindrance(algorithm, mode);
+    if (hindrance.empty())
         bench_.socket.erase(known->erases);
     else
-        note(fmt::format("\"{}\": {} is erased by \"{}\"", letters_, bench_.socket.target.name,
-                         own));
+        note(fmt::format("\"{}\": {}", letters_, hindrance));
     co_await machine_.elapse(bench_.times.erase);
     send_end();
 }

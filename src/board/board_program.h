@@ -99,6 +99,7 @@ class BoardProgram {
     Routine<void> write_one_word();
     Routine<void> write_last_config();
     Routine<void> erase();
+    std::string erase_hindrance(char algorithm, std::uint8_t mode) const;
     std::uint16_t and_of_words(std::size_t count) const;
 
     // "w"

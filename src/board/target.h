@@ -64,6 +64,7 @@ struct SimulatedTarget {
     // 14-bit parts whose last program word holds the oscillator's calibration. The word is never
     // protected, and the board leaves it out of its blank test.
     bool osccal_word = false;
+    bool chip_erase_only = false;  // the part has no erase of one memory alone
     // With its revision bits. PIC18: DEVID2 in the high byte. 0x3FFF: the part has none.
     std::uint16_t identity = 0x3FFF;
     std::uint16_t protect_mask = 0;  // in word 1; PIC18: in word 5, bit 15 for the EEPROM

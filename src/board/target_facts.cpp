@@ -82,8 +82,9 @@ void add_erase_codes(SimulatedTarget& target, const TargetFacts& facts) {
     }
 }
 
-void add_factory_words(SimulatedTarget& target, const TargetFacts& facts) {
+void add_part_facts(SimulatedTarget& target, const TargetFacts& facts) {
     const PartFacts part = part_facts(facts.name);
+    target.chip_erase_only = part.chip_erase_only;
     if (target.core == Core::Pic18)
         target.identity = static_cast<std::uint16_t>(facts.identity18 | kRevision);
     else
@@ -120,7 +121,7 @@ SimulatedTarget blank_target(const TargetFacts& facts) {
     target.protect_mask = facts.protect_mask;
     add_config(target, facts);
     add_erase_codes(target, facts);
-    add_factory_words(target, facts);
+    add_part_facts(target, facts);
     return target;
 }
 

@@ -238,6 +238,60 @@ TEST(erase_exchange, a_module_is_erased_by_its_own_algorithm) {
     EXPECT_EQ(host.board.target().program[0], 0x3FFF);
 }
 
+TEST(erase_exchange, a_catalogue_device_of_the_modules_type_has_the_letter_D_too) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16LDR";
+    facts.type = "LDR412";
+    Driver host{facts};
+    auto& target = host.board.target();
+    target.program[0] = 0, target.eeprom[0] = 0, target.config[0] = 0x3FF0;
+    host.command("NbD", {0x02});
+    EXPECT_EQ(target.program[0], 0x3FFF);
+    EXPECT_EQ(target.eeprom[0], 0);
+    host.command("NbD", {0x03});
+    EXPECT_EQ(target.eeprom[0], 0xFF);
+    EXPECT_EQ(target.config[0], 0x3FF0);
+    host.command("NbD", {0x0A});
+    EXPECT_EQ(target.config[0], 0x3FFF);
+    EXPECT_EQ(host.reply(), "40 40 40");
+    EXPECT_TRUE(host.board.notes().empty());
+}
+
+TEST(erase_exchange, a_part_without_area_erases_reacts_to_the_chip_erase_only) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16F73";
+    facts.type = "FLASH2";
+    for (const int mode : {0x01, 0x02, 0x08, 0x0B, 0x0C}) {
+        Driver host{facts};
+        host.board.target().program[0] = 0;
+        host.command("Nbd", {mode});
+        EXPECT_EQ(host.reply(), "40");
+        EXPECT_EQ(host.board.target().program[0], 0) << mode;
+        ASSERT_EQ(host.board.notes().size(), 1u) << mode;
+        EXPECT_EQ(host.board.notes()[0],
+                  "\"bd\": PIC16F73 has no erase but that of the whole chip, 0x0A");
+    }
+    Driver host{facts};
+    host.board.target().program[0] = 0;
+    host.command("Nbd", {0x0A});
+    EXPECT_EQ(host.reply(), "40");
+    EXPECT_EQ(host.board.target().program[0], 0x3FFF);
+    EXPECT_TRUE(host.board.notes().empty());
+}
+
+TEST(erase_exchange, a_one_time_part_is_not_erased_and_that_is_noted) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16C74";
+    facts.type = "EPROM";
+    Driver host{facts};
+    host.board.target().program[0] = 0;
+    host.command("Nbd", {0x0A});
+    EXPECT_EQ(host.reply(), "40");
+    EXPECT_EQ(host.board.target().program[0], 0);
+    EXPECT_EQ(host.board.notes(),
+              (std::vector<std::string>{"\"bd\": PIC16C74 can't be erased by the board"}));
+}
+
 TEST(erase_exchange, the_power_letter_alone_gets_nothing) {
     Driver host{facts_16f877a()};
     host.command("n");
