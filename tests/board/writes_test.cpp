@@ -110,7 +110,7 @@ TEST(write_exchange, a_cell_that_does_not_program_is_reported_with_what_it_holds
 
 TEST(write_exchange, configuration_and_id_go_in_but_the_marked_words) {
     for (const char* letters :
-         {"nwec", "nwFc", "nwEc", "nwJc", "nw8c", "nw6c", "nwhc", "nwGi", "nwG<", "nwek"}) {
+         {"nwec", "nwFc", "nwEc", "nwJc", "nw8c", "nw6c", "nwhc", "nwGi", "nwG<", "nwek", "nwsc"}) {
         Driver host{facts_16f877a()};
         host.command(letters, {0, 8});
         for (int i = 0; i < 4; ++i) host.item({0x3F, 0xF0 + i});
@@ -122,6 +122,26 @@ TEST(write_exchange, configuration_and_id_go_in_but_the_marked_words) {
         EXPECT_EQ(target.config[0], 0x3F72);
         EXPECT_EQ(target.identity, 0x0E22);
     }
+}
+
+TEST(write_exchange, nine_items_reach_the_second_configuration_word) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16F88";
+    facts.type = "FLASH4.9";
+    facts.config_present[1] = true;
+    facts.config_default[1] = 0x3FFF;
+    facts.config_mask[1] = 0x3FFF;
+    facts.config_force[1] = 0x3FFC;
+    Driver host{facts};
+    host.command("nwJc", {0, 9});
+    for (int i = 0; i < 4; ++i) host.item({0x3F, 0xF0 + i});
+    for (int i = 0; i < 3; ++i) host.item({0xBF, 0xFF});
+    host.item({0x3F, 0x70});
+    host.item({0x00, 0x02});
+    EXPECT_EQ(host.reply(), "2B 2B 2B 2B 2B 2B 2B 2B 2B 40");
+    EXPECT_EQ(host.board.target().id[3], 0x3FF3);
+    EXPECT_EQ(host.board.target().config[0], 0x3F70);
+    EXPECT_EQ(host.board.target().config[1], 0x3FFE);
 }
 
 TEST(write_exchange, a_configuration_word_that_does_not_program_is_reported) {
