@@ -104,6 +104,8 @@ class BoardProgram {
 
     // "w"
     Routine<void> write();
+    bool suits_write();
+    Routine<void> write_in_vain(bool reported);
     Routine<void> write_program(WordWrite how);
     Routine<void> write_line(WordWrite how);
     Routine<void> write_eeprom();

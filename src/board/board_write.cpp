@@ -85,6 +85,10 @@ Routine<void> BoardProgram::write() {
         std::ranges::find(kLetters, std::string_view{letters_}.substr(1), &WriteLetters::letters);
     if (known == kLetters.end()) co_await unknown();
     const bool line = bench_.socket.target.core == Core::Bits12;
+    if (!suits_write()) {
+        co_await write_in_vain(line || known->area != Program);
+        co_return;
+    }
     switch (known->area) {
         case Eeprom:
             co_await write_eeprom();
@@ -101,6 +105,34 @@ Routine<void> BoardProgram::write() {
             else
                 co_await write_program(known->how);
             break;
+    }
+}
+
+// The parts with parity and those that are written in parallel have algorithms of their own.
+bool BoardProgram::suits_write() {
+    const SimulatedTarget& target = bench_.socket.target;
+    const std::string_view letters = std::string_view{letters_}.substr(1);
+    bool suitable = true;
+    if (target.algorithm == 'S') suitable = letters[0] == 'S';
+    if (target.algorithm == 'p') suitable = letters == "ps";
+    if (target.algorithm == 'l') suitable = letters == "pl";
+    if (!suitable)
+        note(fmt::format("\"{}\": {} isn't written by these letters", letters_, target.name));
+    return suitable;
+}
+
+// These parts get pulses until a word reads back equal, which none does.
+Routine<void> BoardProgram::write_in_vain(bool reported) {
+    co_await word();
+    begin_exchange();
+    send_ready();
+    co_await item(2);
+    co_await machine_.elapse(bench_.times.program_word);
+    if (reported) {
+        report_failure(0);
+    } else {
+        const std::array<std::uint8_t, 2> report{'@', '@'};
+        send_report(report);
     }
 }
 

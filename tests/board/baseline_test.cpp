@@ -184,6 +184,13 @@ TEST(baseline_exchange, parallel_parts_answer_to_the_letters_of_their_size_only)
         host.command(std::string{"Nbp"} + part.other, {1, 5});
         EXPECT_EQ(host.reply(), "00 00 00 00 40") << part.type;
         EXPECT_EQ(host.board.notes().size(), 2u) << part.type;
+        host.command(std::string{"Nwp"} + part.other, {1, 5});
+        EXPECT_EQ(host.reply(), "2B") << part.type;
+        host.item({0x0F, 0xF7});
+        EXPECT_EQ(host.reply(), "2A 00 00 40") << part.type;
+        EXPECT_EQ(host.board.target().config[0], 0x0FFF) << part.type;
+        EXPECT_EQ(host.board.notes().back(),
+                  fmt::format("\"wp{}\": PIC16C5X isn't written by these letters", part.other));
     }
 }
 

@@ -35,6 +35,22 @@ TEST(parity_part, program_words_have_sixteen_bits) {
     EXPECT_EQ(host.reply(), "92 34 40");
 }
 
+TEST(parity_part, is_written_by_its_own_algorithm_only) {
+    for (const char* letters : {"wsp", "wsc", "wee"}) {
+        Driver host{facts_16c642()};
+        const auto before = host.board.target();
+        host.command(std::string{"N"} + letters, {0, 8});
+        EXPECT_EQ(host.reply(), "2B");
+        host.item({0x12, 0x34});
+        EXPECT_EQ(host.reply(), letters == std::string_view{"wsc"} ? "2A 00 00 40" : "40 40");
+        EXPECT_EQ(host.board.target(), before);
+        ASSERT_EQ(host.board.notes().size(), 1u);
+        EXPECT_EQ(host.board.notes()[0], fmt::format("\"{}\": PIC16C642 isn't written by these "
+                                                     "letters",
+                                                     letters));
+    }
+}
+
 TEST(parity_part, id_words_are_read_low_byte_first) {
     Driver host{facts_16c642()};
     auto& target = host.board.target();
