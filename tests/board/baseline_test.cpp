@@ -38,6 +38,29 @@ TEST(baseline_exchange, the_blank_check_of_p_words_leaves_the_calibration_word_o
     EXPECT_EQ(host.reply(), "0C 74 40");
 }
 
+TEST(baseline_exchange, the_blank_check_counts_the_configuration_word_and_does_not_test_it) {
+    Driver host{facts_10f200()};
+    host.board.target().config[0] = 0x0FEB;
+    host.command("Nbs", {1, 0});
+    EXPECT_EQ(host.reply(), "0F FF 40");
+    host.board.target().program[254] = 0x0FFE;  // the last word that a count of P includes
+    host.command("Nbs", {1, 0});
+    EXPECT_EQ(host.reply(), "0F FE 40");
+    host.command("Nbs", {0, 255});
+    EXPECT_EQ(host.reply(), "0F FF 40");
+}
+
+TEST(baseline_exchange, the_blank_check_of_p_plus_five_words_reaches_the_last_id_word) {
+    Driver host{facts_10f200()};
+    auto& target = host.board.target();
+    target.program[255] = 0x0FFF;
+    target.id[3] = 0x0FF7;
+    host.command("Nbs", {1, 4});
+    EXPECT_EQ(host.reply(), "0F FF 40");
+    host.command("Nbs", {1, 5});
+    EXPECT_EQ(host.reply(), "0F F7 40");
+}
+
 TEST(baseline_exchange, single_words_are_reached_from_p_plus_one_on) {
     Driver host{facts_10f200()};
     host.board.target().id[0] = 0x0FF7;
@@ -119,24 +142,28 @@ TEST(baseline_exchange, a_one_time_part_reports_the_word_that_did_not_program) {
     EXPECT_EQ(host.reply(), "2A 00 00 40");
 }
 
-TEST(baseline_exchange, parallel_parts_have_the_letter_p_and_a_reply_of_two_words) {
+TEST(baseline_exchange, a_configuration_word_that_does_not_program_is_reported) {
+    for (const char* letters : {"Nwps", "Nwsc", "Nwec"}) {
+        auto facts = facts_10f200();
+        facts.name = "PIC16C5X";
+        facts.type = letters == std::string_view{"Nwps"} ? "5X18" : "12C5";
+        Driver host{facts};
+        host.board.target().config[0] = 0x0FEF;  // the bit is lost for good
+        host.command(letters, {0, 1});
+        host.reply();
+        host.item({0x0F, 0xFF});
+        EXPECT_EQ(host.reply(), "2A 0F EF 40") << letters;
+    }
+}
+
+TEST(baseline_exchange, a_part_without_a_configuration_word_takes_one_without_effect) {
     auto facts = facts_10f200();
-    facts.name = "PIC16C54";
-    facts.type = "5X18";
+    facts.type = "12C5";
+    facts.config_present[0] = false;
     Driver host{facts};
-    host.board.target().config[0] = 0x0FFC;
-    host.board.target().program[0] = 0x0FF1;
-    host.command("Nbps", {1, 5});
-    EXPECT_EQ(host.reply(), "0F FC 0F F0 40");
-    host.command("Nrps", {0, 2});
-    EXPECT_EQ(host.reply(), "0F FC 0F F1 40");
-    host.command("Nrpl", {0, 1});
-    EXPECT_EQ(host.reply(), "0F FC 40");
-    host.command("Nwps", {0, 2});
-    host.item({0x0F, 0xFF});
-    host.item({0x0F, 0x01});
-    EXPECT_EQ(host.reply(), "2B 2B 40");
-    EXPECT_EQ(host.board.target().program[0], 0x0F01);
+    host.command("Nwsc", {0, 1});
+    host.item({0x0F, 0xF7});
+    EXPECT_EQ(host.reply(), "40 40");
 }
 
 TEST(baseline_exchange, the_57_has_the_modules_algorithm_and_its_own_last_write) {

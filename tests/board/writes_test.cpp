@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The exchanges behind "w" and the erases, 14-bit parts and modules.
+// The exchanges behind "w", 14-bit parts and modules.
 #include <gtest/gtest.h>
 
 #include "board_driver.h"
@@ -110,7 +110,7 @@ TEST(write_exchange, a_cell_that_does_not_program_is_reported_with_what_it_holds
 
 TEST(write_exchange, configuration_and_id_go_in_but_the_marked_words) {
     for (const char* letters :
-         {"nwec", "nwFc", "nwEc", "nwJc", "nw8c", "nw6c", "nwhc", "nwGi", "nwG<", "nwek"}) {
+         {"nwec", "nwFc", "nwEc", "nwJc", "nw8c", "nw6c", "nwhc", "nwGi", "nwG<", "nwek", "nwsc"}) {
         Driver host{facts_16f877a()};
         host.command(letters, {0, 8});
         for (int i = 0; i < 4; ++i) host.item({0x3F, 0xF0 + i});
@@ -122,6 +122,26 @@ TEST(write_exchange, configuration_and_id_go_in_but_the_marked_words) {
         EXPECT_EQ(target.config[0], 0x3F72);
         EXPECT_EQ(target.identity, 0x0E22);
     }
+}
+
+TEST(write_exchange, nine_items_reach_the_second_configuration_word) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16F88";
+    facts.type = "FLASH4.9";
+    facts.config_present[1] = true;
+    facts.config_default[1] = 0x3FFF;
+    facts.config_mask[1] = 0x3FFF;
+    facts.config_force[1] = 0x3FFC;
+    Driver host{facts};
+    host.command("nwJc", {0, 9});
+    for (int i = 0; i < 4; ++i) host.item({0x3F, 0xF0 + i});
+    for (int i = 0; i < 3; ++i) host.item({0xBF, 0xFF});
+    host.item({0x3F, 0x70});
+    host.item({0x00, 0x02});
+    EXPECT_EQ(host.reply(), "2B 2B 2B 2B 2B 2B 2B 2B 2B 40");
+    EXPECT_EQ(host.board.target().id[3], 0x3FF3);
+    EXPECT_EQ(host.board.target().config[0], 0x3F70);
+    EXPECT_EQ(host.board.target().config[1], 0x3FFE);
 }
 
 TEST(write_exchange, a_configuration_word_that_does_not_program_is_reported) {
@@ -170,82 +190,6 @@ TEST(write_exchange, more_words_than_the_part_has_are_taken_and_noted) {
     EXPECT_EQ(host.reply(), "2B 2B 40");
     ASSERT_EQ(host.board.notes().size(), 1u);
     EXPECT_EQ(host.board.notes()[0], "\"wGe\": 2 words for a part of 1");
-}
-
-struct ModeCase {
-    int mode;
-    bool program, eeprom, config, calibration;
-};
-
-TEST(erase_exchange, each_mode_takes_its_areas) {
-    for (const auto& expected : {
-             ModeCase{0x01, true, false, true, false},
-             ModeCase{0x02, true, false, false, false},
-             ModeCase{0x03, false, true, false, false},
-             ModeCase{0x07, true, true, true, false},
-             ModeCase{0x08, true, false, false, false},
-             ModeCase{0x0A, true, true, true, false},
-             ModeCase{0x0B, true, false, false, false},
-             ModeCase{0x0C, false, true, false, false},
-             ModeCase{0x0E, true, false, true, false},
-             ModeCase{0x0F, false, true, false, false},
-             ModeCase{0x12, true, true, true, true},
-             ModeCase{0x13, true, true, true, true},
-             ModeCase{0x14, true, true, true, true},
-         }) {
-        Driver host{facts_16f877a()};
-        auto& target = host.board.target();
-        target.program[9] = 0, target.eeprom[9] = 0, target.config[0] = 0x3FF0;
-        target.id[0] = 1, target.calibration = {0x2149};
-        host.command("nbd", {expected.mode});
-        EXPECT_EQ(host.reply(), "40");
-        EXPECT_EQ(target.program[9] == 0x3FFF, expected.program) << expected.mode;
-        EXPECT_EQ(target.eeprom[9] == 0xFF, expected.eeprom) << expected.mode;
-        EXPECT_EQ(target.config[0] == 0x3FFF, expected.config) << expected.mode;
-        EXPECT_EQ(target.id[0] == 0x3FFF, expected.config) << expected.mode;
-        EXPECT_EQ(target.calibration[0] == 0x3FFF, expected.calibration) << expected.mode;
-    }
-}
-
-TEST(erase_exchange, ends_when_the_pulse_is_over) {
-    Driver host{facts_16f877a(), {.erase = 30ms}};
-    host.command("nbd");
-    host.send(0x0A);
-    host.wait(29ms);
-    EXPECT_EQ(host.reply(), "");
-    host.wait(1ms);
-    EXPECT_EQ(host.reply(), "40");
-}
-
-TEST(erase_exchange, a_mode_that_there_is_not_gets_silence) {
-    Driver host{facts_16f877a()};
-    host.command("nbd", {0x55});
-    EXPECT_EQ(host.reply(), "");
-    ASSERT_EQ(host.board.notes().size(), 1u);
-    EXPECT_EQ(host.board.notes()[0], "\"bd\": there is no erase mode 0x55");
-}
-
-TEST(erase_exchange, a_module_is_erased_by_its_own_algorithm) {
-    auto facts = facts_16f877a();
-    facts.name = "ZQ-LDR412A";
-    Driver host{facts};
-    host.board.target().program[0] = 0;
-    host.command("nbd", {0x0A});
-    EXPECT_EQ(host.reply(), "40");
-    EXPECT_EQ(host.board.target().program[0], 0);
-    EXPECT_EQ(host.board.notes().back(), "\"bd\": ZQ-LDR412A is erased by \"D\"");
-    host.command("nbD", {0x0A});
-    EXPECT_EQ(host.board.target().program[0], 0x3FFF);
-}
-
-TEST(erase_exchange, the_power_letter_alone_gets_nothing) {
-    Driver host{facts_16f877a()};
-    host.command("n");
-    host.wait(5s);
-    EXPECT_EQ(host.reply(), "");
-    EXPECT_TRUE(host.board.notes().empty());
-    host.command("***?");
-    EXPECT_EQ(host.bytes().size(), 18u);
 }
 
 }  // namespace
