@@ -95,6 +95,12 @@ std::string catalogue_of(const std::vector<CatalogueBlock>& blocks) {
     return text;
 }
 
+Lines shipped_devices() {
+    Lines names;
+    for (const auto& [name, rows] : shipped_blocks()) names.push_back(name);
+    return names;
+}
+
 Bench::Bench(std::string_view device, std::vector<CatalogueBlock> blocks) {
     folder.write("device6.ini", catalogue_of(blocks.empty() ? usual_blocks() : blocks));
     host.app_folder = host.documents = folder.path();

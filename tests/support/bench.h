@@ -34,6 +34,8 @@ struct CatalogueBlock {
     std::vector<std::pair<std::string, std::string>> other_values{};
 };
 std::string catalogue_of(const std::vector<CatalogueBlock>& blocks);
+// The devices of the shipped catalogue, sorted.
+Lines shipped_devices();
 
 // The user's answers. `on_box` is called at the moment in which a box comes up.
 class BenchDialogs : public FakeDialogs {
