@@ -29,8 +29,8 @@ namespace {
 
 // A family's part, and one for each programming type of the parts that no family claims.
 constexpr std::array<std::string_view, 13> kDevices{
-    "PIC16F877A", "PIC16C54",  "PIC16C57",  "PIC12CE518", "PIC12C672", "PIC12F675", "PIC16C620A",
-    "PIC16C715",  "PIC16F84A", "PIC16F628A", "PIC16F76",  "PIC16F819", "PIC16F88",
+    "PIC16F877A", "PIC16C54",  "PIC16C57",   "PIC12CE518", "PIC12C672", "PIC12F675", "PIC16C620A",
+    "PIC16C715",  "PIC16F84A", "PIC16F628A", "PIC16F76",   "PIC16F819", "PIC16F88",
 };
 constexpr int kBaud = 57600;
 constexpr double kMostRatio = 1.05;
@@ -112,8 +112,8 @@ int report(std::string_view device, const std::vector<Measure>& ideals,
         fmt::print(
             "{:10} {:8} {:7.3f} s, bytes and sleeps alone {:7.3f} s: ratio {:.3f} (at most {}), "
             "processor {:.1f} % (at most {:.0f} %)\n",
-            device, i == 0 ? "program" : "read", reals[i].elapsed.count(), ideals[i].elapsed.count(), ratio,
-            kMostRatio, 100 * processor, 100 * kMostProcessor);
+            device, i == 0 ? "program" : "read", reals[i].elapsed.count(),
+            ideals[i].elapsed.count(), ratio, kMostRatio, 100 * processor, 100 * kMostProcessor);
         if (ratio > kMostRatio || processor > kMostProcessor) status = 1;
     }
     return status;

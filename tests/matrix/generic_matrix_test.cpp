@@ -212,8 +212,8 @@ std::string_view data_read(Cell& cell) {
     const auto program = cell.bench.program_image();
     const auto outcome = cell.bench.run->extend.Cmd_DATA_Read_Click();
     if (!cell.has_eeprom()) return none(cell, outcome);
-    const bool good = outcome == Outcome::Success && cell.holds_eeprom() &&
-                      cell.bench.program_image() == program;
+    const bool good =
+        outcome == Outcome::Success && cell.holds_eeprom() && cell.bench.program_image() == program;
     cell.bench.fill_image();
     return ok(good);
 }
