@@ -37,7 +37,10 @@ Areas12::Areas12(RunContext& context, const Areas12Record& record)
       record_{record},
       texts_{*record.texts} {}
 
-bool Areas12::Stream::is_whole() const { return !bytes.empty() && bytes.back() == kEndCode; }
+// More bytes behind the end code are no part of the stream; one before it makes it no stream.
+bool Areas12::Stream::is_whole() const {
+    return bytes[2 * (words + static_cast<std::size_t>(kMoreWords12))] == kEndCode;
+}
 
 std::uint16_t Areas12::Stream::word(std::size_t index) const {
     return word_high_first(bytes[2 * index], bytes[2 * index + 1]);
