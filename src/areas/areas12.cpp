@@ -21,7 +21,12 @@ constexpr std::uint16_t kBlank = 0x0FFF;
 constexpr int kWordsPerMillisecond = 5;
 constexpr std::uint16_t kOscillatorBits = 0x0003;
 // The value of these bits is the index.
-constexpr std::array<std::string_view, 4> kOscillators{"ＬＰ", "ＸＴ", "ＨＳ", "ＲＣ"};
+constexpr std::array<std::string_view, 4> kOscillators{
+    "オシレータタイプ　：　ＬＰ",
+    "オシレータタイプ　：　ＸＴ",
+    "オシレータタイプ　：　ＨＳ",
+    "オシレータタイプ　：　ＲＣ",
+};
 // The oscillator's bits of these parts don't count as content.
 constexpr std::array<std::string_view, 4> kOscillatorIgnored{
     "PIC16C54",
@@ -127,7 +132,7 @@ Token Areas12::Blank_Cfg() {
 BlankNotes Areas12::blank_notes() const {
     const auto oscillator = config_ & kOscillatorBits;
     if (record_.names_oscillator)
-        return {.status = fmt::format(areas12_text::kOscillator, kOscillators[oscillator])};
+        return {.status = std::string{kOscillators[oscillator]}};
     BlankNotes notes{.oscillator = blank_verdict(oscillator == kOscillatorBits)};
     if (knows_calibration_)
         notes.report =

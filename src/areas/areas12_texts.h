@@ -85,7 +85,6 @@ inline constexpr std::string_view kCalibrationWord =
     "キャリブレーションデータ格納アドレスのデータは 0x{:04X}(0x{:02X}) です。";
 inline constexpr std::string_view kNoCalibration =
     "redデバイスの最後のワード 0x{:04X} は、キャリブレーションデータではありません。";
-inline constexpr std::string_view kOscillator = "オシレータタイプ　：　{}";
 
 }  // namespace areas12_text
 
