@@ -36,6 +36,10 @@ inline constexpr std::string_view kNoCommand =
     "a command is required\nRun with --help for more information.\n";
 inline constexpr std::string_view kUnknownCommand =
     "no command named '{}'\nRun with --help for more information.\n";
+inline constexpr std::string_view kNoSecondWord =
+    "{} needs one of: {}\nRun with --help for more information.\n";
+inline constexpr std::string_view kUnknownSecondWord =
+    "{} has no '{}'; it needs one of: {}\nRun with --help for more information.\n";
 inline constexpr std::string_view kUnknownDevice = "the catalogue holds no device named '{}'";
 inline constexpr std::string_view kNoDevice =
     "no device is selected: name one with --device (quillon-cli devices lists them)";
@@ -45,6 +49,9 @@ inline constexpr std::string_view kInterrupted = "interrupted before the operati
 inline constexpr std::string_view kOutOfTime = "the deadline passed before the operation began";
 inline constexpr std::string_view kStandardOutput = "standard output";
 inline constexpr std::string_view kNoData = "{} holds no data record";
+inline constexpr std::string_view kNoProgramSide =
+    "{} holds no data for program memory, configuration or ID";
+inline constexpr std::string_view kNoEeprom = "{} holds no data for the EEPROM of {}";
 inline constexpr std::string_view kSameFile = "{} and {} name the same file: {}";
 // Shown among the flow's messages, so in its language. "red" colours it.
 inline constexpr std::string_view kOtherDevice =
