@@ -23,7 +23,8 @@ These take effect before the file is loaded:
 
 --fault, such as drop:5, silent-after:3, we8/no-end-code, wrong-part:0x0E20, stuck-cell:7.
 
---answer takes overwrite, mismatch, firmware and replace = ok|cancel, power = vpp|vdd|close.
+--answer takes overwrite, mismatch, firmware, replace and calibration = ok|cancel,
+  power = vpp|vdd|close.
   A question without an answer is asked on the terminal. Without a terminal it is cancelled.
 
 Exit status: 0 success, 1 ran and failed, 2 usage or unknown device, 3 no board or
@@ -40,6 +41,8 @@ inline constexpr std::string_view kNoSecondWord =
     "{} needs one of: {}\nRun with --help for more information.\n";
 inline constexpr std::string_view kUnknownSecondWord =
     "{} has no '{}'; it needs one of: {}\nRun with --help for more information.\n";
+inline constexpr std::string_view kNoCalibrationValue =
+    "calib write needs its value: --set Text_Calib_Data=XX";
 inline constexpr std::string_view kUnknownDevice = "the catalogue holds no device named '{}'";
 inline constexpr std::string_view kNoDevice =
     "no device is selected: name one with --device (quillon-cli devices lists them)";

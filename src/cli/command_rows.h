@@ -31,6 +31,8 @@ enum class Command : std::uint8_t {
     ExtendDataProgram,
     ExtendPgmRead,
     ExtendDataRead,
+    CalibRead,
+    CalibWrite,
     Load,
     Simulate,
 };

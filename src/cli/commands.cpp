@@ -270,6 +270,10 @@ Finish Commands::with_words(Finish finish) const {
     if (result.exit == kFailed) result.mismatches = mismatches(run_.form);
     if (options_.command == Command::Detect && result.exit == kSuccess)
         result.FirmwareText = session.FirmwareText;
+    if (options_.command == Command::CalibRead && result.exit == kSuccess) {
+        result.CalibWord = fmt::format("{:02X}{:02X}", session.CalibHi, session.CalibLo);
+        result.Text_Calib_Data = run_.form.Text_Calib_Data.Text.get();
+    }
     return finish;
 }
 

@@ -29,7 +29,7 @@ struct Question {
 constexpr std::array kQuestions{
     Question{"overwrite", {"ok", "cancel"}},    Question{"mismatch", {"ok", "cancel"}},
     Question{"power", {"vpp", "vdd", "close"}}, Question{"firmware", {"ok", "cancel"}},
-    Question{"replace", {"ok", "cancel"}},
+    Question{"replace", {"ok", "cancel"}},      Question{"calibration", {"ok", "cancel"}},
 };
 
 // About thirty years, which is as good as no deadline. In milliseconds it still fits.
@@ -158,6 +158,10 @@ void check_places(const Options& options) {
 void take(Options& options, const Raw& raw) {
     check_places(options);
     for (const auto& set : raw.sets) options.sets.push_back(named_value("--set", set));
+    // The value that the catalogue shows must not go into a part by accident.
+    if (options.command == Command::CalibWrite &&
+        std::ranges::count(options.sets, "Text_Calib_Data", &NamedValue::name) == 0)
+        throw CLI::ValidationError{std::string{text::kNoCalibrationValue}};
     for (const auto& given : raw.answers) options.answers.push_back(sound_answer(given));
     if (options.sim_baud.value_or(0) < 0)
         throw CLI::ValidationError{"--sim-baud", "must not be below 0"};

@@ -73,6 +73,11 @@ TEST(parse, knows_every_second_word) {
         EXPECT_EQ(parsed.options->command, command);
         EXPECT_EQ(parsed.options->operation, "extend " + area);
     }
+    EXPECT_EQ(line({"calib", "read"}).options->command, Command::CalibRead);
+    const auto write = line({"calib", "write", "--set", "Text_Calib_Data=80"});
+    ASSERT_TRUE(write.options) << write.text;
+    EXPECT_EQ(write.options->command, Command::CalibWrite);
+    EXPECT_EQ(write.options->operation, "calib write");
 }
 
 TEST(parse, takes_options_between_the_words_and_a_file_named_like_a_command) {
@@ -88,7 +93,7 @@ TEST(parse, shows_help_and_version_as_a_success) {
     EXPECT_EQ(line({"--help"}).exit, 0);
     EXPECT_NE(line({"--help"}).text.find("--deadline"), std::string::npos);
     EXPECT_NE(line({"program", "--help"}).text.find("HEX"), std::string::npos);
-    for (const std::string word : {"erase", "extend"}) {
+    for (const std::string word : {"erase", "extend", "calib"}) {
         EXPECT_NE(line({"--help"}).text.find("\n  " + word), std::string::npos) << word;
         EXPECT_EQ(line({word, "--help"}).exit, 0);
     }
@@ -138,6 +143,11 @@ INSTANTIATE_TEST_SUITE_P(
                     BadLine{{"extend", "pgm-program", "a.hex", "-o", "b.hex"}, "-o"},
                     BadLine{{"extend", "data-read", "-o"}, "-o"},
                     BadLine{{"extend", "pgm-erase", "data-erase"}, "data-erase"},
+                    BadLine{{"calib"}, "calib needs one of: read, write"},
+                    BadLine{{"calib", "verify"}, "calib has no 'verify'"},
+                    BadLine{{"calib", "write"}, "--set Text_Calib_Data=XX"},
+                    BadLine{{"calib", "write", "80"}, "80"},
+                    BadLine{{"--answer", "calibration=yes", "erase", "chip"}, "'yes' is no answer"},
                     BadLine{{"--set", "Text_ID", "blank"}, "'Text_ID' is not NAME=VALUE"},
                     BadLine{{"--set", "=1", "blank"}, "'=1' is not NAME=VALUE"},
                     BadLine{{"--answer", "overwrite=yes", "blank"}, "'yes' is no answer"},
