@@ -23,7 +23,8 @@ These take effect before the file is loaded:
 
 --fault, such as drop:5, silent-after:3, we8/no-end-code, wrong-part:0x0E20, stuck-cell:7.
 
---answer takes overwrite, mismatch, firmware and replace = ok|cancel, power = vpp|vdd|close.
+--answer takes overwrite, mismatch, firmware, replace and calibration = ok|cancel,
+  power = vpp|vdd|close.
   A question without an answer is asked on the terminal. Without a terminal it is cancelled.
 
 Exit status: 0 success, 1 ran and failed, 2 usage or unknown device, 3 no board or
@@ -36,6 +37,12 @@ inline constexpr std::string_view kNoCommand =
     "a command is required\nRun with --help for more information.\n";
 inline constexpr std::string_view kUnknownCommand =
     "no command named '{}'\nRun with --help for more information.\n";
+inline constexpr std::string_view kNoSecondWord =
+    "{} needs one of: {}\nRun with --help for more information.\n";
+inline constexpr std::string_view kUnknownSecondWord =
+    "{} has no '{}'; it needs one of: {}\nRun with --help for more information.\n";
+inline constexpr std::string_view kNoCalibrationValue =
+    "calib write needs its value: --set Text_Calib_Data=XX";
 inline constexpr std::string_view kUnknownDevice = "the catalogue holds no device named '{}'";
 inline constexpr std::string_view kNoDevice =
     "no device is selected: name one with --device (quillon-cli devices lists them)";
@@ -45,6 +52,9 @@ inline constexpr std::string_view kInterrupted = "interrupted before the operati
 inline constexpr std::string_view kOutOfTime = "the deadline passed before the operation began";
 inline constexpr std::string_view kStandardOutput = "standard output";
 inline constexpr std::string_view kNoData = "{} holds no data record";
+inline constexpr std::string_view kNoProgramSide =
+    "{} holds no data for program memory, configuration or ID";
+inline constexpr std::string_view kNoEeprom = "{} holds no data for the EEPROM of {}";
 inline constexpr std::string_view kSameFile = "{} and {} name the same file: {}";
 // Shown among the flow's messages, so in its language. "red" colours it.
 inline constexpr std::string_view kOtherDevice =

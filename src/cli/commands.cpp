@@ -54,7 +54,7 @@ void Finish::miss(std::string text) {
 }
 
 Commands::Commands(const Options& options, Run& run, Ports& ports, Events& events)
-    : options_{options}, run_{run}, ports_{ports}, events_{events} {}
+    : options_{options}, row_{row_of(options.command)}, run_{run}, ports_{ports}, events_{events} {}
 
 Finish Commands::execute() {
     auto finish = carry_out();
@@ -79,7 +79,7 @@ Finish Commands::carry_out() {
     if (auto ending = operate()) {
         // The dump of a read shows what there is, whatever became of the read: an older file in its
         // place would be taken for it.
-        const bool was_read = options_.command == Command::Read;
+        const bool was_read = row_.outputs == Outputs::OfRead;
         if (!was_read && ending->result.exit != kFailed) return with_words(*ending);
         const auto unwritten = write_dump();
         if (unwritten && ending->result.error.empty())
@@ -188,20 +188,30 @@ Commands::Ending Commands::open_file() {
     if (options_.device && run_.session.DeviceName != *options_.device)
         run_.messages.AddMessage(
             fmt::format(text::kOtherDevice, run_.session.DeviceName, printable(*options_.device)));
-    const bool goes_to_part =
-        options_.command == Command::Program || options_.command == Command::Verify;
-    if (goes_to_part && !run_.files.file_had_data())
-        return Finish::complain(kFailed,
-                                fmt::format(text::kNoData, printable(options_.hex->string())));
+    if (auto problem = missing_data()) return Finish::complain(kFailed, *problem);
+    return {};
+}
+
+// A side without data in the file would be written blank, and with success.
+std::optional<std::string> Commands::missing_data() const {
+    if (row_.hex == HexNeed::AnyFile) return {};
+    const auto name = printable(options_.hex->string());
+    const auto sides = run_.files.file_sides();
+    if (!run_.files.file_had_data()) return fmt::format(text::kNoData, name);
+    if (row_.hex == HexNeed::ProgramSide && !sides.program)
+        return fmt::format(text::kNoProgramSide, name);
+    // A device without EEPROM is the flow's to refuse, whatever the file holds.
+    if (row_.hex == HexNeed::Eeprom && !sides.eeprom && run_.session.EepBytes != 0)
+        return fmt::format(text::kNoEeprom, name, run_.session.DeviceName);
     return {};
 }
 
 Commands::Ending Commands::operate() {
-    if (options_.command == Command::Load) return {};
+    if (row_.flow == nullptr) return {};
     auto* const socket = ports_.socket();
     if (socket != nullptr)
         if (auto problem = socket->insert(run_.session)) return Finish::complain(kUsage, *problem);
-    const auto outcome = flow();
+    const auto outcome = row_.flow(run_);
     // Saved after a failed operation too: the part keeps what was done to it.
     const auto unsaved = socket != nullptr ? socket->save() : std::nullopt;
     if (outcome == Outcome::Success)
@@ -209,30 +219,6 @@ Commands::Ending Commands::operate() {
     auto finish = Finish::of(outcome);
     finish.result.error = unsaved.value_or("");
     return finish;
-}
-
-Outcome Commands::flow() {
-    switch (options_.command) {
-        case Command::Detect:
-            return run_.flows.Label_FirmwareVersion_Click();
-        case Command::Blank:
-            return run_.flows.Command_blank();
-        case Command::Verify:
-            return run_.flows.Command_Verify();
-        case Command::Program:
-            return run_.flows.Command_program();
-        case Command::Read:
-            return run_.flows.Command_read();
-        case Command::ErasePgm:
-            return run_.flows.mnuPgmErase_Click();
-        case Command::EraseChip:
-            return run_.flows.mnuChipErase_Click();
-        case Command::Devices:
-        case Command::Load:
-        case Command::Simulate:
-            break;
-    }
-    return Outcome::Success;
 }
 
 Commands::Ending Commands::save_file() {
@@ -284,6 +270,10 @@ Finish Commands::with_words(Finish finish) const {
     if (result.exit == kFailed) result.mismatches = mismatches(run_.form);
     if (options_.command == Command::Detect && result.exit == kSuccess)
         result.FirmwareText = session.FirmwareText;
+    if (options_.command == Command::CalibRead && result.exit == kSuccess) {
+        result.CalibWord = fmt::format("{:02X}{:02X}", session.CalibHi, session.CalibLo);
+        result.Text_Calib_Data = run_.form.Text_Calib_Data.Text.get();
+    }
     return finish;
 }
 

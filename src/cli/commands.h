@@ -47,15 +47,16 @@ class Commands {
     void tell_unsaved_settings();
     Ending choose_device();
     Ending open_file();
+    std::optional<std::string> missing_data() const;
     Ending operate();
     Ending save_file();
     Ending write_dump();
     Finish list_devices();
     Finish simulate();
-    Outcome flow();
     Finish with_words(Finish finish) const;
 
     const Options& options_;
+    const CommandRow& row_;
     Run& run_;
     Ports& ports_;
     Events& events_;

@@ -45,6 +45,10 @@ struct Result {
     // The cells that failed the verify, as the program view lists them.
     std::vector<std::string> mismatches{};
     std::string FirmwareText{};  // the board's identity, if the operation was to find it
+    // The calibration word, if the operation was to read it: the whole instruction in four digits,
+    // and the value in it as --set takes it.
+    std::string CalibWord{};
+    std::string Text_Calib_Data{};
 };
 
 class Events {

@@ -113,6 +113,10 @@ class JsonEvents : public Events {
         if (!result.error.empty()) event["error"] = result.error;
         if (!result.mismatches.empty()) event["mismatches"] = result.mismatches;
         if (!result.FirmwareText.empty()) event["FirmwareText"] = result.FirmwareText;
+        if (!result.CalibWord.empty()) {
+            event["CalibWord"] = result.CalibWord;
+            event["Text_Calib_Data"] = result.Text_Calib_Data;
+        }
         print(event);
     }
 

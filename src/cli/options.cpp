@@ -2,11 +2,13 @@
 #include "cli/options.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -27,7 +29,7 @@ struct Question {
 constexpr std::array kQuestions{
     Question{"overwrite", {"ok", "cancel"}},    Question{"mismatch", {"ok", "cancel"}},
     Question{"power", {"vpp", "vdd", "close"}}, Question{"firmware", {"ok", "cancel"}},
-    Question{"replace", {"ok", "cancel"}},
+    Question{"replace", {"ok", "cancel"}},      Question{"calibration", {"ok", "cancel"}},
 };
 
 // About thirty years, which is as good as no deadline. In milliseconds it still fits.
@@ -39,7 +41,6 @@ struct Raw {
     std::vector<std::string> answers;
     std::vector<std::string> faults;
     std::optional<double> deadline;
-    std::string area;  // of erase
 };
 
 NamedValue named_value(const std::string& option, const std::string& text) {
@@ -101,44 +102,43 @@ void add_options(CLI::App& app, Options& options, Raw& raw) {
     app.set_help_flag("--help", "shows this help");
 }
 
-void add_commands(CLI::App& app, Options& options, Raw& raw) {
-    const auto command = [&](Command id, const char* name, const char* help) {
-        auto* added = app.add_subcommand(name, help);
-        added->set_help_flag("--help", "shows this help");
-        added->group("Commands");
-        added->callback([&options, id, name = std::string{name}] {
-            options.command = id;
-            options.operation = name;
-        });
-        return added;
-    };
-    const auto with_hex = [&](CLI::App* added) {
-        given(*added, "HEX", options.hex, "an Intel HEX file")->required()->type_name("FILE");
-        return added;
-    };
-    const auto with_dump = [&](CLI::App* added) {
-        given(*added, "--dump", options.dump, "writes the image as JSON")->type_name("FILE");
-        return added;
-    };
-    command(Command::Devices, "devices", "lists the devices");
-    command(Command::Detect, "detect", "finds the board and prints its identity");
-    command(Command::Blank, "blank", "checks whether the device is blank");
-    with_hex(command(Command::Verify, "verify", "compares the device with a file"));
-    with_hex(command(Command::Program, "program", "erases, writes and verifies the device"));
-    given(*with_dump(command(Command::Read, "read", "reads the device")), "-o", options.save,
-          "saves what was read as a HEX file")
-        ->type_name("FILE");
-    command(Command::EraseChip, "erase", "erases the program memory or the whole chip")
-        ->add_option("AREA", raw.area, "pgm or chip")
-        ->required()
-        ->check(CLI::IsMember({"pgm", "chip"}));
-    given(*with_dump(with_hex(command(Command::Load, "load", "loads a file; needs no board"))),
-          "--save", options.save, "saves the image as a HEX file")
-        ->type_name("FILE");
-    given(
-        *command(Command::Simulate, "simulate", "serves the simulated board on a pseudo-terminal"),
-        "--link", options.link, "a name for the pseudo-terminal")
-        ->type_name("PATH");
+CLI::App* with_help(CLI::App* added) {
+    added->set_help_flag("--help", "shows this help");
+    added->group("Commands");
+    return added;
+}
+
+void add_command(CLI::App& parent, const CommandRow& row, Options& options) {
+    auto& added = *with_help(parent.add_subcommand(std::string{row.name}, std::string{row.help}));
+    added.callback([&options, &row] {
+        options.command = row.command;
+        options.operation = row.words();
+    });
+    if (row.hex != HexNeed::None)
+        given(added, "HEX", options.hex, "an Intel HEX file")->required()->type_name("FILE");
+    if (row.command == Command::Simulate)
+        given(added, "--link", options.link, "a name for the pseudo-terminal")->type_name("PATH");
+    if (row.outputs == Outputs::None) return;
+    given(added, "--dump", options.dump, "writes the image as JSON")->type_name("FILE");
+    if (row.outputs == Outputs::OfRead)
+        given(added, "-o", options.save, "saves what was read as a HEX file")->type_name("FILE");
+    else
+        given(added, "--save", options.save, "saves the image as a HEX file")->type_name("FILE");
+}
+
+// A group is added in the place of its first command.
+void add_commands(CLI::App& app, Options& options) {
+    std::map<std::string_view, CLI::App*> parents{{"", &app}};
+    for (const auto& row : command_rows()) {
+        auto*& parent = parents[row.group];
+        if (parent == nullptr) {
+            const auto group = std::ranges::find(command_groups(), row.group, &CommandGroup::name);
+            parent =
+                with_help(app.add_subcommand(std::string{group->name}, std::string{group->help}));
+            parent->require_subcommand(1);
+        }
+        add_command(*parent, row, options);
+    }
 }
 
 // An empty name must be an error: a script's unset variable must not mean the default place.
@@ -158,6 +158,10 @@ void check_places(const Options& options) {
 void take(Options& options, const Raw& raw) {
     check_places(options);
     for (const auto& set : raw.sets) options.sets.push_back(named_value("--set", set));
+    // The value that the catalogue shows must not go into a part by accident.
+    if (options.command == Command::CalibWrite &&
+        std::ranges::count(options.sets, "Text_Calib_Data", &NamedValue::name) == 0)
+        throw CLI::ValidationError{std::string{text::kNoCalibrationValue}};
     for (const auto& given : raw.answers) options.answers.push_back(sound_answer(given));
     if (options.sim_baud.value_or(0) < 0)
         throw CLI::ValidationError{"--sim-baud", "must not be below 0"};
@@ -165,10 +169,6 @@ void take(Options& options, const Raw& raw) {
         if (!(*raw.deadline > 0)) throw CLI::ValidationError{"--deadline", "must be above 0"};
         options.deadline = std::chrono::milliseconds{
             static_cast<std::int64_t>(std::ceil(std::min(*raw.deadline, kLongestSeconds) * 1000))};
-    }
-    if (options.command == Command::EraseChip) {
-        if (raw.area == "pgm") options.command = Command::ErasePgm;
-        options.operation += ' ' + raw.area;
     }
     for (const auto& text : raw.faults) {
         const auto reading = read_fault(text);
@@ -180,12 +180,26 @@ void take(Options& options, const Raw& raw) {
         throw CLI::ValidationError{std::string{text::kNeedsSimulation}};
 }
 
+// A first word whose second one is missing or unknown.
+std::string complain_of_group(const std::string& group, const std::string* unknown) {
+    std::vector<std::string_view> known;
+    for (const auto& row : command_rows())
+        if (row.group == group) known.push_back(row.name);
+    if (unknown == nullptr) return fmt::format(text::kNoSecondWord, group, fmt::join(known, ", "));
+    return fmt::format(text::kUnknownSecondWord, group, *unknown, fmt::join(known, ", "));
+}
+
 // CLI11 reports an unknown command as a missing one.
 std::string complaint(const CLI::App& app, const std::string& words) {
     const auto rest = app.remaining();
     const auto is_command = [](const std::string& word) { return !word.starts_with('-'); };
     const auto unknown = std::ranges::find_if(rest, is_command);
-    if (!app.get_subcommands().empty()) return words;
+    if (const auto chosen = app.get_subcommands(); !chosen.empty()) {
+        const auto& name = chosen.front()->get_name();
+        const bool is_group = std::ranges::count(command_groups(), name, &CommandGroup::name) > 0;
+        if (!is_group || !chosen.front()->get_subcommands().empty()) return words;
+        return complain_of_group(name, unknown != rest.end() ? &*unknown : nullptr);
+    }
     if (unknown != rest.end()) return fmt::format(text::kUnknownCommand, *unknown);
     return rest.empty() ? std::string{text::kNoCommand} : words;
 }
@@ -200,7 +214,7 @@ ParsedLine parse(std::span<const std::string> arguments) {
     app.fallthrough();
     app.require_subcommand(1);
     add_options(app, options, raw);
-    add_commands(app, options, raw);
+    add_commands(app, options);
     app.footer(std::string{text::kFooter});  // after the commands, because they would inherit it
     try {
         app.parse(std::vector<std::string>{arguments.rbegin(), arguments.rend()});

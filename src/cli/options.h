@@ -3,7 +3,6 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -11,21 +10,9 @@
 #include <vector>
 
 #include "board/faults.h"
+#include "cli/command_rows.h"
 
 namespace quillon::cli {
-
-enum class Command : std::uint8_t {
-    Devices,
-    Detect,
-    Blank,
-    Verify,
-    Program,
-    Read,
-    ErasePgm,
-    EraseChip,
-    Load,
-    Simulate,
-};
 
 struct NamedValue {
     std::string name;

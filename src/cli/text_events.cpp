@@ -71,6 +71,10 @@ class TextEvents : public Events {
         progress_off();
         for (const auto& mismatch : result.mismatches) print(mismatch, false);
         if (!result.FirmwareText.empty()) print(printable(result.FirmwareText), false);
+        if (!result.CalibWord.empty())
+            print(fmt::format("CalibWord={} Text_Calib_Data={}", result.CalibWord,
+                              result.Text_Calib_Data),
+                  false);
     }
 
   private:

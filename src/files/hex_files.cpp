@@ -243,7 +243,7 @@ void HexFiles::select_named_device(std::string_view text) {
 Token HexFiles::load(std::string_view text) {
     // The load shows the words as options. Words are computed from options only after a user's
     // choice: a code that no option has must be saved unchanged.
-    loader_.load(text);
+    sides_ = loader_.load(text);
     had_data_ = has_data_record(text);
     session_.ConfigFromFile = false;
     if (is_pic18_flash(session_.PgmType)) {

@@ -61,6 +61,8 @@ class HexFiles {
     // Whether the file of the last load held a single data record. An empty one, or a page that a
     // server sent in its place, loads as well as any.
     bool file_had_data() const { return had_data_; }
+    // The sides of the device for which that file had data. A side without any loads blank.
+    HexSides file_sides() const { return sides_; }
 
   private:
     void clear_entry_fields();
@@ -91,6 +93,7 @@ class HexFiles {
     HexLoader loader_;
     ImageMark file_;  // what the file at hand holds
     bool had_data_ = false;
+    HexSides sides_;
     ImageMark former_;  // the image before the command that runs
 };
 

@@ -38,11 +38,12 @@ HexAddresses hex_addresses(const MainForm& form, std::string_view DeviceName) {
     return full ? HexAddresses::Full : HexAddresses::Folded;
 }
 
-void HexLoader::load(std::string_view text) {
+HexSides HexLoader::load(std::string_view text) {
     messages_.ShowMessage(hex_loader_text::kLoading);
     session_.LoadResult.clear();
     const auto load = is_pic18_flash(session_.PgmType) ? load_pic18_text(text) : load_words(text);
     if (form_.HexFileCheck.Checked.get()) report_check(text, load);
+    return load.sides;
 }
 
 HexAddresses HexLoader::addresses() const { return hex_addresses(form_, session_.DeviceName); }

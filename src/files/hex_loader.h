@@ -32,7 +32,7 @@ class HexLoader {
     // Runs the loader of the selected type. LoadResult is "" meanwhile, then "OK" or "NG". Leaves
     // ConfigFromFile set where the text supplied configuration words: the caller clears it once the
     // panel is refreshed. The file check's findings come last, on a line of their own.
-    void load(std::string_view text);
+    HexSides load(std::string_view text);
     // Text_ID from the low digits of the eight PIC18 ID bytes.
     void show_pic18_id();
 

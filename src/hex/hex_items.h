@@ -123,12 +123,19 @@ struct Findings {
     }
 };
 
+// The sides of a device for which a file has data. Blank data count too.
+struct HexSides {
+    bool program = false;  // program memory, configuration or ID
+    bool eeprom = false;   // a cell that the device has
+};
+
 // The result of a load. A fault stops the load; the data placed before it remain.
 struct [[nodiscard]] HexLoad {
     bool ok = false;
     SkippedItems skipped{};
     bool has_config = false;  // the file supplied configuration words
     bool has_eeprom = false;  // PIC18: it supplied EEPROM data other than blank cells
+    HexSides sides{};
     // Records of an odd byte count whose check sum was read, and placed, as the byte behind them.
     Findings sums_as_data{};
 };

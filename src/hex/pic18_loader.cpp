@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 #include "hex/hex_zones.h"
 
@@ -32,6 +33,7 @@ class Pic18Image {
 
     bool has_config() const { return has_config_; }
     bool has_eeprom() const { return has_eeprom_; }
+    const HexSides& sides() const { return sides_; }
     // Whether the last record's check sum was placed as the second byte of a pair.
     bool sum_placed() const { return sum_placed_; }
 
@@ -51,6 +53,7 @@ class Pic18Image {
     unsigned upper_ = 0;
     bool has_config_ = false;
     bool has_eeprom_ = false;
+    HexSides sides_;
     bool sum_placed_ = false;
 };
 
@@ -72,6 +75,9 @@ bool Pic18Image::each_byte(const HexRecord& record, std::size_t start, std::size
 bool Pic18Image::place(const HexRecord& record) {
     const auto place = pic18_place(upper_, record.address());
     sum_placed_ = false;
+    if (record.data_characters() > 0 && place.area != HexArea::None &&
+        place.area != HexArea::Eeprom)
+        sides_.program = true;
     const auto each = [&](std::size_t step, auto store) {
         return each_byte(record, static_cast<std::size_t>(place.index), step,
                          [&](std::size_t i, std::uint8_t byte) { return (this->*store)(i, byte); });
@@ -123,6 +129,7 @@ bool Pic18Image::store_config(std::size_t index, std::uint8_t byte) {
 bool Pic18Image::store_eeprom(std::size_t index, std::uint8_t byte) {
     if (index >= session_.EepMem.size()) return false;
     session_.EepMem[index] = byte;
+    if (std::cmp_less(index, session_.EepBytes)) sides_.eeprom = true;
     if (byte < kBlank) {
         session_.EepBytesCat = std::max(session_.EepBytesCat, static_cast<std::int32_t>(index));
         has_eeprom_ = true;
@@ -183,6 +190,7 @@ HexLoad load_pic18(std::string_view text, Session& session) {
     }
     load.has_config = image.has_config();
     load.has_eeprom = image.has_eeprom();
+    load.sides = image.sides();
     return load;
 }
 

@@ -41,6 +41,7 @@ class WordImage {
     // Called after the last record.
     void finish(std::string_view device_shown);
     bool has_config() const { return has_config_; }
+    const HexSides& sides() const { return sides_; }
     // Whether the last record's check sum was placed as its last word's high byte.
     bool sum_placed() const { return sum_placed_; }
 
@@ -67,6 +68,7 @@ class WordImage {
     IdBehindProgram id_behind_;
     bool has_id_ = false;  // an ID at an address that has precedence
     bool has_config_ = false;
+    HexSides sides_;
     bool sum_placed_ = false;
 };
 
@@ -99,6 +101,8 @@ bool WordImage::drops(std::string_view address_record) const {
 bool WordImage::place(const HexRecord& record) {
     const auto [area, start] = place_of(record);
     sum_placed_ = false;
+    if (record.data_characters() > 0 && area != HexArea::None && area != HexArea::Eeprom)
+        sides_.program = true;
     switch (area) {
         case HexArea::Program:
             return addresses_ == HexAddresses::Full ? place_full_program(record, start)
@@ -198,6 +202,7 @@ bool WordImage::place_eeprom(const HexRecord& record, std::ptrdiff_t start) {
         if (!low || index < 0 || index + 1 >= std::ssize(cells)) return false;
         cells[static_cast<std::size_t>(index)] = 0x3F;
         cells[static_cast<std::size_t>(index) + 1] = *low;
+        if (index / 2 < session_.EepBytes) sides_.eeprom = true;
     }
     return true;
 }
@@ -262,6 +267,7 @@ HexLoad load_word_image(std::string_view text, std::string_view device_shown, Se
         if (!placed) return load;
     }
     image.finish(device_shown);
+    load.sides = image.sides();
     load.ok = true;
     return load;
 }

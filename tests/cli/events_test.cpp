@@ -87,6 +87,14 @@ TEST_F(json_events_print, the_result_with_every_field_in_order) {
               "\"seconds\":2.5,\"exit\":0}\n");
 }
 
+TEST_F(json_events_print, the_calibration_that_was_read_behind_the_other_fields) {
+    events_->result({.CalibWord = "3474", .Text_Calib_Data = "74"});
+    EXPECT_TRUE(
+        printed().ends_with("\"exit\":0,\"CalibWord\":\"3474\",\"Text_Calib_Data\":\"74\"}\n"));
+    events_->result({});
+    EXPECT_EQ(printed().find("Calib"), std::string::npos);
+}
+
 TEST_F(json_events_print, a_text_that_is_not_utf8_without_failing) {
     events_->log("a\xFF z");
     EXPECT_EQ(printed(), "{\"event\":\"log\",\"line\":\"a\xEF\xBF\xBD z\"}\n");
@@ -148,6 +156,13 @@ TEST_F(text_events_print, the_boards_identity_at_the_end_of_detect) {
                        events.result({.operation = "detect", .FirmwareText = "ZQ-LDR412A V6.80"});
                    }),
               "ZQ-LDR412A V6.80\n");
+}
+
+TEST_F(text_events_print, the_calibration_that_was_read_at_the_end) {
+    EXPECT_EQ(
+        with({},
+             [](Events& events) { events.result({.CalibWord = "3474", .Text_Calib_Data = "74"}); }),
+        "CalibWord=3474 Text_Calib_Data=74\n");
 }
 
 TEST(lines_of, ends_lines_at_any_of_the_products_ends) {

@@ -39,6 +39,30 @@ TEST_P(every_device_of_the_catalogue, is_selected_by_its_name_without_a_box) {
     }
 }
 
+// The families without an algorithm so far are refused; a device without a family has its type's.
+TEST_P(every_device_of_the_catalogue, is_served_or_refused_before_anything_is_sent) {
+    CliBench cli;
+    ASSERT_EQ(cli.json({"devices"}), 0) << cli.err;
+    const auto devices = cli.of("device");
+    int served = 0;
+    for (std::size_t i = 0; i < devices.size(); ++i) {
+        const std::string name = devices[i]["name"], family = devices[i]["family"];
+        const bool serves = family == "generic" || family == "PIC16F877" || family == "PIC16F877A";
+        served += serves ? 1 : 0;
+        if (i % kShares != GetParam()) continue;
+        // The silent board is told apart from the refusal without the whole operation.
+        const std::vector<std::vector<std::string>> lines{{"blank"}, {"extend", "pgm-read"}};
+        for (auto line : lines) {
+            line.insert(line.begin(), {"--device", name, "--trace", cli.path("t.txt"), "--fault",
+                                       "silent-after:0"});
+            EXPECT_EQ(cli.on_board(line), serves ? 3 : 2) << name;
+            EXPECT_EQ(cli.home.read("t.txt").empty(), !serves) << name;
+            EXPECT_EQ(cli.result()["status"], serves ? "no-board" : "not-served") << name;
+        }
+    }
+    EXPECT_EQ(served, 86 + 8);
+}
+
 INSTANTIATE_TEST_SUITE_P(shares, every_device_of_the_catalogue,
                          testing::Range<std::size_t>(0, kShares));
 
@@ -112,6 +136,20 @@ TEST(a_bad_catalogue, beyond_the_limits_of_the_list_stops_the_start_with_its_box
         ASSERT_EQ(cli.of("box").size(), 1U);
         EXPECT_EQ(cli.of("box")[0]["title"], "設定ファイルを開けませんでした");
         EXPECT_EQ(cli.result()["event"], "result");
+    }
+}
+
+TEST(a_catalogue, with_a_pic18_that_no_family_names_gets_it_refused_before_anything_is_sent) {
+    std::string rows = kSound;
+    rows.replace(rows.find("FLASH4"), 6, "18F_00");
+    OwnCatalogue cli{block("PIC18F9999", rows)};
+    for (const std::string command : {"blank", "read"}) {
+        EXPECT_EQ(cli.on_board({"--device", "PIC18F9999", "--trace", cli.path("t.txt"), command}),
+                  2);
+        EXPECT_EQ(cli.of("message").back()["text"],
+                  "このデバイスのアルゴリズムは、まだ用意されていません。");
+        EXPECT_EQ(cli.of("message").back()["colour"], "red");
+        EXPECT_EQ(cli.home.read("t.txt"), "");
     }
 }
 

@@ -48,6 +48,16 @@ TEST(mnuFileOpen_Click, clears_what_an_older_file_left) {
     EXPECT_EQ(bench.session.ConfigWord[1], 0x2FCFU);
 }
 
+TEST(mnuFileOpen_Click, notes_the_sides_that_the_last_file_had_data_for) {
+    FilesBench bench;
+    bench.open(data(0x4200, {0x5A, 0}));
+    EXPECT_TRUE(bench.files.file_sides().eeprom);
+    EXPECT_FALSE(bench.files.file_sides().program);
+    bench.open(kWord);
+    EXPECT_FALSE(bench.files.file_sides().eeprom);
+    EXPECT_TRUE(bench.files.file_sides().program);
+}
+
 TEST(mnuFileOpen_Click, remembers_the_file_and_shows_its_name) {
     FilesBench bench;
     bench.open(kWord, "Work/点滅 A.hex");

@@ -125,6 +125,19 @@ TEST(Pic18Loader, takes_EEPROM_bytes_below_index_2048) {
     EXPECT_FALSE(load_pic18(upper_address(0xF0) + data(0x800, {1, 2}), *session).ok);
 }
 
+TEST(Pic18Loader, notes_the_sides_of_the_device_that_a_file_has_data_for) {
+    const auto sides = [](const std::string& text) { return load_pic18(text, *pic18()).sides; };
+    for (const unsigned upper : {0U, 1U, 0x20U, 0x30U}) {
+        EXPECT_TRUE(sides(upper_address(upper) + data(0, {0xFF, 0xFF})).program) << upper;
+        EXPECT_FALSE(sides(upper_address(upper) + data(0, {0xFF, 0xFF})).eeprom) << upper;
+    }
+    EXPECT_TRUE(sides(upper_address(0xF0) + data(0xFE, {0xFF, 0xFF})).eeprom) << "blank data count";
+    EXPECT_FALSE(sides(upper_address(0xF0) + data(0xFE, {0xFF, 0xFF})).program);
+    EXPECT_FALSE(sides(upper_address(0xF0) + data(0x100, {1, 2})).eeprom) << "behind the cells";
+    EXPECT_FALSE(sides(upper_address(0x21) + data(0, {1, 2})).program);
+    EXPECT_FALSE(sides(test::kEndRecord).program);
+}
+
 TEST(Pic18Loader, ignores_every_other_upper_address) {
     for (const unsigned upper : {0x21U, 0x2FU, 0x31U, 0xEFU, 0xF1U, 0x100U, 0x120U, 0xFFFFU}) {
         auto session = pic18();

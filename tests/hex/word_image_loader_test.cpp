@@ -42,6 +42,37 @@ TEST(WordImageLoader, places_words_high_byte_first_at_their_byte_address) {
     EXPECT_EQ(session->IdText, "FFFF");
 }
 
+TEST(WordImageLoader, notes_the_sides_of_the_device_that_a_file_has_data_for) {
+    struct Case {
+        std::string text;
+        bool program;
+        bool eeprom;
+    };
+    const std::vector<Case> cases{
+        {"", false, false},
+        {test::kEndRecord, false, false},
+        {":0000000000\n", false, false},
+        {data(0, {0xFF, 0x3F}), true, false},
+        {data(0x4000, {0, 0, 0, 0, 0, 0, 0, 0}), true, false},
+        {data(0x400E, {0xFF, 0x3F}), true, false},
+        {data(0x4200, {0xFF, 0}), false, true},
+        {data(0x8000, {0x12, 0}), false, true},
+        {data(0x81FE, {0x12, 0}), false, true},
+        {data(0x8200, {0x12, 0}), false, false},
+        {data(0, {0x34, 0x12}) + data(0x4200, {0x12, 0}), true, true},
+    };
+    for (const auto& [text, program, eeprom] : cases) {
+        const auto sides = load(*flash(), text).sides;
+        EXPECT_EQ(sides.program, program) << text;
+        EXPECT_EQ(sides.eeprom, eeprom) << text;
+    }
+    auto small = device("FLASH0", "PIC16F84A", 1024, 64);
+    EXPECT_TRUE(load(*small, data(0x427E, {0x12, 0})).sides.eeprom);
+    EXPECT_FALSE(load(*small, data(0x4280, {0x12, 0})).sides.eeprom) << "it has 64 cells";
+    auto none = device("FLASH2", "PIC16F73", 4096);
+    EXPECT_FALSE(load(*none, data(0x4200, {0x12, 0})).sides.eeprom);
+}
+
 TEST(WordImageLoader, takes_program_up_to_3FFF) {
     auto session = flash();
     ASSERT_TRUE(load(*session, data(0x3FFE, {0x34, 0x12})).ok);
