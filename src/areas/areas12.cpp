@@ -131,8 +131,7 @@ Token Areas12::Blank_Cfg() {
 
 BlankNotes Areas12::blank_notes() const {
     const auto oscillator = config_ & kOscillatorBits;
-    if (record_.names_oscillator)
-        return {.status = std::string{kOscillators[oscillator]}};
+    if (record_.names_oscillator) return {.status = std::string{kOscillators[oscillator]}};
     BlankNotes notes{.oscillator = blank_verdict(oscillator == kOscillatorBits)};
     if (knows_calibration_)
         notes.report =

@@ -136,12 +136,18 @@ Routine<void> BoardProgram::write_one_word() {
     begin_exchange();
     const std::size_t place = address == 0 ? 0 : address - 1;
     Socket& socket = bench_.socket;
-    if (socket.target.core == Core::Bits12)
+    const bool line = socket.target.core == Core::Bits12;
+    if (line)
         socket.write_line(place, value, WordWrite::ClearsBits);
     else
         socket.write_program(place, value, WordWrite::ClearsBits);
     co_await machine_.elapse(bench_.times.program_word);
-    send_end();
+    // The end code of a write says that the item is in the part.
+    const auto held = line ? socket.read_line(place) : socket.read_program(place);
+    if (held == (value & socket.target.blank_word))
+        send_end();
+    else
+        report_failure(held);
 }
 
 // The configuration word of PIC16F54 and PIC16F57: 0, 1 and the word, all as parameters.

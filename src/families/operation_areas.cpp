@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The operations on a single area, and on the calibration word.
-#include "app/text.h"
+#include <algorithm>
+#include <span>
+
 #include "areas/calibration_word.h"
 #include "families/operation.h"
 #include "families/reading_config.h"
+#include "image/fill.h"
 
 namespace quillon {
 
@@ -62,9 +65,15 @@ Outcome Operation::Read_Pgm() {
     return shows_protection() ? Outcome::Failed : Outcome::Success;
 }
 
+// A cell's high byte has ones in an open part: nothing but zeros is the answer of a protected one,
+// whose configuration this operation doesn't read.
 Outcome Operation::Read_Eep() {
     announce(texts_.reading_eep);
-    return areas_->Read_Eep() == Token::OK ? Outcome::Success : Outcome::Failed;
+    if (areas_->Read_Eep() != Token::OK) return Outcome::Failed;
+    const auto bytes = std::span{session_.EepMem}.first(eeprom_span(session_));
+    session_.CodeProtect.eep = has_word_eeprom(session_.PgmType) &&
+                               std::ranges::all_of(bytes, [](auto byte) { return byte == 0; });
+    return session_.CodeProtect.any() ? Outcome::Failed : Outcome::Success;
 }
 
 Outcome Operation::Word_Read() {

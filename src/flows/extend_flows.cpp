@@ -166,6 +166,8 @@ Outcome ExtendFlows::Cmd_DATA_Read_Click() {
             // Without EEPROM the routine's own line is the verdict.
             if (context_.session.EepBytes != 0)
                 tell(outcome, extend_text::kEepRead, extend_text::kEepReadFailed);
+            if (context_.session.CodeProtect.any())
+                context_.messages.AddMessage(extend_text::kReadProtected);
             return outcome;
         });
     });
