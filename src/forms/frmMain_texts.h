@@ -70,7 +70,8 @@ inline constexpr std::string_view kBlankTip = "デバイスが消去されてい
 inline constexpr std::string_view kReadTip = "デバイスの内容をバッファメモリへ読み出します (F7)";
 inline constexpr std::string_view kVerifyTip = "デバイスとバッファメモリを比較します (F8)";
 inline constexpr std::string_view kProgramTip = "バッファメモリの内容をデバイスに書き込みます (F9)";
-inline constexpr std::string_view kExtendTip = "領域ごとの操作を行います";
+inline constexpr std::string_view kExtendTip =
+    "領域ごとの読み出し、書き込み、消去のウインドウを開きます";
 inline constexpr std::string_view kStopTip = "実行中の操作を中断します (Esc)";
 inline constexpr std::string_view kBoardTip = "クリックでライターを検索します";
 inline constexpr std::string_view kConfigTextTip =
