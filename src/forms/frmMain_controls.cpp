@@ -69,8 +69,7 @@ frmMain::~frmMain() = default;
 // Hides entries whose function this version doesn't have. An entry that does nothing would mislead.
 void frmMain::hide_what_is_not_there() {
     auto& form = run_.form;
-    for (Control* control : std::initializer_list<Control*>{&form.mnuAsmC, &form.mnuFirmwareUpdate,
-                                                              &form.Command1, &form.Command2})
+    for (Control* control : std::initializer_list<Control*>{&form.mnuAsmC, &form.mnuFirmwareUpdate})
         control->Visible.set(false);
 }
 
@@ -149,6 +148,8 @@ void frmMain::connect_buttons() {
     on_click(operation_->Command_Verify, [this] { run_.flows.Command_Verify(); });
     on_click(operation_->Command_program, [this] { run_.flows.Command_program(); });
     on_click(operation_->Cmd_Extend_Program, [this] { extend_->come_up(); });
+    on_click(info_->Command1, [this] { run_.flows.Command1_Click(); });
+    on_click(info_->Command2, [this] { run_.flows.Command2_Click(); });
     on_click(board_label_, [this] { run_.flows.Label_FirmwareVersion_Click(); });
     on_click(header_->Command_com, [this] { run_.menu.mnuComPort_Click(); });
     on_click(info_->Check_Parity_Disp, [this] { run_.views.ShowProgramMemory(); });

@@ -332,7 +332,7 @@ TEST(keyboard, every_button_tells_its_meaning_and_its_key_in_a_tooltip) {
          {Row{"Cmd_open", "(Ctrl+O)"}, Row{"Cmd_save", "(Ctrl+S)"}, Row{"Command_com", ""},
           Row{"Command_blank", "(F6)"}, Row{"Command_read", "(F7)"}, Row{"Command_Verify", "(F8)"},
           Row{"Command_program", "(F9)"}, Row{"Command_stop", "(Esc)"},
-          Row{"Cmd_Extend_Program", ""},
+          Row{"Cmd_Extend_Program", ""}, Row{"Command1", ""}, Row{"Command2", ""},
           Row{"Label_FirmwareVersion", ""}}) {
         EXPECT_FALSE(bench.find<QPushButton>(name)->toolTip().isEmpty()) << name;
         EXPECT_TRUE(bench.find<QPushButton>(name)->toolTip().contains(key)) << name;
