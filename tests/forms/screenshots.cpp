@@ -96,7 +96,10 @@ class Shots {
     void take_next_modal(const char* name) {
         QTimer::singleShot(50, qApp, [this, name] {
             QWidget* form = QApplication::activeModalWidget();
-            if (form == nullptr) return;
+            if (form == nullptr) {
+                take_next_modal(name);  // a slow machine hasn't shown it yet
+                return;
+            }
             take(*form, name);
             form->close();
         });
