@@ -188,6 +188,7 @@ void DeviceSelection::ClearDeviceView() {
 
 void DeviceSelection::Chk_12F_CalibData_Select_Click() {
     lock_calibration(form_);
+    lock_entries(panel_of(session_.PgmType), form_);
     if (!form_.Chk_12F_CalibData_Select.Checked.get())
         messages_.ShowMessage(catalogue_text::kCalibrationOpen);
 }

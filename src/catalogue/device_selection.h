@@ -36,7 +36,8 @@ class DeviceSelection {
     void Combo_device_Typed(std::string_view typed);
     Token Mcu_Selected_Check() { return device_check_.Mcu_Selected_Check(); }
     void ClearDeviceView();
-    // The user has checked or cleared the box: the calibration fields are locked or unlocked.
+    // The user has checked or cleared the box: the calibration fields and the button
+    // that writes them are locked or unlocked.
     void Chk_12F_CalibData_Select_Click();
 
   private:

@@ -37,6 +37,7 @@ constexpr TypePanel k12C5{
     .Text_Calib_Data = "FF",
     .calib_box = BoxState::Locked,
     .bandgap_box = BoxState::Locked,
+    .calib_follows_choice = true,
     .Label_BG = Hidden,
 };
 
@@ -77,10 +78,17 @@ constexpr TypePanel k10F2 = [] {
     return panel;
 }();
 
+constexpr TypePanel k12C6 = [] {
+    TypePanel panel = named(k12C5, ProgrammingType::T12C6);
+    panel.word_buttons = true;
+    return panel;
+}();
+
 constexpr TypePanel k12F6 = [] {
-    TypePanel panel = named(k12C5, ProgrammingType::T12F6);
+    TypePanel panel = named(k12C6, ProgrammingType::T12F6);
     panel.Label_BG = Shown;
     panel.bandgap_box = BoxState::Open;
+    panel.bandgap_follows_choice = true;
     return panel;
 }();
 
@@ -91,16 +99,11 @@ constexpr TypePanel k18F_01 = [] {
 }();
 
 constexpr std::array kPanels{
-    k5F28,
-    named(k5F28, ProgrammingType::T5F18),
-    k10F2,
-    k12C5,
-    named(k12C5, ProgrammingType::T12C6),
-    k12F6,
-    kEprom2,
-    k18F_00,
-    k18F_01,
-    kAnyOther,
+    k5F28,   named(k5F28, ProgrammingType::T5F18),
+    k10F2,   k12C5,
+    k12C6,   k12F6,
+    kEprom2, k18F_00,
+    k18F_01, kAnyOther,
 };
 
 void show(Control& control, Mark mark) {
@@ -132,6 +135,9 @@ void show_calibration(const TypePanel& panel, MainForm& form) {
     set_box(form.Text_BG, panel.bandgap_box);
     if (panel.bandgap_box != BoxState::Keep) form.Text_BG.Text.set("3");
     show(form.Label_BG, panel.Label_BG);
+    for (auto* button : {&form.Command1, &form.Command2}) button->Visible.set(panel.word_buttons);
+    // The write would replace a calibration that the checked box keeps.
+    form.Command2.Enabled.set(false);
 }
 
 void show_identity(const TypePanel& panel, Session& session, MainForm& form) {
@@ -170,6 +176,14 @@ void show_type(const TypePanel& panel, Session& session, MainForm& form) {
     show(form.Check_Parity_Disp, panel.Check_Parity_Disp);
     if (panel.Check_Parity_Disp == Shown) form.Check_Parity_Disp.Checked.set(false);
     show_identity(panel, session, form);
+}
+
+void lock_entries(const TypePanel& panel, MainForm& form) {
+    const bool open = !form.Chk_12F_CalibData_Select.Checked.get();
+    const BoxState state = open ? BoxState::Open : BoxState::Locked;
+    if (panel.calib_follows_choice) set_box(form.Text_Calib_Data, state);
+    if (panel.bandgap_follows_choice) set_box(form.Text_BG, state);
+    if (panel.word_buttons) form.Command2.Enabled.set(open);
 }
 
 }  // namespace quillon

@@ -34,6 +34,10 @@ struct TypePanel {
     std::string_view Text_Calib_Data = "";  // "": kept
     BoxState calib_box = BoxState::Keep;
     BoxState bandgap_box = BoxState::Keep;  // Text_BG reads "3" wherever it isn't kept
+    // The user enters the value while Chk_12F_CalibData_Select is clear.
+    bool calib_follows_choice = false;    // Text_Calib_Data
+    bool bandgap_follows_choice = false;  // Text_BG
+    bool word_buttons = false;            // Command1 and Command2 shown
     Mark Label_BG = Mark::Keep;
     Mark Check_Parity_Disp = Mark::Keep;  // unchecked where shown
 
@@ -50,5 +54,8 @@ std::span<const TypePanel> type_panels();
 const TypePanel& panel_of(ProgrammingType type);
 
 void show_type(const TypePanel& panel, Session& session, MainForm& form);
+// Locks what a user may enter or write while Chk_12F_CalibData_Select is checked: the part keeps
+// its calibration. Unlocks it while the box is clear.
+void lock_entries(const TypePanel& panel, MainForm& form);
 
 }  // namespace quillon

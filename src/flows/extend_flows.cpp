@@ -57,6 +57,8 @@ void ExtendFlows::Form_Load() {
     const bool code_alone = is_pic18(session.PgmType) || has_id_with_bit_7(session.DeviceName);
     form_.Label_PGM.Caption.set(
         std::string{code_alone ? extend_text::kCodeAlone : extend_text::kWithConfig});
+    form_.Label_DATA.Caption.set(
+        std::string{session.EepBytes == 0 ? extend_text::kEepromNone : extend_text::kEeprom});
     enable_buttons(context_.form.Cmd_Extend_Program.Enabled.get());
     form_.Visible.set(true);
 }

@@ -10,6 +10,10 @@ namespace quillon::extend_text {
 inline constexpr std::string_view kWithConfig = "コードメモリ,CFG,ID";
 inline constexpr std::string_view kCodeAlone = "コードメモリ";
 
+// The data side's caption
+inline constexpr std::string_view kEeprom = "ＥＥＰＲＯＭデータメモリ";
+inline constexpr std::string_view kEepromNone = "ＥＥＰＲＯＭデータメモリ（なし）";
+
 inline constexpr std::string_view kChecking = "ライターチェック中..........";
 inline constexpr std::string_view kChipErased = "チップイレースしました。";
 inline constexpr std::string_view kChipEraseFailed = "チップイレースに失敗しました。";

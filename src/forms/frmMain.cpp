@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -13,7 +14,6 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QScreen>
 #include <QTimer>
 #include <QUrl>
@@ -22,6 +22,7 @@
 #include "app/host.h"
 #include "forms/file_watch.h"
 #include "forms/frmMain_texts.h"
+#include "forms/lost_focus.h"
 #include "forms/main_header.h"
 #include "forms/main_menus.h"
 #include "forms/memory_panel.h"
@@ -30,28 +31,6 @@
 namespace quillon {
 
 namespace {
-
-// Gives the focus back to a widget, but only if the widget lost it by being disabled.
-class LostFocus : public QObject {
-  public:
-    explicit LostFocus(QWidget* widget) : widget_{widget} {
-        if (widget_) widget_->installEventFilter(this);
-    }
-    void give_back() const {
-        if (widget_ && disabled_ && widget_->isEnabled() && widget_->isVisible())
-            widget_->setFocus(Qt::OtherFocusReason);
-    }
-
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::EnabledChange && !widget_->isEnabled()) disabled_ = true;
-        return QObject::eventFilter(watched, event);
-    }
-
-  private:
-    QPointer<QWidget> widget_;
-    bool disabled_ = false;
-};
 
 // The path of a single dragged local file. With several it would be unclear which one is meant.
 QString dragged_file(const QMimeData& data) {
@@ -192,6 +171,9 @@ void frmMain::focus_on(std::string name) {
     auto* widget = name.empty() ? nullptr : findChild<QWidget*>(q(name));
     if (widget == nullptr) return;
     focus_asked_ = std::move(name);
+    // The command may have been started in a window of its own beside this one.
+    const auto* active = QApplication::activeWindow();
+    if (active != nullptr && active != this) activateWindow();
     widget->setFocus(Qt::OtherFocusReason);
 }
 

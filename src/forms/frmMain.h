@@ -29,6 +29,7 @@ class OperationPanel;
 class frmStop;
 class frmAbout;
 class frmBoard;
+class frmExtend_Program;
 class frmIndex;
 
 class frmMain : public QMainWindow {
@@ -100,6 +101,7 @@ class frmMain : public QMainWindow {
     QLabel* counters_ = nullptr;
     std::unique_ptr<MainMenus> menus_;
     frmBoard* board_ = nullptr;
+    frmExtend_Program* extend_ = nullptr;
     frmIndex* index_ = nullptr;
     frmAbout* about_ = nullptr;
     frmStop* stop_ = nullptr;

@@ -19,6 +19,7 @@
 #include "forms/file_watch.h"
 #include "forms/frmAbout.h"
 #include "forms/frmBoard.h"
+#include "forms/frmExtend_Program.h"
 #include "forms/frmIndex.h"
 #include "forms/frmMain.h"
 #include "forms/frmMain_texts.h"
@@ -47,6 +48,10 @@ frmMain::frmMain(Run& run, Wishes wishes)
     menus_ = std::make_unique<MainMenus>(*menuBar(), run_.form, bindings_);
     make_status_bar();
     board_ = new frmBoard{run_, this};
+    extend_ = new frmExtend_Program{run_,
+                                    [this](const std::function<void()>& act) { command(act); },
+                                    {header_, operation_},
+                                    this};
     index_ = new frmIndex{this};
     about_ = new frmAbout{run_, this};
     stop_ = new frmStop{run_.stop_form, run_.stop, this};
@@ -64,9 +69,7 @@ frmMain::~frmMain() = default;
 // Hides entries whose function this version doesn't have. An entry that does nothing would mislead.
 void frmMain::hide_what_is_not_there() {
     auto& form = run_.form;
-    for (Control* control :
-         std::initializer_list<Control*>{&form.mnuAsmC, &form.mnuFirmwareUpdate,
-                                         &form.Cmd_Extend_Program, &form.Command1, &form.Command2})
+    for (Control* control : std::initializer_list<Control*>{&form.mnuAsmC, &form.mnuFirmwareUpdate})
         control->Visible.set(false);
 }
 
@@ -144,6 +147,9 @@ void frmMain::connect_buttons() {
     on_click(operation_->Command_read, [this] { run_.flows.Command_read(); });
     on_click(operation_->Command_Verify, [this] { run_.flows.Command_Verify(); });
     on_click(operation_->Command_program, [this] { run_.flows.Command_program(); });
+    on_click(operation_->Cmd_Extend_Program, [this] { extend_->come_up(); });
+    on_click(info_->Command1, [this] { run_.flows.Command1_Click(); });
+    on_click(info_->Command2, [this] { run_.flows.Command2_Click(); });
     on_click(board_label_, [this] { run_.flows.Label_FirmwareVersion_Click(); });
     on_click(header_->Command_com, [this] { run_.menu.mnuComPort_Click(); });
     on_click(info_->Check_Parity_Disp, [this] { run_.views.ShowProgramMemory(); });

@@ -44,6 +44,9 @@ inline constexpr std::string_view kProgress = "進行状況";
 inline constexpr std::string_view kCounters = "試行 {}   Pass {}   Fail {}";
 inline constexpr std::string_view kCountersTip = "起動後のプログラム回数";
 
+// In front of a button's caption, for a screen reader
+inline constexpr std::string_view kCalibrationWord = "キャリブレーションデータの";
+
 // Search in a view
 inline constexpr std::string_view kFind = "検索する文字列";
 inline constexpr std::string_view kFindPlaceholder = "検索する文字列 (例 3FFF)";
@@ -70,8 +73,14 @@ inline constexpr std::string_view kBlankTip = "デバイスが消去されてい
 inline constexpr std::string_view kReadTip = "デバイスの内容をバッファメモリへ読み出します (F7)";
 inline constexpr std::string_view kVerifyTip = "デバイスとバッファメモリを比較します (F8)";
 inline constexpr std::string_view kProgramTip = "バッファメモリの内容をデバイスに書き込みます (F9)";
-inline constexpr std::string_view kExtendTip = "領域ごとの操作を行います";
+inline constexpr std::string_view kExtendTip =
+    "領域ごとの読み出し、書き込み、消去のウインドウを開きます";
 inline constexpr std::string_view kStopTip = "実行中の操作を中断します (Esc)";
+inline constexpr std::string_view kReadWordTip =
+    "デバイスのキャリブレーションデータだけを読み出します。デバイスは変わりません";
+inline constexpr std::string_view kWriteWordTip =
+    "入力したキャリブレーションデータだけをデバイスに書き込みます。\n"
+    "「デバイス内部のデータを保持する」のチェックを外すと使えます";
 inline constexpr std::string_view kBoardTip = "クリックでライターを検索します";
 inline constexpr std::string_view kConfigTextTip =
     "クリックでコンフィギュレーションデータの説明を表示します";

@@ -183,17 +183,30 @@ QWidget* InfoPanel::make_calibration(MainForm& form, Bindings& bindings, QWidget
     show_with_tabs(osccal, form.SSTab_MCU_Information, {kOsccal5FTab, kOsccal10FTab}, bindings);
     value_row->addWidget(osccal);
     value_row->addWidget(label(form.Lbl_Calib_ReadWrite_Data, bindings, values), 1);
-    for (Button* control : {&form.Command1, &form.Command2}) {
-        auto* button = new QPushButton{values};
-        bindings.bind(*control, *button);
-        value_row->addWidget(button);
-    }
+    Command1 = word_button(form.Command1, bindings, values, form_text::kReadWordTip);
+    Command2 = word_button(form.Command2, bindings, values, form_text::kWriteWordTip);
+    value_row->addWidget(Command1);
+    value_row->addWidget(Command2);
     value_row->addStretch();  // with the wide label hidden, the boxes stay at the left
     layout->addWidget(values);
 
     show_with_tabs(rows, form.SSTab_MCU_Information, {kCalibrationTab, kOsccal5FTab, kOsccal10FTab},
                    bindings);
     return rows;
+}
+
+QPushButton* InfoPanel::word_button(Button& control, Bindings& bindings, QWidget* parent,
+                                    std::string_view tip) {
+    auto* button = new QPushButton{parent};
+    button->setAutoDefault(false);
+    button->setToolTip(q(tip));
+    button->setAccessibleDescription(q(tip));
+    bindings.bind(control, *button);
+    // The calibration fields are two: the button's caption alone doesn't say which it is for.
+    bindings.follow(control.Caption, [button](const std::string& caption) {
+        button->setAccessibleName(q(form_text::kCalibrationWord) + q(caption));
+    });
+    return button;
 }
 
 // These aren't rows of a tab: parts with calibration in combo boxes use the first check box too,

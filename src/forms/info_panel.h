@@ -10,6 +10,7 @@
 
 class QBoxLayout;
 class QCheckBox;
+class QPushButton;
 
 namespace quillon {
 
@@ -19,11 +20,15 @@ class InfoPanel : public QWidget {
 
     QCheckBox* Check_Parity_Disp = nullptr;
     QCheckBox* Chk_12F_CalibData_Select = nullptr;
+    QPushButton* Command1 = nullptr;  // reads the calibration word
+    QPushButton* Command2 = nullptr;  // writes it
 
   private:
     QWidget* make_identity(MainForm& form, Bindings& bindings);
     QWidget* make_information(MainForm& form, Bindings& bindings);
     QWidget* make_calibration(MainForm& form, Bindings& bindings, QWidget* parent);
+    QPushButton* word_button(Button& control, Bindings& bindings, QWidget* parent,
+                             std::string_view tip);
     QWidget* make_choices(MainForm& form, Bindings& bindings, QWidget* parent);
     QWidget* make_whole_words(MainForm& form, Bindings& bindings);
 };

@@ -35,6 +35,12 @@ QList<QRect> areas_from(const QWidget& form) {
     return areas;
 }
 
+QRect frame_of(const QWidget& form, const QWidget& window, const QPoint& wished) {
+    // A window that was never shown has no borders yet. The form's are at least as wide.
+    const QSize borders = form.frameGeometry().size() - form.size();
+    return {wished, window.sizeHint() + borders};
+}
+
 }  // namespace
 
 QPoint reachable(const QPoint& wished) {
@@ -51,8 +57,15 @@ QPoint centred_on(const QWidget& form, const QSize& size) {
 }
 
 QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screens) {
+    return beside(form, {form}, wished, screens);
+}
+
+QPoint beside(const QRect& form, const QList<QRect>& kept_free, const QRect& wished,
+              const QList<QRect>& screens) {
+    const bool is_free = std::ranges::none_of(
+        kept_free, [&](const QRect& area) { return covered(area, wished) > 0; });
     for (const QRect& screen : screens)
-        if (screen.contains(wished) && covered(form, wished) == 0) return wished.topLeft();
+        if (is_free && screen.contains(wished)) return wished.topLeft();
     const int right = form.x() + form.width() + kGap;
     const int left = form.x() - kGap - wished.width();
     const int below = form.y() + form.height() + kGap;
@@ -74,9 +87,15 @@ QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screen
 }
 
 QPoint beside(const QWidget& form, const QWidget& window, const QPoint& wished) {
-    // A window that was never shown has no borders yet. The form's are at least as wide.
-    const QSize borders = form.frameGeometry().size() - form.size();
-    return beside(form.frameGeometry(), {wished, window.sizeHint() + borders}, areas_from(form));
+    return beside(form.frameGeometry(), frame_of(form, window, wished), areas_from(form));
+}
+
+QPoint beside(const QWidget& form, const QList<const QWidget*>& kept_free, const QWidget& window,
+              const QPoint& wished) {
+    QList<QRect> areas;
+    for (const auto* widget : kept_free)
+        areas << QRect{widget->mapToGlobal(QPoint{0, 0}), widget->size()};
+    return beside(form.frameGeometry(), areas, frame_of(form, window, wished), areas_from(form));
 }
 
 }  // namespace quillon

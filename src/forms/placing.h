@@ -21,7 +21,13 @@ QPoint centred_on(const QWidget& form, const QSize& size);
 // screen, to its right if there is room. If that screen has no room, the place covers as little of
 // the form as possible.
 QPoint beside(const QRect& form, const QRect& wished, const QList<QRect>& screens);
-// The same for a window and its frame, on the screens of the desktop.
+// The same for a frame that may cover the form, except for some areas of it.
+QPoint beside(const QRect& form, const QList<QRect>& kept_free, const QRect& wished,
+              const QList<QRect>& screens);
+// The same for a window and its frame, on the screens of the desktop. `kept_free` are widgets of
+// the form.
 QPoint beside(const QWidget& form, const QWidget& window, const QPoint& wished);
+QPoint beside(const QWidget& form, const QList<const QWidget*>& kept_free, const QWidget& window,
+              const QPoint& wished);
 
 }  // namespace quillon

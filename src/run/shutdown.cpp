@@ -36,6 +36,7 @@ void StartUp::shutdown(bool minimized) {
     } catch (const Abandoned&) {
         run_.port.close();
     }
+    run_.extend.Form_Unload();  // saves its place
     if (!minimized) {
         run_.settings.save("MainLeft", run_.form.Left);
         run_.settings.save("MainTop", run_.form.Top);

@@ -130,6 +130,40 @@ TEST(type_panels, of_12F6_opens_the_bandgap) {
     EXPECT_TRUE(panel.form.Chk_12F_CalibData_Select.Checked.get());
 }
 
+TEST(type_panels, offer_the_buttons_of_the_calibration_word_on_12C6_and_12F6_only) {
+    for (const std::string type : {"5X18", "5X28", "5F18", "5F28", "12C5", "10F2", "12C6", "12F6",
+                                   "EPROM", "EPROM2", "FLASH0", "FLASH1", "FLASH4", "18F_00"}) {
+        const Panel panel{type};
+        const bool offered = type == "12C6" || type == "12F6";
+        EXPECT_EQ(panel.form.Command1.Visible.get(), offered) << type;
+        EXPECT_EQ(panel.form.Command2.Visible.get(), offered) << type;
+    }
+}
+
+TEST(type_panels, open_what_the_user_enters_while_the_box_is_clear) {
+    struct Row {
+        const char* type;
+        bool calib, bandgap, write;
+    };
+    for (const auto& [type, calib, bandgap, write] :
+         {Row{"12C5", true, false, false}, Row{"12C6", true, false, true},
+          Row{"12F6", true, true, true}, Row{"10F2", false, false, false},
+          Row{"FLASH4", false, false, false}}) {
+        Panel panel{type};
+        auto& form = panel.form;
+        form.Text_Calib_Data.Enabled.set(false);  // the selection's own reset
+        form.Text_BG.Enabled.set(false);
+        EXPECT_FALSE(form.Command2.Enabled.get()) << type;
+        for (const bool keeps : {false, true, false}) {
+            form.Chk_12F_CalibData_Select.Checked.set(keeps);
+            lock_entries(panel_of(programming_type(type)), form);
+            EXPECT_EQ(form.Text_Calib_Data.Enabled.get(), calib && !keeps) << type;
+            EXPECT_EQ(form.Text_BG.Enabled.get(), bandgap && !keeps) << type;
+            EXPECT_EQ(form.Command2.Enabled.get(), write && !keeps) << type;
+        }
+    }
+}
+
 TEST(type_panels, of_EPROM2_offer_the_parity_display) {
     const Panel panel{"EPROM2"};
     EXPECT_EQ(panel.tabs(), Tabs{1});

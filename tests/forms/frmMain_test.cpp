@@ -357,8 +357,6 @@ TEST(frmMain, entries_without_a_function_yet_are_not_there) {
     FormBench bench;
     EXPECT_FALSE(bench.find<QAction>("mnuFirmwareUpdate")->isVisible());
     EXPECT_FALSE(bench.find<QMenu>("mnuAsmC")->menuAction()->isVisible());
-    for (const char* name : {"Cmd_Extend_Program", "Command1", "Command2"})
-        EXPECT_TRUE(bench.find<QPushButton>(name)->isHidden()) << name;
 }
 
 TEST(frmMain, accelerators_of_menus_and_buttons_do_not_meet) {

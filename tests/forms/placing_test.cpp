@@ -49,6 +49,19 @@ TEST(beside, covers_the_views_and_no_button_where_a_small_screen_has_no_room) {
     EXPECT_EQ(placed({374, 254, 900, 540}, {0, 0}, small), QRect(QPoint(880, 0), kBoard));
 }
 
+TEST(beside, may_cover_a_form_except_for_the_areas_that_are_kept_free) {
+    const QRect form{100, 100, 900, 700};
+    const QList<QRect> header_and_foot{{100, 100, 900, 80}, {100, 600, 900, 200}};
+    const auto at = [&](const QPoint& wished) {
+        return beside(form, header_and_foot, {wished, kBoard}, {kScreen});
+    };
+    EXPECT_EQ(at({300, 250}), QPoint(300, 250));
+    EXPECT_EQ(at({300, 180}), QPoint(300, 180));
+    EXPECT_EQ(at({300, 300}), QPoint(300, 300));
+    EXPECT_EQ(at({300, 179}), QPoint(1008, 100));
+    EXPECT_EQ(at({300, 301}), QPoint(1008, 100));
+}
+
 TEST(beside, goes_by_the_frames_of_the_windows) {
     QWidget form;
     form.setGeometry(50, 50, 300, 200);

@@ -7,10 +7,12 @@
 // a failed verify, with the search line and the reload offer, each small form.
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QIcon>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -79,11 +81,25 @@ class Shots {
             all_written_ = false;
         }
     }
+    // Takes the whole screen: where the windows are.
+    void take_screen(const char* name) {
+        QTest::qWait(300);
+        const QString path = folder_.filePath(QString{name} + suffix_ + ".png");
+        if (QGuiApplication::primaryScreen()->grabWindow(0).save(path)) {
+            std::printf("%s\n", qPrintable(path));
+        } else {
+            std::fprintf(stderr, "not written: %s\n", qPrintable(path));
+            all_written_ = false;
+        }
+    }
     // Takes the form that comes up next, and closes it.
     void take_next_modal(const char* name) {
         QTimer::singleShot(50, qApp, [this, name] {
             QWidget* form = QApplication::activeModalWidget();
-            if (form == nullptr) return;
+            if (form == nullptr) {
+                take_next_modal(name);  // a slow machine hasn't shown it yet
+                return;
+            }
             take(*form, name);
             form->close();
         });
@@ -187,9 +203,24 @@ void devices(Stage& stage, Shots& shots) {
         stage.select(device);
         shots.take(*stage.window, device);
     }
+    stage.select("PIC12F675");
+    stage.window->findChild<QCheckBox*>("Chk_12F_CalibData_Select")->click();
+    shots.take(*stage.window, "calibration");
     shots.take_next_modal("Frm_VPP_DECIDE");
     stage.select("PIC16F690");
     shots.take(*stage.window, "PIC16F690");
+}
+
+// The window of the areas: both captions of the data side, and its place beside the main window.
+void areas(Stage& stage, Shots& shots) {
+    auto* form = stage.window->findChild<QWidget*>("frmExtend_Program");
+    for (const char* device : {"PIC12F675", "PIC16F84A", "PIC16F73"}) {
+        stage.select(device);
+        stage.window->findChild<QPushButton*>("Cmd_Extend_Program")->click();
+        shots.take(*form, (std::string{"frmExtend_Program_"} + device).c_str());
+    }
+    shots.take_screen("frmExtend_Program_place");
+    form->close();
 }
 
 void small_forms(Stage& stage, Shots& shots) {
@@ -236,6 +267,7 @@ int main(int argc, char** argv) {
     main_window(stage, shots);
     bars(stage, shots);
     devices(stage, shots);
+    areas(stage, shots);
     small_forms(stage, shots);
     return shots.all_written() ? 0 : 1;
 }

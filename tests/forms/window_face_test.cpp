@@ -311,13 +311,12 @@ TEST(keyboard, tab_visits_every_control_that_can_be_worked_in_the_order_of_the_e
         const auto at = [&](const char* name) {
             return std::ranges::find(visited, bench.find<QWidget>(name)) - visited.begin();
         };
-        const std::vector<const char*> order{"Combo_device",   "Cmd_open",
-                                             "Cmd_save",       "Command_com",
-                                             "HFGrid(1)",      "Text_ID",
-                                             "RichTxtPgmMem",  "rText_EepromMem",
-                                             "Command_blank",  "Command_read",
-                                             "Command_Verify", "Command_program",
-                                             "LabelCmt",       "Label_FirmwareVersion"};
+        const std::vector<const char*> order{
+            "Combo_device",       "Cmd_open",        "Cmd_save",
+            "Command_com",        "HFGrid(1)",       "Text_ID",
+            "RichTxtPgmMem",      "rText_EepromMem", "Command_blank",
+            "Command_read",       "Command_Verify",  "Command_program",
+            "Cmd_Extend_Program", "LabelCmt",        "Label_FirmwareVersion"};
         for (std::size_t i = 1; i < order.size(); ++i)
             EXPECT_LT(at(order[i - 1]), at(order[i])) << device << " " << order[i];
     }
@@ -333,6 +332,7 @@ TEST(keyboard, every_button_tells_its_meaning_and_its_key_in_a_tooltip) {
          {Row{"Cmd_open", "(Ctrl+O)"}, Row{"Cmd_save", "(Ctrl+S)"}, Row{"Command_com", ""},
           Row{"Command_blank", "(F6)"}, Row{"Command_read", "(F7)"}, Row{"Command_Verify", "(F8)"},
           Row{"Command_program", "(F9)"}, Row{"Command_stop", "(Esc)"},
+          Row{"Cmd_Extend_Program", ""}, Row{"Command1", ""}, Row{"Command2", ""},
           Row{"Label_FirmwareVersion", ""}}) {
         EXPECT_FALSE(bench.find<QPushButton>(name)->toolTip().isEmpty()) << name;
         EXPECT_TRUE(bench.find<QPushButton>(name)->toolTip().contains(key)) << name;
