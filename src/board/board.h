@@ -7,8 +7,8 @@
 // nothing between calls: run_until() continues work that waits for a pulse or a time limit.
 //
 // Three "*" in a row return it to its command loop from any state. One is enough while it waits for
-// an item or an acknowledge. A host that sends an unknown letter, or sends too fast, gets silence
-// until the next "*", and a line in notes().
+// an item or an acknowledge. From a command that stalls it returns by itself. A host that sends an
+// unknown letter, or sends too fast, gets silence until the next "*", and a line in notes().
 #pragma once
 
 #include <cstddef>

@@ -3,6 +3,11 @@
 //
 // The address of a single word counts from 1. Address 1 is word 0 of program memory. On 12-bit
 // parts it is the configuration word, the first word of their address range.
+//
+// The count of a blank check on a 12-bit part includes that leading word, but the check leaves it
+// out. So a count of P ends before the last program word, P + 1 includes it, P + 5 the ID words.
+// On a 14-bit part with a calibration word the check leaves that word out, so a fresh part is
+// blank.
 #include <fmt/core.h>
 
 #include <algorithm>
@@ -24,6 +29,7 @@ constexpr Erasure kProgramConfig{.program = true, .config = true};
 constexpr Erasure kChip{.program = true, .eeprom = true, .config = true};
 constexpr Erasure kChipCalibration{
     .program = true, .eeprom = true, .config = true, .calibration = true};
+constexpr std::uint8_t kChipErase = 0x0A;
 constexpr std::uint8_t kWithPlace = 0x11;  // two bytes follow: how far to count before the pulse
 
 constexpr std::array kModes{
@@ -32,7 +38,7 @@ constexpr std::array kModes{
     EraseMode{0x03, kEeprom},
     EraseMode{0x07, kChip},
     EraseMode{0x08, kProgram},
-    EraseMode{0x0A, kChip},
+    EraseMode{kChipErase, kChip},
     EraseMode{0x0B, kProgram},
     EraseMode{0x0C, kEeprom},
     EraseMode{0x0E, kProgramConfig},
@@ -82,9 +88,11 @@ std::uint16_t BoardProgram::and_of_words(std::size_t count) const {
     const Socket& socket = bench_.socket;
     const bool line = socket.target.core == Core::Bits12;
     std::uint16_t all = socket.target.blank_word;
-    for (std::size_t i = 0; i < count; ++i)
-        all =
-            static_cast<std::uint16_t>(all & (line ? socket.read_line(i) : socket.read_program(i)));
+    for (std::size_t i = line ? 1 : 0; i < count; ++i) {
+        if (socket.target.is_osccal(i)) continue;
+        const std::uint16_t word = line ? socket.read_line(i) : socket.read_program(i);
+        all = static_cast<std::uint16_t>(all & word);
+    }
     return all;
 }
 
@@ -103,7 +111,7 @@ Routine<void> BoardProgram::blank_check_parallel() {
     if (size != 's' && size != 'l') co_await unknown();
     const std::size_t count = co_await word();
     begin_exchange();
-    const bool suitable = suits('p');
+    const bool suitable = suits(size == 'l' ? 'l' : 'p');
     const std::uint16_t config = suitable ? bench_.socket.read_line(0) : std::uint16_t{0};
     const std::uint16_t all = suitable ? and_of_words(count) : std::uint16_t{0};
     co_await machine_.elapse(bench_.times.check_word * static_cast<std::int64_t>(count));
@@ -146,6 +154,20 @@ Routine<void> BoardProgram::write_last_config() {
     send_end();
 }
 
+// Why the part doesn't react to the erase, "" where it does.
+std::string BoardProgram::erase_hindrance(char algorithm, std::uint8_t mode) const {
+    const SimulatedTarget& target = bench_.socket.target;
+    const char own = target.algorithm == '8' ? 'D' : 'd';
+    if (target.memory == ProgramMemory::OneTime)
+        return fmt::format("{} can't be erased by the board", target.name);
+    if (algorithm != own) return fmt::format("{} is erased by \"{}\"", target.name, own);
+    if (target.chip_erase_only && mode != kChipErase)
+        return fmt::format("{} has no erase but that of the whole chip, 0x{:02X}", target.name,
+                           kChipErase);
+    return {};
+}
+
+// The end code says that the pulse is over, not that the part is erased.
 Routine<void> BoardProgram::erase() {
     const char algorithm = letters_.back();
     const std::uint8_t mode = co_await parameter();
@@ -156,12 +178,11 @@ Routine<void> BoardProgram::erase() {
     }
     if (mode == kWithPlace) co_await word();
     begin_exchange();
-    const char own = bench_.socket.target.algorithm == '8' ? 'D' : 'd';
-    if (algorithm == own)
+    const std::string hindrance = erase_hindrance(algorithm, mode);
+    if (hindrance.empty())
         bench_.socket.erase(known->erases);
     else
-        note(fmt::format("\"{}\": {} is erased by \"{}\"", letters_, bench_.socket.target.name,
-                         own));
+        note(fmt::format("\"{}\": {}", letters_, hindrance));
     co_await machine_.elapse(bench_.times.erase);
     send_end();
 }

@@ -83,7 +83,7 @@ Routine<void> BoardProgram::blank18() {
 Routine<void> BoardProgram::erase18() {
     std::vector<std::uint8_t> code;
     for (std::size_t i = 0; i < kEraseBytes; ++i) {
-        const Received in = co_await machine_.byte();
+        const Received in = co_await command_byte();
         code.push_back(in.value);
     }
     begin_exchange();

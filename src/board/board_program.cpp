@@ -97,8 +97,15 @@ bool BoardProgram::too_soon(const Received& in) {
     return true;
 }
 
+Routine<Received> BoardProgram::command_byte() {
+    const Time limit = machine_.now() + bench_.times.stall;
+    const std::optional<Received> in = co_await machine_.byte_until(limit);
+    if (!in) co_await machine_.start_again();
+    co_return *in;
+}
+
 Routine<std::uint8_t> BoardProgram::letter() {
-    const Received in = co_await machine_.byte();
+    const Received in = co_await command_byte();
     if (in.value == '*') co_await machine_.start_again();
     if (too_soon(in)) co_await deaf();
     letters_ += static_cast<char>(in.value);
@@ -107,7 +114,7 @@ Routine<std::uint8_t> BoardProgram::letter() {
 
 // A parameter may have any value, so "*" doesn't restart here.
 Routine<std::uint8_t> BoardProgram::parameter() {
-    const Received in = co_await machine_.byte();
+    const Received in = co_await command_byte();
     if (too_soon(in)) co_await deaf();
     co_return in.value;
 }
@@ -173,6 +180,13 @@ void BoardProgram::send(std::uint8_t byte, bool end_code, bool more) {
 void BoardProgram::send_word(std::uint16_t value) {
     send(static_cast<std::uint8_t>(value >> 8));
     send(static_cast<std::uint8_t>(value));
+}
+
+// The ID words of parts with parity go low byte first, against all other words.
+std::uint16_t BoardProgram::area_order(std::size_t word, std::uint16_t value) const {
+    const SimulatedTarget& target = bench_.socket.target;
+    if (!target.wide() || word >= target.id.size()) return value;
+    return static_cast<std::uint16_t>(value << 8 | value >> 8);
 }
 
 void BoardProgram::send_report(std::span<const std::uint8_t> bytes) {

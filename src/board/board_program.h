@@ -52,10 +52,11 @@ class BoardProgram {
     const Machine& machine() const { return machine_; }
 
   private:
-    // Receiving. An unknown letter, or one that comes too soon, ends in deaf(). A "*" restarts the
-    // program. Neither returns.
+    // Receiving. An unknown letter, or one that comes too soon, ends in deaf(). A "*" in place of a
+    // letter restarts the program, and so does a command that stalls. None of these returns.
     std::coroutine_handle<> start();
     bool too_soon(const Received& in);
+    Routine<Received> command_byte();
     Routine<std::uint8_t> letter();
     Routine<std::uint8_t> parameter();
     Routine<std::uint16_t> word();
@@ -68,6 +69,8 @@ class BoardProgram {
     // Sending
     void send(std::uint8_t byte, bool end_code = false, bool more = false);
     void send_word(std::uint16_t value);
+    // A word of the configuration area in the byte order of the wire, and back.
+    std::uint16_t area_order(std::size_t word, std::uint16_t value) const;
     void send_ready() { send(bench_.ready_byte); }
     void send_end() { send('@', true); }
     // A report of more than one byte. The host must see all of it at once.
@@ -96,15 +99,19 @@ class BoardProgram {
     Routine<void> write_one_word();
     Routine<void> write_last_config();
     Routine<void> erase();
+    std::string erase_hindrance(char algorithm, std::uint8_t mode) const;
     std::uint16_t and_of_words(std::size_t count) const;
 
     // "w"
     Routine<void> write();
+    bool suits_write();
+    Routine<void> write_in_vain(bool reported);
     Routine<void> write_program(WordWrite how);
     Routine<void> write_line(WordWrite how);
     Routine<void> write_eeprom();
     Routine<void> write_config();
     Routine<void> write_single_config();
+    Routine<void> single_config();
     bool aborted(std::size_t items, std::uint8_t mark);
     void report_failure(std::uint16_t held);
 

@@ -29,7 +29,7 @@ Routine<void> BoardProgram::read() {
     const std::size_t words = co_await word();
     begin_exchange();
     const Area place = area == 'd' ? Area::Eeprom : area == 'c' ? Area::Config : Area::Program;
-    if (suits(algorithm))
+    if (suits(area == 'l' ? 'l' : algorithm))
         collect(place, words);
     else
         data_.assign(2 * words, 0);
@@ -62,7 +62,8 @@ void BoardProgram::collect(Area area, std::size_t words) {
         else if (line)
             value = socket.read_line(i);
         else
-            value = area == Area::Config ? socket.read_area(i) : socket.read_program(i);
+            value =
+                area == Area::Config ? area_order(i, socket.read_area(i)) : socket.read_program(i);
         data_.push_back(static_cast<std::uint8_t>(value >> 8));
         data_.push_back(static_cast<std::uint8_t>(value));
     }

@@ -14,6 +14,9 @@ struct BoardTimes {
     // A letter or parameter that comes sooner after the one before it breaks the pacing and is
     // answered with silence. 0: not checked, for a line whose times are no better than a scheduler.
     Time letter_gap = std::chrono::milliseconds{1};
+    // A command whose next letter or parameter doesn't come within this time is dropped, so that it
+    // can't swallow the host's next check. Items and acknowledges have no limit.
+    Time stall = std::chrono::seconds{1};
     // Where an item is awaited, a "*" may begin the item or call the board to the command loop. It
     // begins the item if the second byte comes within this time: an item is sent in one piece, the
     // "*" of a call come 1 ms apart.

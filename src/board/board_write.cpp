@@ -16,7 +16,9 @@ namespace quillon::firmware {
 
 namespace {
 
-constexpr std::uint8_t kLeaveOut = 0x80;  // in a configuration item's high byte: not to be written
+// In a configuration item's high byte: not to be written. On parts with words of 16 bits it is a
+// bit like any other.
+constexpr std::uint8_t kLeaveOut = 0x80;
 
 struct WriteLetters {
     std::string_view letters;
@@ -83,6 +85,10 @@ Routine<void> BoardProgram::write() {
         std::ranges::find(kLetters, std::string_view{letters_}.substr(1), &WriteLetters::letters);
     if (known == kLetters.end()) co_await unknown();
     const bool line = bench_.socket.target.core == Core::Bits12;
+    if (!suits_write()) {
+        co_await write_in_vain(line || known->area != Program);
+        co_return;
+    }
     switch (known->area) {
         case Eeprom:
             co_await write_eeprom();
@@ -99,6 +105,34 @@ Routine<void> BoardProgram::write() {
             else
                 co_await write_program(known->how);
             break;
+    }
+}
+
+// The parts with parity and those that are written in parallel have algorithms of their own.
+bool BoardProgram::suits_write() {
+    const SimulatedTarget& target = bench_.socket.target;
+    const std::string_view letters = std::string_view{letters_}.substr(1);
+    bool suitable = true;
+    if (target.algorithm == 'S') suitable = letters[0] == 'S';
+    if (target.algorithm == 'p') suitable = letters == "ps";
+    if (target.algorithm == 'l') suitable = letters == "pl";
+    if (!suitable)
+        note(fmt::format("\"{}\": {} isn't written by these letters", letters_, target.name));
+    return suitable;
+}
+
+// These parts get pulses until a word reads back equal, which none does.
+Routine<void> BoardProgram::write_in_vain(bool reported) {
+    co_await word();
+    begin_exchange();
+    send_ready();
+    co_await item(2);
+    co_await machine_.elapse(bench_.times.program_word);
+    if (reported) {
+        report_failure(0);
+    } else {
+        const std::array<std::uint8_t, 2> report{'@', '@'};
+        send_report(report);
     }
 }
 
@@ -142,11 +176,17 @@ Routine<void> BoardProgram::write_program(WordWrite how) {
 }
 
 // 12-bit parts: configuration word, program memory, ID words and backup OSCCAL in one stream. With
-// count 1 the host sends the configuration word alone, without waiting for a ready byte.
+// count 1 the host sends the configuration word alone. Parts that are written in parallel get it in
+// answer to a ready byte, the others without waiting for one.
 Routine<void> BoardProgram::write_line(WordWrite how) {
     const std::size_t count = co_await word();
     begin_exchange();
     Socket& socket = bench_.socket;
+    if (count == 1 && letters_[1] == 'p') {
+        send_ready();
+        co_await single_config();
+        co_return;
+    }
     for (std::size_t i = 0; i < count; ++i) {
         if (aborted(i, '*')) co_return;
         if (count > 1) send_ready();
@@ -196,12 +236,13 @@ Routine<void> BoardProgram::write_config() {
         }
         send_ready();
         const Item taken = co_await item(2);
-        if ((taken.bytes[0] & kLeaveOut) != 0) continue;
-        socket.write_area(i, taken.word());
+        if ((taken.bytes[0] & kLeaveOut) != 0 && !socket.target.wide()) continue;
+        const std::uint16_t value = area_order(i, taken.word());
+        socket.write_area(i, value);
         co_await machine_.elapse(bench_.times.config_word);
         const std::uint16_t held = socket.read_area(i);
-        if (((held ^ taken.word()) & socket.target.area_mask(i)) != 0) {
-            report_failure(held);
+        if (((held ^ value) & socket.target.area_mask(i)) != 0) {
+            report_failure(area_order(i, held));
             co_return;
         }
     }
@@ -214,13 +255,22 @@ Routine<void> BoardProgram::write_single_config() {
     const std::size_t count = co_await word();
     begin_exchange();
     if (count != 1) note(fmt::format("\"{}\": {} words where there is one", letters_, count));
+    if (bench_.faults.aborts_write(0)) {
+        report_failure(0);
+        co_return;
+    }
     send('@');
+    co_await single_config();
+}
+
+Routine<void> BoardProgram::single_config() {
     const Item taken = co_await item(2);
     Socket& socket = bench_.socket;
     socket.write_line(0, taken.word(), WordWrite::ClearsBits);
     co_await machine_.elapse(bench_.times.config_word);
     const std::uint16_t held = socket.read_line(0);
-    if (((held ^ taken.word()) & socket.target.config_mask.at(0)) != 0)
+    // Bits without a function read back as ones, whatever the host sent.
+    if (((held ^ taken.word()) & socket.target.config_bits(0)) != 0)
         report_failure(held);
     else
         send_end();

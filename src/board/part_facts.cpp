@@ -12,6 +12,9 @@ namespace {
 constexpr std::uint16_t kRetlw = 0x3400;
 constexpr std::uint16_t kMovlw = 0x0C00;
 
+// The factory's band gap calibration. It isn't the value that an erase leaves.
+constexpr std::uint16_t kBandgap = 0x2000;
+
 // Factory words behind the configuration words: clock (FCAL +5, POR 1, BOR 1), low voltage.
 constexpr std::uint16_t kClock = 0x2149;
 constexpr std::uint16_t kVoltage = 0x3FFC;
@@ -46,12 +49,14 @@ constexpr std::array kParts{
         .name = "PIC12F609", .identity = 0x2240, .calibration = {kClock}, .calibration_words = 1},
     PartFacts{
         .name = "PIC12F615", .identity = 0x2180, .calibration = {kClock}, .calibration_words = 1},
-    PartFacts{.name = "PIC12F629", .identity = 0x0F80, .osccal_opcode = kRetlw},
+    PartFacts{
+        .name = "PIC12F629", .identity = 0x0F80, .osccal_opcode = kRetlw, .bandgap = kBandgap},
     PartFacts{.name = "PIC12F635",
               .identity = 0x0FA0,
               .calibration = {kClock, kVoltage},
               .calibration_words = 2},
-    PartFacts{.name = "PIC12F675", .identity = 0x0FC0, .osccal_opcode = kRetlw},
+    PartFacts{
+        .name = "PIC12F675", .identity = 0x0FC0, .osccal_opcode = kRetlw, .bandgap = kBandgap},
     PartFacts{
         .name = "PIC12F683", .identity = 0x0460, .calibration = {kClock}, .calibration_words = 1},
     PartFacts{
@@ -132,7 +137,8 @@ constexpr std::array kParts{
     PartFacts{.name = "PIC16F627A", .identity = 0x1040},
     PartFacts{.name = "PIC16F628", .identity = 0x07C0},
     PartFacts{.name = "PIC16F628A", .identity = 0x1060},
-    PartFacts{.name = "PIC16F630", .identity = 0x10C0, .osccal_opcode = kRetlw},
+    PartFacts{
+        .name = "PIC16F630", .identity = 0x10C0, .osccal_opcode = kRetlw, .bandgap = kBandgap},
     PartFacts{
         .name = "PIC16F631", .identity = 0x1420, .calibration = {kClock}, .calibration_words = 1},
     PartFacts{.name = "PIC16F636",
@@ -144,7 +150,8 @@ constexpr std::array kParts{
               .calibration = {kClock, kVoltage},
               .calibration_words = 2},
     PartFacts{.name = "PIC16F648A", .identity = 0x1100},
-    PartFacts{.name = "PIC16F676", .identity = 0x10E0, .osccal_opcode = kRetlw},
+    PartFacts{
+        .name = "PIC16F676", .identity = 0x10E0, .osccal_opcode = kRetlw, .bandgap = kBandgap},
     PartFacts{
         .name = "PIC16F677", .identity = 0x1440, .calibration = {kClock}, .calibration_words = 1},
     PartFacts{
@@ -160,13 +167,13 @@ constexpr std::array kParts{
     PartFacts{
         .name = "PIC16F690", .identity = 0x1400, .calibration = {kClock}, .calibration_words = 1},
     PartFacts{.name = "PIC16F716", .identity = 0x1140},
-    PartFacts{.name = "PIC16F73", .identity = 0x0600},
+    PartFacts{.name = "PIC16F73", .identity = 0x0600, .chip_erase_only = true},
     PartFacts{.name = "PIC16F737", .identity = 0x0BA0},
-    PartFacts{.name = "PIC16F74", .identity = 0x0620},
+    PartFacts{.name = "PIC16F74", .identity = 0x0620, .chip_erase_only = true},
     PartFacts{.name = "PIC16F747", .identity = 0x0BE0},
-    PartFacts{.name = "PIC16F76", .identity = 0x0640},
+    PartFacts{.name = "PIC16F76", .identity = 0x0640, .chip_erase_only = true},
     PartFacts{.name = "PIC16F767", .identity = 0x0EA0},
-    PartFacts{.name = "PIC16F77", .identity = 0x0660},
+    PartFacts{.name = "PIC16F77", .identity = 0x0660, .chip_erase_only = true},
     PartFacts{.name = "PIC16F777", .identity = 0x0DE0},
     PartFacts{.name = "PIC16F785",
               .identity = 0x1200,

@@ -18,6 +18,9 @@ struct PartFacts {
     std::size_t calibration_words = 0;
     std::uint16_t osccal_opcode = 0;  // 0: no calibration in the last program word
     bool backup_osccal = false;
+    // The band gap's calibration in bits 12 and 13 of configuration word 1. 0: no such bits.
+    std::uint16_t bandgap = 0;
+    bool chip_erase_only = false;  // no memory of the part can be erased alone
 };
 
 // An unknown part has neither identification nor calibration.

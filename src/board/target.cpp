@@ -41,12 +41,12 @@ bool SimulatedTarget::eeprom_protected() const {
 }
 
 std::uint16_t SimulatedTarget::read_program(std::size_t word) const {
-    if (program_protected()) return 0;
+    if (program_protected() && !is_osccal(word)) return 0;
     return word < program.size() ? program[word] : blank_word;
 }
 
 void SimulatedTarget::write_program(std::size_t word, std::uint16_t value, WordWrite how) {
-    if (word >= program.size() || program_protected()) return;
+    if (word >= program.size() || (program_protected() && !is_osccal(word))) return;
     const auto fits = static_cast<std::uint16_t>(value & blank_word);
     const bool replaces = memory == ProgramMemory::Flash && how == WordWrite::ErasesFirst;
     program[word] = replaces ? fits : static_cast<std::uint16_t>(program[word] & fits);
@@ -72,26 +72,30 @@ std::uint16_t SimulatedTarget::read_area(std::size_t word) const {
 }
 
 std::uint16_t SimulatedTarget::area_mask(std::size_t word) const {
-    if (word < id.size()) return kBlankAreaWord;
+    if (word < id.size()) return blank_word;
     if (word < kConfigStart) return 0;
     std::size_t index = word - kConfigStart;
-    if (index < config.size())
-        return static_cast<std::uint16_t>(config_mask[index] & ~config_force[index]);
+    if (index < config.size()) return config_bits(index);
     index -= config.size();
     return index < calibration.size() ? kBlankAreaWord : std::uint16_t{0};
 }
 
+std::uint16_t SimulatedTarget::config_bits(std::size_t index) const {
+    if (index >= config.size()) return 0;
+    return static_cast<std::uint16_t>(config_mask[index] & ~config_force[index]);
+}
+
 void SimulatedTarget::write_area(std::size_t word, std::uint16_t value) {
-    const auto fits = static_cast<std::uint16_t>(value & kBlankAreaWord);
-    const auto store = [&](std::uint16_t& cell) {
+    const auto store = [&](std::uint16_t& cell, std::uint16_t mask) {
+        const auto fits = static_cast<std::uint16_t>(value & mask);
         cell = memory == ProgramMemory::OneTime ? static_cast<std::uint16_t>(cell & fits) : fits;
     };
-    if (word < id.size()) return store(id[word]);
+    if (word < id.size()) return store(id[word], blank_word);
     if (word < kConfigStart) return;
     std::size_t index = word - kConfigStart;
     if (index < config.size()) return write_config(index, value);
     index -= config.size();
-    if (index < calibration.size()) store(calibration[index]);
+    if (index < calibration.size()) store(calibration[index], kBlankAreaWord);
 }
 
 std::uint16_t SimulatedTarget::protection_of(std::size_t index) const {

@@ -18,6 +18,7 @@ constexpr std::uint16_t kRevision = 2;
 constexpr std::uint16_t kNoIdentity = 0x3FFF;
 // The factory's calibration, the low byte of the OSCCAL instruction.
 constexpr std::uint16_t kOsccalValue = 0x74;
+constexpr std::uint16_t kBandgapMask = 0x3000;
 constexpr std::size_t kBootWords = 1024;
 
 template <std::size_t N>
@@ -32,7 +33,8 @@ Core core_of(std::string_view type) {
 
 char algorithm_of(const TargetFacts& facts) {
     if (facts.type == "EPROM2") return 'S';
-    if (facts.type == "5X18" || facts.type == "5X28") return 'p';
+    if (facts.type == "5X18") return 'p';
+    if (facts.type == "5X28") return 'l';
     const std::string_view name = facts.name;
     const bool eight = name.starts_with("ZQ-LDR") || name == "PIC16F57" ||
                        std::string_view{facts.type}.starts_with("LDR");
@@ -80,8 +82,9 @@ void add_erase_codes(SimulatedTarget& target, const TargetFacts& facts) {
     }
 }
 
-void add_factory_words(SimulatedTarget& target, const TargetFacts& facts) {
+void add_part_facts(SimulatedTarget& target, const TargetFacts& facts) {
     const PartFacts part = part_facts(facts.name);
+    target.chip_erase_only = part.chip_erase_only;
     if (target.core == Core::Pic18)
         target.identity = static_cast<std::uint16_t>(facts.identity18 | kRevision);
     else
@@ -93,6 +96,10 @@ void add_factory_words(SimulatedTarget& target, const TargetFacts& facts) {
         part.calibration.begin() + static_cast<std::ptrdiff_t>(part.calibration_words));
     const auto osccal = static_cast<std::uint16_t>(part.osccal_opcode | kOsccalValue);
     if (part.osccal_opcode != 0 && !target.program.empty()) target.program.back() = osccal;
+    target.osccal_word = part.osccal_opcode != 0 && target.core == Core::Bits14;
+    if (part.bandgap != 0 && !target.config.empty())
+        target.config[0] =
+            static_cast<std::uint16_t>((target.config[0] & ~kBandgapMask) | part.bandgap);
     if (part.backup_osccal) target.backup_osccal = osccal;
 }
 
@@ -110,11 +117,11 @@ SimulatedTarget blank_target(const TargetFacts& facts) {
     if (target.core == Core::Pic18)
         target.id.assign(8, 0xFF);
     else
-        target.id.assign(4, target.core == Core::Bits12 ? 0x0FFF : 0x3FFF);
+        target.id.assign(4, target.blank_word);
     target.protect_mask = facts.protect_mask;
     add_config(target, facts);
     add_erase_codes(target, facts);
-    add_factory_words(target, facts);
+    add_part_facts(target, facts);
     return target;
 }
 

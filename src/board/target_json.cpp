@@ -168,6 +168,9 @@ void read_part(const Json& part, SimulatedTarget& target) {
     target.config_mask = words_field(part, "config_mask", 7);
     target.config_force = words_field(part, "config_force", 7);
     target.protect_mask = word_field(part, "protect_mask");
+    target.osccal_word = part.contains("osccal_word") && flag_field(part, "osccal_word");
+    target.chip_erase_only =
+        part.contains("chip_erase_only") && flag_field(part, "chip_erase_only");
     const Json& codes = field(part, "erase_codes");
     if (!codes.is_array()) throw Damaged{"\"erase_codes\" is no list"};
     for (const auto& entry : codes) target.erase_codes.push_back(erase_code(entry));
@@ -226,6 +229,8 @@ Json to_json(const SimulatedTarget& target) {
                         {"program_words", target.program.size()},
                         {"eeprom_cells", target.eeprom.size()},
                         {"protect_mask", word_text(target.protect_mask)}};
+    if (target.osccal_word) json["part"]["osccal_word"] = true;
+    if (target.chip_erase_only) json["part"]["chip_erase_only"] = true;
     json["part"]["config_blank"] = words(target.config_blank);
     json["part"]["config_mask"] = words(target.config_mask);
     json["part"]["config_force"] = words(target.config_force);

@@ -156,6 +156,87 @@ TEST(SimulatedBoard, is_called_out_of_a_command_that_was_left_half_sent) {
     }
 }
 
+TEST(SimulatedBoard, drops_a_command_that_stalls_for_a_second) {
+    for (const auto* letters : {"n", "nb", "nbs", "nbw", "nbd", "nbps", "nr", "nrs", "nrsp", "nw",
+                                "nwG", "nwGe", "m", "mD", "nX", "nXr", "nXrsp", "nXbd", "nb5"}) {
+        Driver host{test::facts_18f2550()};
+        host.command(letters);
+        host.wait(999ms);  // a second with the millisecond after the last letter
+        host.command("?");
+        EXPECT_EQ(host.reply(), kIdentityBytes) << letters;
+        EXPECT_FALSE(host.board.target_powered()) << letters;
+        EXPECT_TRUE(host.board.notes().empty()) << letters;
+    }
+}
+
+TEST(SimulatedBoard, drops_a_command_whose_parameters_stall) {
+    for (const auto& parameters : {std::vector{0}, std::vector{0, 1}, std::vector{0, 1, 0x34}}) {
+        Driver host{facts_16f877a()};
+        host.command("nbw");
+        for (const int byte : parameters) host.paced(static_cast<std::uint8_t>(byte));
+        host.wait(999ms);
+        host.command("?");
+        EXPECT_EQ(host.reply(), kIdentityBytes) << parameters.size();
+        EXPECT_EQ(host.board.target().program[0], 0x3FFF);
+    }
+}
+
+TEST(SimulatedBoard, goes_on_with_a_command_whose_next_byte_comes_within_the_second) {
+    Driver host{facts_16f877a()};
+    for (const int byte : {int{'n'}, int{'b'}, int{'s'}, 0}) {
+        host.send(static_cast<std::uint8_t>(byte));
+        host.wait(999ms);
+    }
+    host.send(1);
+    EXPECT_EQ(host.reply(), "3F FF 40");
+}
+
+TEST(SimulatedBoard, the_letters_of_a_dropped_command_are_no_part_of_the_next) {
+    Driver host{facts_16f877a()};
+    host.command("nw");
+    host.wait(1001ms);
+    host.command("nbs", {0, 1});
+    EXPECT_EQ(host.reply(), "3F FF 40");
+    host.command("nz");
+    EXPECT_EQ(host.board.notes(), (std::vector<std::string>{"\"z\" is no command of this board"}));
+}
+
+TEST(SimulatedBoard, switches_the_target_off_when_it_drops_a_command) {
+    Driver host{facts_16f877a()};
+    host.command("n");
+    EXPECT_TRUE(host.board.target_powered());
+    EXPECT_EQ(host.board.next_event(), host.now - 1ms + 1s);
+    host.wait(1s);
+    host.board.run_until(host.now);
+    EXPECT_FALSE(host.board.target_powered());
+}
+
+TEST(SimulatedBoard, waits_for_items_and_acknowledges_without_a_limit) {
+    Driver host{facts_16f877a()};
+    host.command("nrsp", {0, 9});
+    EXPECT_EQ(host.bytes().size(), 16u);
+    host.wait(1h);
+    host.send('@');
+    EXPECT_EQ(host.reply(), "3F FF 40");
+
+    host.command("nwGe", {0, 1});
+    EXPECT_EQ(host.reply(), "2B");
+    host.wait(1h);
+    host.send(0x28);
+    host.wait(1h);
+    host.send(0x05);
+    EXPECT_EQ(host.reply(), "40");
+    EXPECT_EQ(host.board.target().program[0], 0x2805);
+}
+
+TEST(SimulatedBoard, holds_the_power_that_was_asked_for_without_a_limit) {
+    Driver host{facts_16f877a()};
+    host.command("nP");
+    host.wait(1h);
+    host.board.run_until(host.now);
+    EXPECT_TRUE(host.board.target_powered());
+}
+
 TEST(SimulatedBoard, is_called_out_of_a_long_pulse) {
     Driver host{facts_16f877a(), {.erase = 10s}};
     host.command("nbd", {0x0A});

@@ -78,6 +78,24 @@ TEST(read_exchange, sixteen_words_of_the_area_are_acknowledged_twice) {
     EXPECT_EQ(host.reply(), "40");
 }
 
+TEST(read_exchange, sixteen_words_of_the_area_have_the_second_configuration_word_behind_the_first) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16F88";
+    facts.type = "FLASH4.9";
+    facts.config_present[1] = true;
+    facts.config_default[1] = 0x3FFF;
+    facts.config_mask[1] = 0x3FFF;
+    facts.config_force[1] = 0x3FFC;
+    Driver host{facts};
+    host.board.target().config = {0x3F70, 0x3FFE};
+    host.command("nrsc", {0, 16});
+    EXPECT_EQ(host.reply(), "3F FF 3F FF 3F FF 3F FF 3F FF 3F FF 07 62 3F 70");
+    host.send('@');
+    EXPECT_EQ(host.reply(), "3F FE 3F FF 3F FF 3F FF 3F FF 3F FF 3F FF 3F FF");
+    host.send('@');
+    EXPECT_EQ(host.reply(), "40");
+}
+
 TEST(read_exchange, nine_or_ten_words_of_the_area_come_in_one_piece_with_one_acknowledge) {
     for (const int words : {9, 10}) {
         Driver host{facts_16f877a()};

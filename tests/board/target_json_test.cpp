@@ -40,6 +40,21 @@ TEST(target_json, comes_back_the_same_for_every_core) {
     }
 }
 
+TEST(target_json, says_of_a_part_that_it_has_a_calibration_word) {
+    auto target = blank_target(facts_16f877a());
+    EXPECT_FALSE(to_json(target).at("part").contains("osccal_word"));
+    target.osccal_word = true;
+    EXPECT_TRUE(read_target(to_json(target).dump()).target->osccal_word);
+    EXPECT_EQ(error_of(with("/part/osccal_word", 1)), "\"osccal_word\" is neither true nor false");
+}
+
+TEST(target_json, says_of_a_part_that_it_knows_the_chip_erase_only) {
+    auto target = blank_target(facts_16f877a());
+    EXPECT_FALSE(to_json(target).at("part").contains("chip_erase_only"));
+    target.chip_erase_only = true;
+    EXPECT_TRUE(read_target(to_json(target).dump()).target->chip_erase_only);
+}
+
 TEST(target_json, is_readable_rows_of_words) {
     auto target = blank_target(facts_16f877a());
     target.program[17] = 0x0123;

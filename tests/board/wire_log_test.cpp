@@ -119,6 +119,62 @@ TEST(WireLog, shows_replies_with_their_end_code) {
               "> NXbs 00 00 00 00 40 00  < FF FF @\n");
 }
 
+// The exchanges of the devices that no family serves: each is one line.
+TEST(WireLog, shows_the_exchanges_of_parallel_parts) {
+    Wire wire;
+    wire.host("Nrps").each({0, 1}).board({0x0F, 0xFF, 0x40});
+    wire.host("Nrpl").each({0, 2}).board({0x0F, 0xFF, 0x0F, 0xFF, 0x40});
+    wire.host("Nbpl").each({8, 5}).board({0x0F, 0xFF, 0x0F, 0xFF, 0x40});
+    wire.host("Nwps").each({0, 1}).board("+").host(std::vector<std::uint8_t>{0x0F, 0xF7});
+    wire.board("@");
+    wire.host("Nwpl").each({0, 1}).board("+").host(std::vector<std::uint8_t>{0x0F, 0xF7});
+    wire.board({0x2A, 0x0F, 0xFF, 0x40});
+    EXPECT_EQ(wire.text(),
+              "> Nrps 00 01  < 0F FF  < @\n"
+              "> Nrpl 00 02  < 0F FF 0F FF  < @\n"
+              "> Nbpl 08 05  < 0F FF 0F FF @\n"
+              "> Nwps 00 01  < +  > 0F F7  < @\n"
+              "> Nwpl 00 01  < +  > 0F F7  < 2A 0F FF 40\n");
+}
+
+TEST(WireLog, shows_the_exchanges_of_parity_parts_and_modules) {
+    Wire wire;
+    wire.host("NrSp").each({0, 1}).board({0xFF, 0xFF, 0x40});
+    wire.host("NbS").each({0x0F, 0xFF}).board({0xFF, 0xFF, 0x40});
+    wire.host("NwSc").each({0, 2});
+    wire.board("+").host(std::vector<std::uint8_t>{0x34, 0x92});
+    wire.board("+").host(std::vector<std::uint8_t>{0xFF, 0xFF}).board("@");
+    wire.host("Nr8d").each({0, 1}).board({0x3F, 0xFF, 0x40});
+    wire.host("Nb8").each({0x1F, 0xFF}).board({0x3F, 0xFF, 0x40});
+    wire.host("NbD").each({0x02}).board("@");
+    EXPECT_EQ(wire.text(),
+              "> NrSp 00 01  < FF FF  < @\n"
+              "> NbS 0F FF  < FF FF @\n"
+              "> NwSc 00 02  < + x2  > 34 92 FF FF  < @\n"
+              "> Nr8d 00 01  < 3F FF  < @\n"
+              "> Nb8 1F FF  < 3F FF @\n"
+              "> NbD 02  < @\n");
+}
+
+TEST(WireLog, shows_an_acknowledge_that_comes_before_the_area) {
+    Wire wire;
+    wire.host("nrsc").each({0, 8}).host("@");
+    for (int i = 0; i < 8; ++i) wire.board({0x3F, 0xFF});
+    wire.board("@");
+    wire.host("nwJc").each({0, 1}).board("+").host(std::vector<std::uint8_t>{0xBF, 0xFF});
+    wire.board("@");
+    EXPECT_EQ(wire.text(),
+              "> nrsc 00 08  < 3F FF 3F FF 3F FF 3F FF 3F FF 3F FF 3F FF 3F FF  > @  < @\n"
+              "> nwJc 00 01  < +  > BF FF  < @\n");
+}
+
+TEST(WireLog, a_power_letter_whose_command_was_dropped_has_a_line_of_its_own) {
+    Wire wire;
+    wire.host("n").pause(3s).host("***?").board("ZQ-LDR412A V6.80\r\n");
+    wire.host("n").pause(3s).host("nbd").each({0x0A}).board("@");
+    EXPECT_EQ(wire.text(), "> n\n> ***?  < ZQ-LDR412A V6.80\n> n\n> nbd 0A  < @\n");
+}
+
 TEST(WireLog, folds_a_write) {
     Wire wire;
     wire.host("nwFc").each({0, 3});

@@ -110,7 +110,7 @@ TEST(write_exchange, a_cell_that_does_not_program_is_reported_with_what_it_holds
 
 TEST(write_exchange, configuration_and_id_go_in_but_the_marked_words) {
     for (const char* letters :
-         {"nwec", "nwFc", "nwEc", "nwJc", "nw8c", "nw6c", "nwhc", "nwGi", "nwG<", "nwek"}) {
+         {"nwec", "nwFc", "nwEc", "nwJc", "nw8c", "nw6c", "nwhc", "nwGi", "nwG<", "nwek", "nwsc"}) {
         Driver host{facts_16f877a()};
         host.command(letters, {0, 8});
         for (int i = 0; i < 4; ++i) host.item({0x3F, 0xF0 + i});
@@ -122,6 +122,26 @@ TEST(write_exchange, configuration_and_id_go_in_but_the_marked_words) {
         EXPECT_EQ(target.config[0], 0x3F72);
         EXPECT_EQ(target.identity, 0x0E22);
     }
+}
+
+TEST(write_exchange, nine_items_reach_the_second_configuration_word) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16F88";
+    facts.type = "FLASH4.9";
+    facts.config_present[1] = true;
+    facts.config_default[1] = 0x3FFF;
+    facts.config_mask[1] = 0x3FFF;
+    facts.config_force[1] = 0x3FFC;
+    Driver host{facts};
+    host.command("nwJc", {0, 9});
+    for (int i = 0; i < 4; ++i) host.item({0x3F, 0xF0 + i});
+    for (int i = 0; i < 3; ++i) host.item({0xBF, 0xFF});
+    host.item({0x3F, 0x70});
+    host.item({0x00, 0x02});
+    EXPECT_EQ(host.reply(), "2B 2B 2B 2B 2B 2B 2B 2B 2B 40");
+    EXPECT_EQ(host.board.target().id[3], 0x3FF3);
+    EXPECT_EQ(host.board.target().config[0], 0x3F70);
+    EXPECT_EQ(host.board.target().config[1], 0x3FFE);
 }
 
 TEST(write_exchange, a_configuration_word_that_does_not_program_is_reported) {
@@ -236,6 +256,60 @@ TEST(erase_exchange, a_module_is_erased_by_its_own_algorithm) {
     EXPECT_EQ(host.board.notes().back(), "\"bd\": ZQ-LDR412A is erased by \"D\"");
     host.command("nbD", {0x0A});
     EXPECT_EQ(host.board.target().program[0], 0x3FFF);
+}
+
+TEST(erase_exchange, a_catalogue_device_of_the_modules_type_has_the_letter_D_too) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16LDR";
+    facts.type = "LDR412";
+    Driver host{facts};
+    auto& target = host.board.target();
+    target.program[0] = 0, target.eeprom[0] = 0, target.config[0] = 0x3FF0;
+    host.command("NbD", {0x02});
+    EXPECT_EQ(target.program[0], 0x3FFF);
+    EXPECT_EQ(target.eeprom[0], 0);
+    host.command("NbD", {0x03});
+    EXPECT_EQ(target.eeprom[0], 0xFF);
+    EXPECT_EQ(target.config[0], 0x3FF0);
+    host.command("NbD", {0x0A});
+    EXPECT_EQ(target.config[0], 0x3FFF);
+    EXPECT_EQ(host.reply(), "40 40 40");
+    EXPECT_TRUE(host.board.notes().empty());
+}
+
+TEST(erase_exchange, a_part_without_area_erases_reacts_to_the_chip_erase_only) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16F73";
+    facts.type = "FLASH2";
+    for (const int mode : {0x01, 0x02, 0x08, 0x0B, 0x0C}) {
+        Driver host{facts};
+        host.board.target().program[0] = 0;
+        host.command("Nbd", {mode});
+        EXPECT_EQ(host.reply(), "40");
+        EXPECT_EQ(host.board.target().program[0], 0) << mode;
+        ASSERT_EQ(host.board.notes().size(), 1u) << mode;
+        EXPECT_EQ(host.board.notes()[0],
+                  "\"bd\": PIC16F73 has no erase but that of the whole chip, 0x0A");
+    }
+    Driver host{facts};
+    host.board.target().program[0] = 0;
+    host.command("Nbd", {0x0A});
+    EXPECT_EQ(host.reply(), "40");
+    EXPECT_EQ(host.board.target().program[0], 0x3FFF);
+    EXPECT_TRUE(host.board.notes().empty());
+}
+
+TEST(erase_exchange, a_one_time_part_is_not_erased_and_that_is_noted) {
+    auto facts = facts_16f877a();
+    facts.name = "PIC16C74";
+    facts.type = "EPROM";
+    Driver host{facts};
+    host.board.target().program[0] = 0;
+    host.command("Nbd", {0x0A});
+    EXPECT_EQ(host.reply(), "40");
+    EXPECT_EQ(host.board.target().program[0], 0);
+    EXPECT_EQ(host.board.notes(),
+              (std::vector<std::string>{"\"bd\": PIC16C74 can't be erased by the board"}));
 }
 
 TEST(erase_exchange, the_power_letter_alone_gets_nothing) {
