@@ -111,7 +111,7 @@ class BoardProgram {
     Routine<void> write_eeprom();
     Routine<void> write_config();
     Routine<void> write_single_config();
-    Routine<void> single_config();
+    Routine<void> single_config(std::uint8_t ready);
     bool aborted(std::size_t items, std::uint8_t mark);
     void report_failure(std::uint16_t held);
 
