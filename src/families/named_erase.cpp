@@ -122,6 +122,10 @@ bool NamedErase::knows_Pgm_Erase() const {
     return !erases_of(context_.session.DeviceName).pgm.letters.empty();
 }
 
+bool NamedErase::knows_Eep_Erase() const {
+    return !erases_of(context_.session.DeviceName).eep.letters.empty();
+}
+
 bool NamedErase::knows_Chip_Erase() const {
     return !erases_of(context_.session.DeviceName).chip.letters.empty();
 }

@@ -26,6 +26,7 @@ class NamedErase {
 
     // True if there are letters for it.
     bool knows_Pgm_Erase() const;
+    bool knows_Eep_Erase() const;
     bool knows_Chip_Erase() const;
 
   private:

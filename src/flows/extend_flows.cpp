@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/number_settings.h"
+#include "families/named_erase.h"
 #include "flows/extend_texts.h"
 #include "image/config_area.h"
 #include "image/fill.h"
@@ -96,6 +97,8 @@ Outcome ExtendFlows::Cmd_PGM_Erase_Click() {
         return frame_.with_family(frame_.module(), "", [this](Family& family) {
             const auto outcome = family.Pgm_Erase();
             tell(outcome, extend_text::kPgmErased, extend_text::kPgmEraseFailed);
+            const bool by_name = frame_.module() == Module::Generic;
+            advise_chip_erase(outcome, !by_name || NamedErase{context_}.knows_Pgm_Erase());
             return outcome;
         });
     });
@@ -106,13 +109,15 @@ Outcome ExtendFlows::Cmd_DATA_Erase_Click() {
     const bool by_name = context_.session.DeviceName == "PIC16F690";
     return frame_.run([this, by_name] {
         const auto module = by_name ? Module::Generic : frame_.module();
-        return frame_.with_family(module, "", [this](Family& family) {
+        return frame_.with_family(module, "", [this, module](Family& family) {
             if (context_.session.EepBytes == 0) {
                 context_.messages.ShowMessage(extend_text::kNoEeprom);
                 return Outcome::Failed;
             }
             const auto outcome = family.Eep_Erase();
             tell(outcome, extend_text::kEepErased, extend_text::kEepEraseFailed);
+            advise_chip_erase(outcome,
+                              module != Module::Generic || NamedErase{context_}.knows_Eep_Erase());
             return outcome;
         });
     });
@@ -170,6 +175,14 @@ Outcome ExtendFlows::Cmd_DATA_Read_Click() {
 
 void ExtendFlows::tell(Outcome outcome, std::string_view done, std::string_view failed) {
     context_.messages.ShowMessage(outcome == Outcome::Success ? done : failed);
+}
+
+// Behind the failure of an erase for which the device has no letters.
+void ExtendFlows::advise_chip_erase(Outcome outcome, bool known) {
+    const bool chip_is_served =
+        frame_.module() != Module::Generic || NamedErase{context_}.knows_Chip_Erase();
+    if (outcome == Outcome::Failed && !known && chip_is_served)
+        context_.messages.AddMessage(extend_text::kUseChipErase);
 }
 
 void ExtendFlows::Cmd_PGM_PcbufferClear_Click() {

@@ -39,6 +39,7 @@ class ExtendFlows {
 
   private:
     void tell(Outcome outcome, std::string_view done, std::string_view failed);
+    void advise_chip_erase(Outcome outcome, bool known);
     void enable_buttons(bool enabled);
     void save_place();
 
