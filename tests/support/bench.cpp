@@ -87,7 +87,7 @@ const std::vector<CatalogueBlock>& usual_blocks() {
 std::string catalogue_of(const std::vector<CatalogueBlock>& blocks) {
     std::string text = "VERSION 6 . 00\n";
     for (const auto& block : blocks) {
-        text += "#BEGIN\n" + std::string{block.device} + "\n";
+        text += "#BEGIN\n" + std::string{block.name.empty() ? block.device : block.name} + "\n";
         for (const auto& row : shipped_blocks().at(std::string{block.device}))
             text += row_with(row, block.other_values) + "\n";
         text += "#END\n";
@@ -172,8 +172,14 @@ std::vector<std::uint8_t> Bench::eeprom_image() const {
 }
 
 bool Bench::controls_are_back() const {
-    return std::ranges::all_of(locked_controls(run->form),
-                               [](const Control* control) { return control->Enabled.get(); });
+    // The per-area dialog has nothing for one-time parts, so its button stays off for these types.
+    constexpr std::array<std::string_view, 4> kNoAreaOperations{"12C5", "12C6", "EPROM", "EPROM2"};
+    const bool has_areas = std::ranges::find(kNoAreaOperations, run->session.PgmType.text()) ==
+                           kNoAreaOperations.end();
+    return std::ranges::all_of(locked_controls(run->form), [&](const Control* control) {
+        if (control == &run->form.Cmd_Extend_Program && !has_areas) return !control->Enabled.get();
+        return control->Enabled.get();
+    });
 }
 
 Lines Bench::enabled_buttons() const {

@@ -28,10 +28,12 @@ namespace quillon::test {
 using namespace std::chrono_literals;
 using Lines = std::vector<std::string>;
 
-// A device's block of the shipped catalogue, in which some rows may get another value.
+// A device's block of the shipped catalogue, in which some rows may get another value. Under
+// another name it is a device that a user has entered, which no family serves.
 struct CatalogueBlock {
     std::string_view device;
     std::vector<std::pair<std::string, std::string>> other_values{};
+    std::string_view name{};  // "" for the device's own
 };
 std::string catalogue_of(const std::vector<CatalogueBlock>& blocks);
 
