@@ -46,7 +46,9 @@ Outcome Operation::erase(std::span<const Step> steps) {
 }
 
 Outcome Operation::Erase_All() {
-    return erase(record_.erase_chip.empty() ? record_.erase : record_.erase_chip);
+    const auto outcome = erase(record_.erase_chip.empty() ? record_.erase : record_.erase_chip);
+    if (outcome == Outcome::Success && !texts_.erased.empty()) messages_.ShowMessage(texts_.erased);
+    return outcome;
 }
 Outcome Operation::Pgm_Erase() { return erase(record_.erase_pgm); }
 Outcome Operation::Eep_Erase() { return erase(record_.erase_eep); }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/number_settings.h"
+#include "families/named_erase.h"
 #include "flows/extend_texts.h"
 #include "image/config_area.h"
 #include "image/fill.h"
@@ -98,8 +99,8 @@ Outcome ExtendFlows::Cmd_PGM_Erase_Click() {
         return frame_.with_family(frame_.module(), "", [this](Family& family) {
             const auto outcome = family.Pgm_Erase();
             tell(outcome, extend_text::kPgmErased, extend_text::kPgmEraseFailed);
-            if (frame_.module() == Module::Generic)
-                advise_chip_erase(outcome, erases_.knows_Pgm_Erase());
+            const bool by_name = frame_.module() == Module::Generic;
+            advise_chip_erase(outcome, !by_name || erases_.knows_Pgm_Erase());
             return outcome;
         });
     });
@@ -117,7 +118,7 @@ Outcome ExtendFlows::Cmd_DATA_Erase_Click() {
             }
             const auto outcome = family.Eep_Erase();
             tell(outcome, extend_text::kEepErased, extend_text::kEepEraseFailed);
-            if (module == Module::Generic) advise_chip_erase(outcome, erases_.knows_Eep_Erase());
+            advise_chip_erase(outcome, module != Module::Generic || erases_.knows_Eep_Erase());
             return outcome;
         });
     });
@@ -179,8 +180,10 @@ void ExtendFlows::tell(Outcome outcome, std::string_view done, std::string_view 
     context_.messages.ShowMessage(outcome == Outcome::Success ? done : failed);
 }
 
+// Behind the failure of an erase for which the device has no letters.
 void ExtendFlows::advise_chip_erase(Outcome outcome, bool known) {
-    if (outcome != Outcome::Success && !known)
+    const bool chip_is_served = frame_.module() != Module::Generic || erases_.knows_Chip_Erase();
+    if (outcome == Outcome::Failed && !known && chip_is_served)
         context_.messages.AddMessage(extend_text::kUseChipErase);
 }
 
