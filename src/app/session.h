@@ -81,7 +81,10 @@ struct Calibration {
     std::uint8_t CalibHi = 0;  // the instruction in the last word of program memory
     std::uint8_t CalibLo = 0;
     std::uint8_t CalibBg = 0;  // band gap, bits 13 and 12 of configuration word 1: 0 to 3
-    // Read in the present operation, then erased, and not yet written back.
+    // Read in the present operation.
+    bool word_known = false;
+    bool bandgap_known = false;
+    // Then erased, and not yet written back.
     bool word_at_risk = false;
     bool bandgap_at_risk = false;
 };

@@ -49,9 +49,6 @@ class Areas14 : public WiredAreas {
     std::string verify_note() const override;
     std::string calibration_warning() const override;
 
-  protected:
-    void note_calibration_at_risk() override;
-
   private:
     enum class IdWords : std::uint8_t { Compared, LeftOut };
 
@@ -78,7 +75,6 @@ class Areas14 : public WiredAreas {
     AndWord pgm_and_;
     AndWord eep_and_;
     AndWord cfg_and_;
-    bool word_read_ = false;           // in this operation
     std::uint16_t last_word_ = 0;      // of the last program verify
     std::uint8_t device_bandgap_ = 0;  // of the last config verify
 };

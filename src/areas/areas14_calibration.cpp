@@ -50,7 +50,7 @@ Token Areas14::Word_Read() {
     if (reply.empty() || reply[2] != kEndCode) return report(Token::ER, texts_.read_word_failed);
     session_.CalibHi = reply[0];
     session_.CalibLo = reply[1];
-    word_read_ = true;
+    session_.word_known = true;
     return report(Token::OK, texts_.read_word_done);
 }
 
@@ -74,6 +74,7 @@ Token Areas14::Cfg_Read_12F6() {
     if (area[bytes_of(kAreaWords)] != kEndCode)
         return report(Token::NG, texts_.read_cfg_no_end_code);
     session_.CalibBg = area[config_area::kConfig1] >> 4 & 0x03;
+    session_.bandgap_known = true;
     return Token::OK;
 }
 
@@ -119,11 +120,6 @@ Token Areas14::Take_Erase_Calibration() {
     calibration_.put_bandgap_into_image();
     context_.views.ShowConfigSummary();
     return Token::OK;
-}
-
-void Areas14::note_calibration_at_risk() {
-    session_.word_at_risk = word_read_;
-    session_.bandgap_at_risk = word_read_ && has_bandgap();
 }
 
 // The program of a part whose calibration was lost before calls a word that is no instruction of

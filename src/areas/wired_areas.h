@@ -20,9 +20,6 @@ class WiredAreas : public Areas {
     Token Take_Calibration() override;
 
   protected:
-    // An erase follows. What has been read of the calibration must be written back.
-    virtual void note_calibration_at_risk() {}
-
     using Bytes = std::vector<std::uint8_t>;
 
     WiredAreas(RunContext& context, char power);

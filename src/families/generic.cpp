@@ -169,14 +169,8 @@ class ByName : public Core {
     template <typename Record>
     ByName(RunContext& context, const Record& record) : Core{context, record}, erases_{context} {}
 
-    Token Chip_Erase() override {
-        this->note_calibration_at_risk();
-        return erases_.Chip_Erase();
-    }
-    Token Pgm_Erase() override {
-        this->note_calibration_at_risk();
-        return erases_.Pgm_Erase();
-    }
+    Token Chip_Erase() override { return erases_.Chip_Erase(); }
+    Token Pgm_Erase() override { return erases_.Pgm_Erase(); }
     Token Eep_Erase() override { return erases_.Eep_Erase(); }
 
   private:

@@ -77,6 +77,13 @@ NamedErases erases_of(std::string_view device) {
 
 }  // namespace
 
+// From here on only this program knows the calibration that was read.
+void NamedErase::note_calibration() {
+    auto& session = context_.session;
+    session.word_at_risk = session.word_known;
+    session.bandgap_at_risk = session.bandgap_known;
+}
+
 bool NamedErase::erase(std::string_view letters, std::uint8_t mode) {
     Exchange wire{{.power = power_letter(context_.session.PowerMode)},
                   context_.host,
@@ -91,6 +98,7 @@ bool NamedErase::erase(std::string_view letters, std::uint8_t mode) {
 Token NamedErase::Pgm_Erase() {
     context_.messages.ShowMessage(text::kErasingPgm);
     const auto [letters, mode] = erases_of(context_.session.DeviceName).pgm;
+    note_calibration();
     const bool done = erase(letters, mode);
     context_.messages.ShowMessage(done ? text::kErasePgmDone : text::kErasePgmFailed);
     return done ? Token::OK : Token::ER;
@@ -113,6 +121,7 @@ Token NamedErase::Chip_Erase() {
     if (!context_.session.WriterFound) return Token::NG;
     context_.messages.ShowMessage(text::kErasingChip);
     const auto [letters, mode] = erases_of(context_.session.DeviceName).chip;
+    note_calibration();
     const bool done = erase(letters, mode);
     context_.messages.ShowMessage(done ? text::kGood : text::kBad);
     return done ? Token::OK : Token::ER;

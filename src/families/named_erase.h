@@ -30,6 +30,7 @@ class NamedErase {
     bool knows_Chip_Erase() const;
 
   private:
+    void note_calibration();
     bool erase(std::string_view letters, std::uint8_t mode);
 
     RunContext& context_;

@@ -66,6 +66,7 @@ void OperationFrame::open() {
     session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
     session.ResultAll.clear();
     session.FailDetail.clear();
+    session.word_known = session.bandgap_known = false;
     session.word_at_risk = session.bandgap_at_risk = false;
 }
 

@@ -117,6 +117,16 @@ TEST(calibration_button, Command2_writes_the_word_of_the_field_behind_the_opcode
     EXPECT_EQ(pauses(bench), between_check_and_close({}));
 }
 
+TEST(calibration_button, Command2_fails_where_the_part_does_not_take_the_value) {
+    ExtendBench bench{k12F6};
+    bench.target().program.back() = 0x3400;
+    bench.form().Text_Calib_Data.Text.set("4E");
+    EXPECT_EQ(bench.run->flows.Command2_Click(), Outcome::Failed);
+
+    EXPECT_EQ(bench.target().program.back(), 0x3400);
+    EXPECT_EQ(bench.shown->lines.back(), "指定プログラムメモリのデータライト失敗。");
+}
+
 TEST(calibration_button, waits_three_seconds) {
     struct Row {
         std::string_view fault;
@@ -135,6 +145,7 @@ TEST(calibration_button, waits_three_seconds) {
           Row{"bw/alter:1:0x21", true, Outcome::Failed,
               "指定プログラムメモリのデータライト失敗。"}}) {
         ExtendBench bench{k12F6};
+        bench.target().program.back() = 0x3FFF;
         bench.form().Text_Calib_Data.Text.set("4E");
         bench.board.add_fault(row.fault);
         EXPECT_EQ(row.write ? bench.run->flows.Command2_Click() : bench.run->flows.Command1_Click(),
