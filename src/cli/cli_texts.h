@@ -43,6 +43,8 @@ inline constexpr std::string_view kUnknownSecondWord =
     "{} has no '{}'; it needs one of: {}\nRun with --help for more information.\n";
 inline constexpr std::string_view kNoCalibrationValue =
     "calib write needs its value: --set Text_Calib_Data=XX";
+inline constexpr std::string_view kNoCalibrationEntry =
+    "with Chk_12F_CalibData_Select=0 this device needs its value: --set Text_Calib_Data=XX";
 inline constexpr std::string_view kUnknownDevice = "the catalogue holds no device named '{}'";
 inline constexpr std::string_view kNoDevice =
     "no device is selected: name one with --device (quillon-cli devices lists them)";

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <QDir>
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -73,6 +74,7 @@ Finish Commands::carry_out() {
     if (auto ending = open_file()) return with_words(*ending);
     if (auto problem = apply_sets(run_, options_.sets))
         return with_words(Finish::complain(kUsage, *problem));
+    if (auto problem = missing_calibration()) return with_words(Finish::complain(kUsage, *problem));
     // A check of the board doesn't set the line; the window's search at start-up does.
     run_.port.RTSEnable(!run_.form.mnuComMode1.Checked.get());
     if (options_.command == Command::Simulate) return simulate();
@@ -204,6 +206,18 @@ std::optional<std::string> Commands::missing_data() const {
     if (row_.hex == HexNeed::Eeprom && !sides.eeprom && run_.session.EepBytes != 0)
         return fmt::format(text::kNoEeprom, name, run_.session.DeviceName);
     return {};
+}
+
+// The value that the catalogue shows must not go into a part by accident.
+std::optional<std::string> Commands::missing_calibration() const {
+    const auto& session = run_.session;
+    const bool decided =
+        run_.form.Chk_12F_CalibData_Select.Checked.get() ||
+        std::ranges::count(options_.sets, "Text_Calib_Data", &NamedValue::name) > 0;
+    const bool has_word =
+        logs_calibration(session.PgmType) && module_of(session.DeviceName) == Module::Generic;
+    if (decided || !has_word) return std::nullopt;
+    return std::string{text::kNoCalibrationEntry};
 }
 
 Commands::Ending Commands::operate() {

@@ -48,6 +48,7 @@ class Commands {
     Ending choose_device();
     Ending open_file();
     std::optional<std::string> missing_data() const;
+    std::optional<std::string> missing_calibration() const;
     Ending operate();
     Ending save_file();
     Ending write_dump();

@@ -74,6 +74,9 @@ CLI::Option* given(CLI::App& app, const char* name, std::optional<Value>& value,
         name, [&value](const std::string& text) { value = text; }, help);
 }
 
+// CLI11 reads an empty number as no value: a script's unset variable must not mean the default.
+std::string not_empty(const std::string& number) { return number.empty() ? "is empty" : ""; }
+
 void add_options(CLI::App& app, Options& options, Raw& raw) {
     given(app, "--home", options.home, "folder of settings.ini and QUILLON4_TEMP")
         ->type_name("DIR");
@@ -85,7 +88,8 @@ void add_options(CLI::App& app, Options& options, Raw& raw) {
     app.add_option(
            "--sim-baud", options.sim_baud,
            "the line speed to imitate; 0 is as fast as the host goes; default: 0, with simulate 57600")
-        ->type_name("N");
+        ->type_name("N")
+        ->check(not_empty);
     repeatable(app, "--fault", raw.faults, "a fault of the simulated board; may be repeated")
         ->type_name("FAULT");
     given(app, "--device", options.device, "the device to select")->type_name("NAME");
@@ -96,7 +100,8 @@ void add_options(CLI::App& app, Options& options, Raw& raw) {
     given(app, "--trace", options.trace, "writes every byte on the wire to a file")
         ->type_name("FILE");
     app.add_option("--deadline", raw.deadline, "gives the operation up after this many seconds")
-        ->type_name("SECONDS");
+        ->type_name("SECONDS")
+        ->check(not_empty);
     app.set_version_flag("--version", fmt::format("{} {}", text::kProgram, product_version()),
                          "shows the version");
     app.set_help_flag("--help", "shows this help");

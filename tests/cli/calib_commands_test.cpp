@@ -150,5 +150,19 @@ TEST(extended_erase_of_a_calibrated_part, keeps_the_word_without_a_question) {
     }
 }
 
+// The field shows a value of the catalogue, which nobody has chosen.
+TEST(calibration_by_hand, needs_its_value) {
+    CliBench cli;
+    const auto erase = [&](std::vector<std::string> sets) {
+        std::vector<std::string> line{"--device", "PIC12F675", "--socket", cli.path("socket.json")};
+        line.insert(line.end(), sets.begin(), sets.end());
+        line.insert(line.end(), {"extend", "chip-erase"});
+        return cli.on_board(line);
+    };
+    EXPECT_EQ(erase({"--set", "Chk_12F_CalibData_Select=0"}), 2);
+    EXPECT_EQ(erase({"--set", "Chk_12F_CalibData_Select=0", "--set", "Text_Calib_Data=80"}), 0);
+    EXPECT_EQ(last_word_of(cli), "3480");
+}
+
 }  // namespace
 }  // namespace quillon::cli

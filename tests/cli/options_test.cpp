@@ -155,6 +155,8 @@ INSTANTIATE_TEST_SUITE_P(
                     BadLine{{"--answer", "colour=ok", "blank"}, "no question named 'colour'"},
                     BadLine{{"--deadline", "0", "blank"}, "--deadline"},
                     BadLine{{"--deadline", "soon", "blank"}, "--deadline"},
+                    BadLine{{"--deadline", "", "blank"}, "--deadline"},
+                    BadLine{{"--port", "sim", "--sim-baud", "", "blank"}, "--sim-baud"},
                     BadLine{{"--deadline", "nan", "blank"}, "--deadline"},
                     BadLine{{"--port", "sim", "--sim-baud", "-1", "blank"}, "--sim-baud"},
                     BadLine{{"--socket", "s.json", "blank"}, "--port sim"},
