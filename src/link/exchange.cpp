@@ -163,12 +163,16 @@ WriteResult Exchange::write_stream(std::span<const std::uint8_t> image, const Wr
     return result;
 }
 
-WriteResult Exchange::write_config(std::span<const std::uint8_t> image) {
+WriteResult Exchange::write_config(std::span<const std::uint8_t> image, Limit limit) {
     SilenceWatch silence{host_, messages_, kUsualReply};
+    const auto reply_came = [&] { return limit ? wait(1, limit) : wait_watched(1, silence); };
     WriteResult result;
     for (auto& i = result.index; i < image.size(); i += 2) {
         host_.pump();
-        wait_watched(1, silence);
+        if (!reply_came()) {
+            result.end = WriteEnd::NoReady;
+            return result;
+        }
         result.reply = take_report(kConfigReport);
         if (result.reply.size() >= kConfigReport) {
             result.end = WriteEnd::Interrupted;
@@ -176,7 +180,11 @@ WriteResult Exchange::write_config(std::span<const std::uint8_t> image) {
         }
         port_.write(image.subspan(i, 2));
     }
-    wait_watched(1, silence);
+    result.reply.clear();
+    if (!reply_came()) {
+        result.end = WriteEnd::NoReply;
+        return result;
+    }
     result.reply = take_report(kConfigReport);
     if (result.reply.front() == kEndCode) return result;
     result.end = WriteEnd::NoEndCode;

@@ -86,9 +86,9 @@ class Exchange {
     // Sends the image item by item, each after a ready byte, and takes the end code. A lone abort
     // byte is a ready byte like any other; only one with more bytes behind it interrupts.
     WriteResult write_stream(std::span<const std::uint8_t> image, const WriteRules& rules);
-    // The same without limits for the configuration area: a reply of four bytes or more is the
+    // The same for the configuration area: a reply of four bytes or more is the
     // report of an item that failed, and ends the stream.
-    WriteResult write_config(std::span<const std::uint8_t> image);
+    WriteResult write_config(std::span<const std::uint8_t> image, Limit limit = kNoLimit);
 
   private:
     bool wait_watched(std::size_t bytes, SilenceWatch& silence);

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "app/text.h"
+#include "link/dialect.h"
 #include "link/link_texts.h"
 #include "link/wait.h"
 
@@ -215,6 +216,13 @@ Token Link::Power_Delay_Set() {
     host_.sleep(500ms);
     return Token::OK;
 }
+
+void Link::Power_ON() {
+    send(power_letter(session_.PowerMode));
+    send('P');
+}
+
+void Link::Power_OFF() { send('p'); }
 
 void Link::Firm_Version_Check() {
     if (session_.FirmVersion >= kRecommendedVersion) return;

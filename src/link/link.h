@@ -43,6 +43,9 @@ class Link {
     // board, sets the power delay. Tries at most twice.
     Token Writer_Check();
     Token Power_Delay_Set();
+    // Powers the target and holds it, the supply first that the device asks for; and off again.
+    void Power_ON();
+    void Power_OFF();
     // Advises an update of the board's firmware below V6.76. Never refuses a board.
     void Firm_Version_Check();
     // Gives the board's last bytes time to arrive, then closes the port.

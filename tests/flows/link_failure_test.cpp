@@ -156,6 +156,22 @@ TEST(not_served, is_reported_before_anything_is_sent) {
         }
 }
 
+TEST(Power_ON, holds_the_power_with_the_supply_first_that_the_device_asks_for) {
+    Bench bench;
+    auto& link = bench.run->link;
+    for (const std::string_view order : {"VPP", "VDD"}) {
+        bench.session().PowerMode = order;
+        ASSERT_EQ(link.Writer_Check(), Token::OK);
+        bench.wire();
+        link.Power_ON();
+        EXPECT_TRUE(bench.board.target_powered());
+        link.Power_OFF();
+        EXPECT_FALSE(bench.board.target_powered());
+        EXPECT_EQ(bench.wire(), order == "VPP" ? "> nP\n> p\n" : "> NP\n> p\n");
+        link.Writer_Close();
+    }
+}
+
 TEST(Label_FirmwareVersion, searches_the_board_and_lets_it_go_again) {
     Bench bench;
     EXPECT_EQ(bench.run->flows.Label_FirmwareVersion_Click(), Outcome::Success);

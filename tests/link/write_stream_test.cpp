@@ -240,4 +240,12 @@ TEST(write_config, waits_for_ever_for_each_item_and_the_end_code) {
     EXPECT_EQ(bench.wire.write_config(config_image()).end, WriteEnd::Done);
 }
 
+TEST(write_config, gives_up_an_item_that_is_not_asked_for_within_the_limit) {
+    LinkBench bench;
+    bench.open_port();
+    const auto result = bench.wire.write_config(config_image(), 10s);
+    EXPECT_EQ(result.end, WriteEnd::NoReady);
+    EXPECT_TRUE(result.reply.empty());
+}
+
 }  // namespace quillon::test
