@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -97,6 +98,7 @@ struct Counters {
 
 // The results of the last operation.
 struct OperationResult {
+    std::chrono::nanoseconds OpStart{};  // the host's clock when the operation began
     Token Status = Token::None;
     Token ResultPgm = Token::None;
     Token ResultEep = Token::None;

@@ -64,12 +64,18 @@ class Areas {
     //
     // Whether the fields hold a value, where the user has decided that they are written.
     virtual Token Calibration_Entry() { return Token::Absent; }
+    // Whether the word that was read can be the factory's, where it is to be kept.
+    virtual Token Calibration_Check() { return Token::Absent; }
     virtual Token Word_Read() { return Token::Absent; }
     virtual Token Word_Write() { return Token::Absent; }
     virtual Token Cfg_Read_12F6() { return Token::Absent; }
     virtual Token Cfg_Write_12F6() { return Token::Absent; }
+    // Word_Write, unless the device had no calibration that could be kept.
+    virtual Token Word_Restore() { return Token::Absent; }
     // Puts the calibration that the device shall have into the image, before the image is written.
     virtual Token Take_Calibration() = 0;
+    // Shows what was read, before it is erased.
+    virtual Token Show_Kept_Calibration() { return Token::Absent; }
     // The same for an erase: what Word_Write and Cfg_Write_12F6 will write back.
     virtual Token Take_Erase_Calibration() { return Token::Absent; }
     // Shows the word that the verify has read, behind the one that was read before.

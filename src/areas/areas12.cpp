@@ -166,7 +166,7 @@ Token Areas12::Take_Calibration() {
     calibration_.show_read();
     if (calibration_.is_kept())
         calibration_.show_entry();
-    else if (calibration_.take_entry(kMovlw12) == Token::NG)
+    else if (calibration_.take_entry(kMovlw12, WordBits::OneTime) == Token::NG)
         return Token::NG;
     calibration_.put_into_image();
     context_.views.ShowProgramMemory();

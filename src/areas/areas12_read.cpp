@@ -87,13 +87,10 @@ Token Areas12::Verify_Cfg() {
     const auto word = read_config_word();
     if (!word) return report(Token::NG, texts_.verify_cfg_no_end_code);
     judge_protection(*word, texts_.is_protected);
+    config_found_.config = hex(*word, 4);
     const auto expected = word_high_first(session_.CfgIdMem[config_area::kConfig1],
                                           session_.CfgIdMem[config_area::kConfig1 + 1]);
-    if (((*word ^ expected) & kBlank) == 0) {
-        config_found_.config = "OK";
-        return Token::OK;
-    }
-    config_found_.config = hex(*word, 4);
+    if (((*word ^ expected) & kBlank) == 0) return Token::OK;
     return report(Token::NG, std::string{texts_.verify_cfg_failed} +
                                  fmt::format(areas12_text::kVerifyCfgData, config_found_.config));
 }

@@ -92,7 +92,8 @@ Token Areas12::Write_Cfg() {
                           std::string{texts_.write_cfg_failed});
     // Some parts' fuses read back in the low digit alone. The verify that follows has the last
     // word.
-    const bool low_digit = reply.size() >= 2 && reply[1] == (word[1] & 0x0F);
+    const bool low_digit =
+        written.end == WriteEnd::NoEndCode && reply.size() >= 2 && reply[1] == (word[1] & 0x0F);
     return low_digit ? Token::OK : Token::NG;
 }
 

@@ -38,11 +38,14 @@ class Areas14 : public WiredAreas {
     Token Eep_Erase() override;
     Token Cfg_Patch_Read() override;
     Token Calibration_Entry() override;
+    Token Calibration_Check() override;
     Token Word_Read() override;
     Token Word_Write() override;
+    Token Word_Restore() override;
     Token Cfg_Read_12F6() override;
     Token Cfg_Write_12F6() override;
     Token Take_Calibration() override;
+    Token Show_Kept_Calibration() override;
     Token Take_Erase_Calibration() override;
     Token Show_Calibration() override;
     bool read_was_blank() const override;
@@ -58,6 +61,8 @@ class Areas14 : public WiredAreas {
     // An area of several blocks has a limit of its own.
     Bytes read_config_area(std::uint8_t words, Limit limit, ConfigAck ack = ConfigAck::BehindData);
     std::string_view write_pgm_letters() const;
+    Limit config_limit() const;
+    bool is_erased_word() const;  // the calibration word that was read
     Token blank_verdict(bool is_blank) const {
         return is_blank ? record_.words.blank : record_.words.used;
     }

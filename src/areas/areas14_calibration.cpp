@@ -41,8 +41,8 @@ Token Areas14::Calibration_Entry() {
 
 // The address counts from 1, so the number of words is that of the last one.
 Token Areas14::Word_Read() {
-    messages_.ShowMessage(texts_.reading_word);
     if (record_.osccal == Osccal14::None) return report(Token::ER, texts_.read_word_failed);
+    messages_.ShowMessage(texts_.reading_word);
     wire_.begin();
     wire_.send("br");
     wire_.send_number(session_.PgmWords);
@@ -54,7 +54,29 @@ Token Areas14::Word_Read() {
     return report(Token::OK, texts_.read_word_done);
 }
 
+// A bad contact or an altered byte must not end as the part's calibration. A word that is erased is
+// no calibration any more and can't be lost.
+Token Areas14::Calibration_Check() {
+    if (record_.osccal == Osccal14::None || !calibration_.is_kept() ||
+        session_.CalibHi == kRetlw14 || is_erased_word())
+        return Token::OK;
+    return report(Token::NG,
+                  fmt::format(areas14_text::kBadCalibration, session_.CalibHi, session_.CalibLo));
+}
+
+bool Areas14::is_erased_word() const {
+    return word_high_first(session_.CalibHi, session_.CalibLo) == record_.blank_word;
+}
+
+Token Areas14::Word_Restore() {
+    if (!calibration_.is_kept() || !is_erased_word()) return Word_Write();
+    session_.word_at_risk = false;
+    return report(Token::Absent, fmt::format(areas14_text::kNoCalibration, record_.blank_word));
+}
+
 Token Areas14::Word_Write() {
+    // It would overwrite the last word of the program.
+    if (record_.osccal == Osccal14::None) return report(Token::ER, texts_.write_word_failed);
     messages_.ShowMessage(texts_.writing_word);
     wire_.begin();
     wire_.send("bw");
@@ -83,7 +105,7 @@ Token Areas14::Cfg_Write_12F6() {
     wire_.begin();
     wire_.send("wec");
     wire_.send_number(kAreaWords);
-    const auto written = wire_.write_config(bandgap_area(session_.CalibBg));
+    const auto written = wire_.write_config(bandgap_area(session_.CalibBg), config_limit());
     if (written.end != WriteEnd::Done) return report(Token::NG, texts_.write_cfg_failed);
     session_.bandgap_at_risk = false;
     return Token::OK;
@@ -95,7 +117,7 @@ Token Areas14::Take_Calibration() {
     calibration_.show_read();
     if (calibration_.is_kept())
         calibration_.show_entry();
-    else if (calibration_.take_entry(kRetlw14) == Token::NG)
+    else if (calibration_.take_entry(kRetlw14, record_.bits) == Token::NG)
         return Token::NG;
     else if (has_bandgap())
         calibration_.take_bandgap_entry();
@@ -109,11 +131,14 @@ Token Areas14::Take_Calibration() {
     return Token::OK;
 }
 
+Token Areas14::Show_Kept_Calibration() {
+    calibration_.show_entry();
+    calibration_.show_bandgap();
+    return Token::OK;
+}
+
 Token Areas14::Take_Erase_Calibration() {
-    if (calibration_.is_kept()) {
-        calibration_.show_entry();
-        calibration_.show_bandgap();
-    } else {
+    if (!calibration_.is_kept()) {
         if (calibration_.take_entry(kRetlw14) == Token::NG) return Token::NG;
         calibration_.take_bandgap_entry();
     }

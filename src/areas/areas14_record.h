@@ -9,6 +9,7 @@
 
 #include "app/token.h"
 #include "areas/areas14_texts.h"
+#include "areas/calibration_word.h"
 #include "areas/identity_check.h"
 
 namespace quillon {
@@ -76,10 +77,12 @@ struct Areas14Record {
     ConfigCompare compare = ConfigCompare::Digits;
     // The device's own words are read before the configuration is written, and written back.
     bool patches_config = false;
-    bool marks_own_words = true;     // bit 7 above these words: the board doesn't write them
-    bool swaps_id_bytes = false;     // the ID words are low byte first on the wire
-    bool limits_eep_verify = false;  // 10 s, and the list of differing cells has no limit
+    bool marks_own_words = true;       // bit 7 above these words: the board doesn't write them
+    bool swaps_id_bytes = false;       // the ID words are low byte first on the wire
+    bool limits_config_write = false;  // 10 s for each item and the end code
+    bool limits_eep_verify = false;    // 10 s, and the list of differing cells has no limit
     Osccal14 osccal = Osccal14::None;
+    WordBits bits = WordBits::Erasable;
     bool shows_id_number = false;  // of the part in Label_DEV_id
     BlankWords words{};
     const Areas14Texts* texts = &kAreas14Texts;

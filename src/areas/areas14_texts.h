@@ -109,6 +109,9 @@ struct Areas14Texts {
     std::string_view verify_cfg_no_end_code =
         "コンフィギュレーションワードのベリファイに失敗しました。  終了コードを受信できませんでした。";
     std::string_view verify_cfg_failed = "コンフィギュレーションワードのベリファイエラー";
+    fmt::format_string<const std::string&, const std::string&> verify_cfg_data =
+        "\r\n"
+        "デバイスにプログラミングされているデータ。ＣＯＮＦＩＧ：{}ＩＤ：{}";
 
     // The calibration word
     std::string_view reading_word = "指定プログラムメモリのデータリード中..........";
@@ -128,14 +131,14 @@ inline constexpr Areas14Texts kAreas14Texts{};
 namespace areas14_text {
 
 inline constexpr std::string_view kWriteEepDetail = "( Address = {}  Write = {}  Read = {} )";
-inline constexpr std::string_view kVerifyCfgData =
-    "\r\n"
-    "デバイスにプログラミングされているデータ。ＣＯＮＦＩＧ：{}ＩＤ：{}";
 inline constexpr std::string_view kVerifyCalibration =
     "マイコン内部のＢＧ(コンフィグ内)データ:0x{:X} ,キャリブレーションデータ:0x{:04X}";
 inline constexpr std::string_view kFileHasNoCalibration =
-    "\r\n"
     "ファイルにキャリブレーションデータがないため、最後のワードは一致しません。";
+inline constexpr std::string_view kBadCalibration =
+    "redキャリブレーションデータを正しく読み出せませんでした。 0x{:02X}{:02X}"
+    "\r\n"
+    "デバイスの装着を確認してください。デバイスのデータを使用しない時は、チェックボックスをクリアしてください。";
 inline constexpr std::string_view kNoCalibration =
     "redデバイスの最後のワード 0x{:04X} は、キャリブレーションデータではありません。";
 

@@ -68,17 +68,24 @@ bool Areas14::same_config(std::span<const std::uint8_t> device, IdWords id_words
         return device[config_area::kConfig1] == image[config_area::kConfig1] &&
                device[config_area::kConfig1 + 1] == image[config_area::kConfig1 + 1];
     }
-    const auto same_word = [&](std::size_t i) {
-        const auto differing =
-            word_high_first(device[i], device[i + 1]) ^ word_high_first(image[i], image[i + 1]);
-        return (differing & kWord14) == 0;
+    const auto word_of = [](const auto& bytes, std::size_t i) {
+        return word_high_first(bytes[i], bytes[i + 1]);
+    };
+    const auto same = [](std::uint32_t one, std::uint32_t other) {
+        return ((one ^ other) & kWord14) == 0;
     };
     if (id_words == IdWords::Compared)
         for (std::size_t i = 0; i < config_area::kIdEnd; i += 2)
-            if (!same_word(i)) return false;
+            if (!same(word_of(device, i), word_of(image, i))) return false;
     const std::size_t end = bytes_of(record_.config.verify);
-    for (std::size_t n = 1; n <= kConfigWords && config_area::place_of_word(n) < end; ++n)
-        if (session_.ConfigPresent[n] && !same_word(config_area::place_of_word(n))) return false;
+    for (std::size_t n = 1; n <= kConfigWords && config_area::place_of_word(n) < end; ++n) {
+        if (!session_.ConfigPresent[n]) continue;
+        const auto at = config_area::place_of_word(n);
+        // A file may set bits that the word hasn't got. They read as they always do.
+        const auto expected =
+            (word_of(image, at) & session_.ConfigMask[n]) | session_.ConfigForce[n];
+        if (!same(word_of(device, at), expected)) return false;
+    }
     return true;
 }
 
@@ -97,26 +104,29 @@ Token Areas14::verify_config(IdWords id_words) {
     if (device[bytes_of(record_.config.verify)] != kEndCode)
         return report(Token::NG, texts_.verify_cfg_no_end_code);
     device_bandgap_ = device[config_area::kConfig1] >> 4 & 0x03;
-    if (same_config(device, id_words)) {
-        config_found_ = {.config = "OK", .id = "OK"};
-        return Token::OK;
-    }
     config_found_ = {
         .config = hex_bytes(std::span{device}.subspan(config_area::kConfig1, 2)),
         .id = id_digits(device),
     };
+    if (same_config(device, id_words)) {
+        if (record_.compare == ConfigCompare::Digits) config_found_ = {.config = "OK", .id = "OK"};
+        return Token::OK;
+    }
+    const auto& found = config_found_;
     return report(Token::NG, std::string{texts_.verify_cfg_failed} +
-                                 fmt::format(areas14_text::kVerifyCfgData, config_found_.config,
-                                             config_found_.id));
+                                 fmt::format(texts_.verify_cfg_data, found.config, found.id));
 }
 
 std::string Areas14::verify_note() const {
-    if (!has_bandgap()) return {};
-    auto note = fmt::format(areas14_text::kVerifyCalibration, device_bandgap_, last_word_);
+    if (record_.osccal == Osccal14::None) return {};
+    std::string note;
+    if (has_bandgap())
+        note = fmt::format(areas14_text::kVerifyCalibration, device_bandgap_, last_word_);
     const auto last = 2 * static_cast<std::size_t>(session_.PgmWords) - 2;
     const auto in_image = word_high_first(session_.PgmMem[last], session_.PgmMem[last + 1]);
-    if (in_image == kWord14 && last_word_ != in_image) note += areas14_text::kFileHasNoCalibration;
-    return note;
+    if (in_image != kWord14 || last_word_ == in_image) return note;
+    if (!note.empty()) note += "\r\n";
+    return note + std::string{areas14_text::kFileHasNoCalibration};
 }
 
 }  // namespace quillon

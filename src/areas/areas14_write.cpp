@@ -30,6 +30,7 @@ std::string word_at(std::span<const std::uint8_t> bytes, std::size_t at) {
 
 // The word that the board read back: behind its "*", or at the start of a reply without one.
 std::string word_read_back(std::span<const std::uint8_t> reply) {
+    if (reply.empty()) return "????";
     if (reply.size() == 1) return hex(reply.front(), 4);
     return word_at(reply, reply.front() == kItemFailed ? 1 : 0);
 }
@@ -86,6 +87,10 @@ Token Areas14::Write_Eep() {
                               word_at(written.reply, 1)));
 }
 
+Limit Areas14::config_limit() const {
+    return record_.limits_config_write ? Limit{kWriteLimit} : kNoLimit;
+}
+
 // The device's own words, the identity among them, are written as they were read.
 Token Areas14::Cfg_Patch_Read() {
     const auto device = read_config_area(record_.config.check, kNoLimit);
@@ -110,7 +115,7 @@ Token Areas14::Write_Cfg() {
     Bytes image{area.begin(), area.end()};
     if (record_.marks_own_words)
         for (const auto i : kUntouchedWords) image[i] |= kDontWrite;
-    const auto written = wire_.write_config(image);
+    const auto written = wire_.write_config(image, config_limit());
     for (const auto i : kUntouchedWords) source[i] &= 0x3F;
     if (written.end == WriteEnd::Done) {
         session_.bandgap_at_risk = false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "areas/calibration_word.h"
 
+#include <fmt/format.h>
+
 #include "app/text.h"
 #include "image/config_area.h"
 #include "link/words.h"
@@ -11,6 +13,8 @@ namespace {
 
 namespace text {
 constexpr std::string_view kNoEntry = "redｷｬﾘﾌﾞﾚｰｼｮﾝﾃﾞｰﾀを、１６進数２桁で入力してください。";
+constexpr std::string_view kCantTake =
+    "redデバイスの最後のワード 0x{:04X} は、0x{:04X} に書き換えられません。書き込みを中止しました。";
 constexpr std::string_view kNoBandgap = "redＢＧデータを、０から３の数字で入力してください。";
 }  // namespace text
 
@@ -52,10 +56,16 @@ Token CalibrationWord::check_entry(bool with_bandgap) const {
     return Token::OK;
 }
 
-Token CalibrationWord::take_entry(std::uint8_t opcode) {
+Token CalibrationWord::take_entry(std::uint8_t opcode, WordBits bits) {
     const auto entered = entered_byte();
     if (!entered) {
         messages_.ShowMessage(text::kNoEntry);
+        return Token::NG;
+    }
+    const auto held = word_high_first(session_.CalibHi, session_.CalibLo);
+    const auto wanted = word_high_first(opcode, *entered);
+    if (bits == WordBits::OneTime && (held & wanted) != wanted) {
+        messages_.ShowMessage(fmt::format(text::kCantTake, held, wanted));
         return Token::NG;
     }
     session_.CalibHi = opcode;

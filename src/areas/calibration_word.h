@@ -17,6 +17,9 @@ namespace quillon {
 inline constexpr std::uint8_t kRetlw14 = 0x34;
 inline constexpr std::uint8_t kMovlw12 = 0x0C;
 
+// Whether a 0 bit of program memory can become 1 again.
+enum class WordBits : std::uint8_t { Erasable, OneTime };
+
 class CalibrationWord {
   public:
     CalibrationWord(Session& session, MainForm& form, Messages& messages)
@@ -26,8 +29,8 @@ class CalibrationWord {
     // OK where the device's values are kept or the fields hold values; NG with a message.
     Token check_entry(bool with_bandgap) const;
     // CalibLo from Text_Calib_Data, the high byte with it. NG with a message where the box holds no
-    // value.
-    Token take_entry(std::uint8_t opcode);
+    // value, or one that the word just read from a one-time part can't take any more.
+    Token take_entry(std::uint8_t opcode, WordBits bits = WordBits::Erasable);
     // CalibBg from Text_BG, where that holds a value.
     void take_bandgap_entry();
 

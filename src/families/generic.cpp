@@ -35,6 +35,7 @@ constexpr Areas14Record kAreas14{
     .config_ack = ConfigAck::AtOnce,
     .compare = ConfigCompare::Words,
     .patches_config = true,
+    .limits_config_write = true,
     .limits_eep_verify = true,
     .shows_id_number = true,
     .words = {.blank = Token::OK, .used = Token::NG},
@@ -50,6 +51,11 @@ constexpr Areas14Record with_letters(Letters14 letters, Areas14Record record = k
 constexpr Areas14Record with_osccal(Osccal14 osccal, Areas14Record record) {
     record.osccal = osccal;
     record.blank_leaves_out = 0;
+    return record;
+}
+
+constexpr Areas14Record one_time(Areas14Record record) {
+    record.bits = WordBits::OneTime;
     return record;
 }
 
@@ -76,6 +82,7 @@ constexpr OperationRecord kOperation14{
     .blank_report = BlankReport::OwnAreas,
     .pauses_without_check = true,
     .pauses_after_verify = false,
+    .counts_check_time = true,
     .hides_config_of_side = true,
     .texts = &generic_text::kOperation14,
 };
@@ -118,7 +125,7 @@ constexpr std::span<const Step> kByChip = steps::kErasePgmByChip;
 
 // Letters behind the power letter and "w": program memory, EEPROM, configuration.
 constexpr std::array kGeneric14{
-    Generic14{T12C6, with_osccal(Osccal14::Word, with_letters({'s', "sp", "", "sc"})),
+    Generic14{T12C6, one_time(with_osccal(Osccal14::Word, with_letters({'s', "sp", "", "sc"}))),
               kOneTimeWithWord},
     Generic14{T12F6, with_osccal(Osccal14::WordAndBandgap, with_letters({'s', "ee", "ed", "ec"})),
               flash(steps::kEraseChip12F6, steps::kErasePgm12F6, steps::kBeforeWord)},

@@ -25,6 +25,9 @@ inline constexpr Areas14Texts kAreas14{
     .read_protected = "",
     .read_cfg_done = "",
     .no_eep_to_verify = "このデバイスは、ＥＥＰＲＯＭデータメモリを内蔵していません。",
+    .verify_cfg_data =
+        "\r\n"
+        "デバイスにプログラミングされているデータ。ＣＯＮＦＩＧ：0x{}ＩＤ：{}",
 };
 
 inline constexpr IdentityTexts kIdentity{

@@ -102,7 +102,7 @@ void Operation::report_not_blank(const AreaTokens& tokens) {
 }
 
 Outcome Operation::Program_All() {
-    const auto started = host_.now();
+    const Host::Time started = record_.counts_check_time ? session_.OpStart : host_.now();
     LockButtons(form_);
     form_.Lbl_Calib_ReadWrite_Data.Caption.set("");
     context_.views.ShowProgramMemory();

@@ -42,6 +42,7 @@ struct OperationRecord {
     bool blank_config_first = false;
     bool pauses_without_check = false;  // before the erase, where the blank check is skipped too
     bool pauses_after_verify = true;
+    bool counts_check_time = false;  // the seconds shown begin before the board's check
     // A run for the program side has no result for its configuration, unless that failed.
     bool hides_config_of_side = false;
     const OperationTexts* texts = &kOperationTexts;

@@ -42,6 +42,7 @@ Outcome Operation::Eep_Reload() {
 
 Outcome Operation::erase(std::span<const Step> steps) {
     const auto done = run_steps(steps, *areas_, context_);
+    if (done.refused) return Outcome::NoBoard;
     return done.failed ? Outcome::Failed : Outcome::Success;
 }
 

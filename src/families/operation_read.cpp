@@ -119,8 +119,9 @@ Outcome Operation::report_verify(const AreaTokens& tokens) {
 
 std::string Operation::config_line(Token token) const {
     const auto& found = areas_->config_found();
-    return fmt::format("{}\t：{}", texts_.cfg_verified, text(token)) +
-           fmt::format(texts_.cfg_found, found.config, found.id);
+    const auto line = fmt::format("{}\t：{}", texts_.cfg_verified, text(token));
+    if (found.config.empty() && record_.blank_report != BlankReport::EveryArea) return line;
+    return line + fmt::format(texts_.cfg_found, found.config, found.id);
 }
 
 }  // namespace quillon

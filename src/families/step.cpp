@@ -66,6 +66,7 @@ StepsDone run_steps(std::span<const Step> steps, Areas& areas, RunContext& conte
         if (!bad || goes_on) continue;
         tell_failure(step, context);
         done.stopped = true;
+        done.refused = step.on_bad == OnBad::StopIfRefused;
         break;
     }
     return done;

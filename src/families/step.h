@@ -47,7 +47,8 @@ struct Step {
 
 struct StepsDone {
     bool stopped = false;
-    bool failed = false;  // one of the steps, whether it stopped the run or not
+    bool refused = false;  // a step's own check found no board
+    bool failed = false;   // one of the steps, whether it stopped the run or not
     AreaTokens tokens{Token::Absent, Token::Absent, Token::Absent};
 };
 

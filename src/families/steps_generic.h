@@ -97,14 +97,21 @@ inline constexpr Step kKeepWord{
     .on_bad = OnBad::Tell,
     .only = Only::KeepingCalibration,
 };
+inline constexpr Step kCheckKept{
+    .routine = &Areas::Calibration_Check,
+    .on_bad = OnBad::Tell,
+    .only = Only::KeepingCalibration,
+};
 inline constexpr Step kKeepBandgap{
     .pause = 100ms,
     .routine = &Areas::Cfg_Read_12F6,
     .on_bad = OnBad::Tell,
     .only = Only::KeepingCalibration,
 };
+inline constexpr Step kShowKept{.routine = &Areas::Show_Kept_Calibration,
+                                .only = Only::KeepingCalibration};
 inline constexpr Step kTakeKept{.routine = &Areas::Take_Erase_Calibration, .on_bad = OnBad::Tell};
-inline constexpr Step kRestoreWord{.pause = 100ms, .routine = &Areas::Word_Write};
+inline constexpr Step kRestoreWord{.pause = 100ms, .routine = &Areas::Word_Restore};
 inline constexpr Step kRestoreBandgap{.routine = &Areas::Cfg_Write_12F6};
 
 inline constexpr std::array kEraseChip{kChipFirst, kEep};
@@ -114,7 +121,9 @@ inline constexpr std::array kEraseChip12F6{
     Step{.status = text::kChipErasing},
     kEntry,
     kKeepWord,
+    kCheckKept,
     kKeepBandgap,
+    kShowKept,
     kChip,
     kTakeKept,
     kRestoreWord,
@@ -126,7 +135,9 @@ inline constexpr std::array kErasePgmByChip{
 inline constexpr std::array kErasePgm12F6{
     kEntry,
     Step{.routine = &Areas::Word_Read, .on_bad = OnBad::Tell, .only = Only::KeepingCalibration},
+    kCheckKept,
     Step{.routine = &Areas::Cfg_Read_12F6, .on_bad = OnBad::Tell, .only = Only::KeepingCalibration},
+    kShowKept,
     Step{.routine = &Areas::Chip_Erase, .on_bad = OnBad::StopIfRefused},
     kTakeKept,
     kRestoreWord,

@@ -85,6 +85,7 @@ Outcome ExtendFlows::Cmd_Chip_Erace_Click() {
             const bool is_long = std::ranges::count(kLongErase, context_.session.DeviceName) > 0;
             if (is_long) context_.messages.ShowMessage(extend_text::kLongErase);
             const auto outcome = family.Erase_All();
+            if (outcome == Outcome::NoBoard) return outcome;  // the check's words stay
             const bool done = outcome == Outcome::Success;
             context_.messages.ShowMessage(done ? extend_text::kChipErased
                                                : extend_text::kChipEraseFailed);
@@ -99,6 +100,8 @@ Outcome ExtendFlows::Cmd_PGM_Erase_Click() {
         return frame_.with_family(frame_.module(), "", [this](Family& family) {
             const auto outcome = family.Pgm_Erase();
             tell(outcome, extend_text::kPgmErased, extend_text::kPgmEraseFailed);
+            if (outcome == Outcome::Success && frame_.module() == Module::Generic)
+                name_other_areas();
             const bool by_name = frame_.module() == Module::Generic;
             advise_chip_erase(outcome, !by_name || erases_.knows_Pgm_Erase());
             return outcome;
@@ -177,7 +180,20 @@ Outcome ExtendFlows::Cmd_DATA_Read_Click() {
 }
 
 void ExtendFlows::tell(Outcome outcome, std::string_view done, std::string_view failed) {
+    if (outcome == Outcome::NoBoard) return;  // the check's words stay
     context_.messages.ShowMessage(outcome == Outcome::Success ? done : failed);
+}
+
+// The verdict names configuration and ID for every part, and EEPROM for none.
+void ExtendFlows::name_other_areas() {
+    using enum ProgrammingType;
+    const ProgrammingType type = context_.session.PgmType;
+    const bool by_chip_erase =
+        type == FLASH1 || type == T12F6 || type == FLASH4 || type == FLASH4_9 || type == FLASH8;
+    if (!by_chip_erase)
+        context_.messages.AddMessage(extend_text::kConfigByChipErase);
+    else if (context_.session.EepBytes != 0)
+        context_.messages.AddMessage(extend_text::kEepromErasedToo);
 }
 
 // Behind the failure of an erase for which the device has no letters.

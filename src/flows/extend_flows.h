@@ -40,6 +40,7 @@ class ExtendFlows {
 
   private:
     void tell(Outcome outcome, std::string_view done, std::string_view failed);
+    void name_other_areas();
     void advise_chip_erase(Outcome outcome, bool known);
     void enable_buttons(bool enabled);
     void save_place();

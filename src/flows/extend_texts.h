@@ -40,6 +40,11 @@ inline constexpr std::string_view kEepRead = "ＥＥＰＲＯＭデータメモ�
 inline constexpr std::string_view kEepReadFailed = "ＥＥＰＲＯＭデータメモリの読み出し失敗。";
 inline constexpr std::string_view kReadProtected =
     "redコードプロテクトされています。（または不適切なデータがコードプロテクトビットにセットされています。）";
+// What an erase of the program side does beyond its verdict, or leaves
+inline constexpr std::string_view kEepromErasedToo =
+    "チップイレースのため、ＥＥＰＲＯＭデータメモリも消去されています。";
+inline constexpr std::string_view kConfigByChipErase =
+    "コンフィグ、ＩＤの消去とプロテクトの解除には、チップイレースを使用してください。";
 // A part that only the chip erase can erase
 inline constexpr std::string_view kUseChipErase =
     "redこのデバイスは、チップイレースで消去してください。";

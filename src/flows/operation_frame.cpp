@@ -33,6 +33,7 @@ Outcome OperationFrame::run(const Operation& operation) {
     Outcome outcome = Outcome::Failed;
     try {
         outcome = run_within(operation);
+        give_controls_back();
     } catch (const Abandoned& abandoned) {
         outcome = abandon(abandoned.reason);
     } catch (...) {
@@ -49,7 +50,7 @@ Outcome OperationFrame::run_within(const Operation& operation) {
     open();
     const Outcome outcome = operation();
     report_lost_calibration();
-    close();
+    close_link();
     return outcome;
 }
 
@@ -62,6 +63,7 @@ void OperationFrame::open() {
     form.Lbl_Calib_ReadWrite_Data.Caption.set("--");
     form.CmbInit.Visible.set(false);
     form.TxtInit.Visible.set(false);
+    session.OpStart = context_.host.now();
     session.CodeProtect = {};
     session.ResultPgm = session.ResultEep = session.ResultCfg = Token::Absent;
     session.ResultAll.clear();
@@ -71,14 +73,13 @@ void OperationFrame::open() {
 }
 
 // The operation's verdict is known by now: giving up here only cuts the pauses short.
-void OperationFrame::close() {
+void OperationFrame::close_link() {
     try {
         context_.link.Writer_Close();
     } catch (const Abandoned& abandoned) {
         context_.port.close();
         if (abandoned.reason == Abandoned::Reason::PortLost) context_.link.show_no_board();
     }
-    give_controls_back();
 }
 
 void OperationFrame::give_controls_back() {

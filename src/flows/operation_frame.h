@@ -25,7 +25,8 @@ class OperationFrame {
     // Returns when the port is closed and the controls are back: nothing is thrown. A call while an
     // operation runs does nothing and returns Failed.
     Outcome run(const Operation& operation);
-    // For use inside run(): an operation of its own, with an opening and a closing of its own.
+    // For use inside run(): an operation of its own, with an opening of its own, which closes the
+    // port at its end.
     Outcome run_within(const Operation& operation);
 
     // For use inside run(): checks the device, makes its family, shows the status ("" for none)
@@ -43,7 +44,7 @@ class OperationFrame {
 
   private:
     void open();
-    void close();
+    void close_link();
     void give_controls_back();
     void report_lost_calibration();
     bool size_fits_wire() const;

@@ -140,19 +140,22 @@ TEST_P(plain_erase, Cmd_PGM_Erase_erases_program_memory_and_configuration) {
               bench.session().PgmWords);
     if (GetParam().pgm_erase_is_chip) {
         EXPECT_EQ(bench.wire(), bench.check() + bench.check() + bench.erase("0A"));
-        EXPECT_EQ(bench.shown->lines,
-                  stages({bench.found(),
-                          bench.found(),
-                          kChipErased,
-                          {"プログラムメモリ、コンフィグ、ＩＤの消去しました。"}}));
+        EXPECT_EQ(
+            bench.shown->lines,
+            stages({bench.found(),
+                    bench.found(),
+                    kChipErased,
+                    {"プログラムメモリ、コンフィグ、ＩＤの消去しました。",
+                     "[+] チップイレースのため、ＥＥＰＲＯＭデータメモリも消去されています。"}}));
         EXPECT_EQ(bench.target().id, (std::vector<std::uint16_t>(4, 0x3FFF)));
         EXPECT_EQ(bench.target().config, bench.target().config_blank);
     } else {
         EXPECT_EQ(bench.wire(), bench.check() + bench.erase("08"));
-        EXPECT_EQ(bench.shown->lines,
-                  stages({bench.found(),
-                          kPgmErased,
-                          {"プログラムメモリ、コンフィグ、ＩＤの消去しました。"}}));
+        EXPECT_EQ(bench.shown->lines, stages({bench.found(),
+                                              kPgmErased,
+                                              {"プログラムメモリ、コンフィグ、ＩＤの消去しました。",
+                                               "[+] コンフィグ、ＩＤの消去とプロテクトの解除には、"
+                                               "チップイレースを使用してください。"}}));
     }
     EXPECT_EQ(bench.log(), "");
 }
@@ -207,7 +210,8 @@ TEST(program_side_erase_12F6, keeps_word_and_band_gap_and_leaves_the_id_words_bl
     EXPECT_EQ(bench.target().program.back(), before.program.back());
     EXPECT_EQ(bench.target().config[0] & 0x3000U, before.config[0] & 0x3000U);
     EXPECT_EQ(bench.target().id, (std::vector<std::uint16_t>(4, 0x3FFF)));
-    EXPECT_EQ(bench.shown->lines.back(), "プログラムメモリ、コンフィグ、ＩＤの消去しました。");
+    EXPECT_EQ(*(bench.shown->lines.end() - 2),
+              "プログラムメモリ、コンフィグ、ＩＤの消去しました。");
 }
 
 TEST_P(data_erase, erases_eeprom_alone) {
