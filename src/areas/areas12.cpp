@@ -175,7 +175,7 @@ Token Areas12::Take_Calibration() {
 
 std::string Areas12::calibration_warning() const {
     if (!record_.osccal || word_back_ >> 8 == kMovlw12) return {};
-    return fmt::format(areas12_text::kNoCalibration, word_back_);
+    return fmt::format(areas14_text::kNoCalibration, word_back_);
 }
 
 Token Areas12::Show_Calibration() {

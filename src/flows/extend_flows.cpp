@@ -9,6 +9,7 @@
 #include "app/number_settings.h"
 #include "families/named_erase.h"
 #include "flows/extend_texts.h"
+#include "flows/flow_texts.h"
 #include "image/config_area.h"
 #include "image/fill.h"
 #include "parts/device_traits.h"
@@ -131,11 +132,11 @@ Outcome ExtendFlows::Cmd_DATA_Erase_Click() {
 Outcome ExtendFlows::Cmd_PGM_Program_Click() {
     return frame_.run([this] {
         const auto module = frame_.module();
-        return frame_.with_family(module, extend_text::kChecking, [this, module](Family& family) {
+        return frame_.with_family(module, flow_text::kChecking, [this, module](Family& family) {
             const ProgramSideOnly only{context_.session};
             if (module != Module::Generic) return family.Pgm_Reload();
             return frame_.run_within([this] {
-                return frame_.with_family(Module::Generic, extend_text::kChecking,
+                return frame_.with_family(Module::Generic, flow_text::kChecking,
                                           [](Family& generic) { return generic.Program_All(); });
             });
         });

@@ -4,6 +4,9 @@
 
 #include <string_view>
 
+#include "families/operation_texts.h"
+#include "families/step14_texts.h"
+
 namespace quillon::extend_text {
 
 // The program side's caption: some parts' configuration isn't in its erase.
@@ -14,7 +17,6 @@ inline constexpr std::string_view kCodeAlone = "コードメモリ";
 inline constexpr std::string_view kEeprom = "ＥＥＰＲＯＭデータメモリ";
 inline constexpr std::string_view kEepromNone = "ＥＥＰＲＯＭデータメモリ（なし）";
 
-inline constexpr std::string_view kChecking = "ライターチェック中..........";
 inline constexpr std::string_view kChipErased = "チップイレースしました。";
 inline constexpr std::string_view kChipEraseFailed = "チップイレースに失敗しました。";
 inline constexpr std::string_view kLongErase = "消去中。１０秒ほどお待ちください。";
@@ -22,11 +24,10 @@ inline constexpr std::string_view kLongEraseDone = "終了しました。";
 inline constexpr std::string_view kPgmErased = "プログラムメモリ、コンフィグ、ＩＤの消去しました。";
 inline constexpr std::string_view kPgmEraseFailed =
     "プログラムメモリ、コンフィグ、ＩＤの消去に失敗しました。";
-inline constexpr std::string_view kNoEeprom = "このデバイスにはデータメモリがありません。";
+inline constexpr std::string_view kNoEeprom = kOperationTexts.no_eeprom;
 inline constexpr std::string_view kEepErased = "データメモリの消去しました。";
 inline constexpr std::string_view kEepEraseFailed = "データメモリの消去に失敗しました。";
-inline constexpr std::string_view kProgrammingEep =
-    "ＥＥＰＲＯＭデータメモリのプログラミング..........";
+inline constexpr std::string_view kProgrammingEep = step14_text::kWritingEep;
 inline constexpr std::string_view kPgmRead = "プログラムメモリ読み出し成功。";
 inline constexpr std::string_view kPgmReadFailed = "プログラムメモリの読み出し失敗。";
 inline constexpr std::string_view kPgmReadLog =
@@ -38,8 +39,7 @@ inline constexpr std::string_view kPgmReadLogOfModule =
     "Ｆｌａｓｈプログラムメモリ＆コンフィグレーションワード 読み出し終了";
 inline constexpr std::string_view kEepRead = "ＥＥＰＲＯＭデータメモリ読み出し成功。";
 inline constexpr std::string_view kEepReadFailed = "ＥＥＰＲＯＭデータメモリの読み出し失敗。";
-inline constexpr std::string_view kReadProtected =
-    "redコードプロテクトされています。（または不適切なデータがコードプロテクトビットにセットされています。）";
+inline constexpr std::string_view kReadProtected = kOperationTexts.read_protected;
 // What an erase of the program side does beyond its verdict, or leaves
 inline constexpr std::string_view kEepromErasedToo =
     "チップイレースのため、ＥＥＰＲＯＭデータメモリも消去されています。";
