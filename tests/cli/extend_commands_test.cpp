@@ -66,7 +66,7 @@ TEST_F(extend, pgm_erase_keeps_the_eeprom) {
     program();
     const auto before = socket();
     ASSERT_EQ(run({"extend", "pgm-erase"}), 0) << cli.out;
-    EXPECT_EQ(cli.messages().back(), "プログラムメモリ、コンフィグ、ＩＤの消去しました。");
+    EXPECT_EQ(*(cli.messages().end() - 2), "プログラムメモリ、コンフィグ、ＩＤの消去しました。");
     EXPECT_EQ(socket()["eeprom"], before["eeprom"]);
     EXPECT_NE(socket()["program"], before["program"]);
 }
