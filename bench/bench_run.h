@@ -25,8 +25,9 @@ struct BenchRun {
     // A pattern that leaves no word blank.
     void fill_image() {
         const auto bytes = static_cast<std::size_t>(run.session.PgmWords) * 2;
+        const unsigned high = is_12bit(run.session.PgmType) ? 0x0F : 0x3F;
         for (std::size_t i = 0; i < bytes; i += 2) {
-            run.session.PgmMem[i] = static_cast<std::uint8_t>(i * 7 / 256 & 0x3F);
+            run.session.PgmMem[i] = static_cast<std::uint8_t>(i * 7 / 256 & high);
             run.session.PgmMem[i + 1] = static_cast<std::uint8_t>(i * 7 & 0xFF);
         }
     }

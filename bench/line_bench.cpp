@@ -127,7 +127,9 @@ int main(int argc, char** argv) {
     const QCoreApplication application{argc, argv};
     using namespace quillon::bench;
     int status = 0;
-    for (const auto device : kDevices)
-        if (report(device, ideal(device), real(device)) != 0) status = 1;
+    for (const auto device : kDevices) {
+        const auto ideals = ideal(device);
+        if (report(device, ideals, real(device)) != 0) status = 1;
+    }
     return status;
 }
