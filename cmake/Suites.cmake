@@ -25,7 +25,7 @@ foreach(suite IN LISTS suites)
     # The suites with the most tests start first, so that no long one runs alone at the end.
     # Few tests may take long: a matrix started last would run on alone.
     set(cost ${count})
-    if(suite_name MATCHES "matrix")
+    if(suite_name MATCHES "matrix|every_device")
         set(cost 10000)
     endif()
     set_tests_properties("${name}.${suite_name}" PROPERTIES TIMEOUT 300 COST ${cost})
